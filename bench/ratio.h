@@ -1,0 +1,53 @@
+/// Times two works alternately and prints their ratio, so that both see the same state of the machine.
+#ifndef RATIO_H
+#define RATIO_H
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+/// Result of a comparison; times in seconds.
+struct Ratio {
+    double median = 0.0;  ///< of ours / limit, pair by pair
+    double least = 0.0, largest = 0.0;
+    double oursSec = 0.0, limitSec = 0.0;  ///< medians
+};
+
+inline double secondsOf(const std::function<void()>& work)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+/// Median and spread of nPairs alternating runs, after one run of each that is not counted.
+inline Ratio measureRatio(const std::function<void()>& ours, const std::function<void()>& limit, int nPairs = 11)
+{
+    ours();
+    limit();
+    std::vector<double> ratios, oursSec, limitSec;
+    for (int i = 0; i < nPairs; ++i) {
+        oursSec.push_back(secondsOf(ours));
+        limitSec.push_back(secondsOf(limit));
+        ratios.push_back(oursSec.back() / limitSec.back());
+    }
+    const auto median = [](std::vector<double> v) {
+        std::nth_element(v.begin(), v.begin() + v.size() / 2, v.end());
+        return v[v.size() / 2];
+    };
+    return {median(ratios), *std::min_element(ratios.begin(), ratios.end()),
+            *std::max_element(ratios.begin(), ratios.end()), median(oursSec), median(limitSec)};
+}
+
+/// One line of the table that bench/run prints; nBytes is what the limit moves.
+inline void printRatio(const char* name, const Ratio& r, double allowed, double nBytes)
+{
+    std::printf("FIGURE %-44s %6.2f  (%.2f..%.2f)  allowed %.2f  %s  ours %.3f ms  limit %.3f ms  %.2f GB/s\n",
+                name, r.median, r.least, r.largest, allowed, r.median <= allowed ? "ok  " : "OVER", r.oursSec * 1e3,
+                r.limitSec * 1e3, nBytes / r.limitSec * 1e-9);
+    std::fflush(stdout);
+}
+
+#endif

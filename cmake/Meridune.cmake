@@ -1,0 +1,60 @@
+# Compiler settings and the three helpers that every folder's CMakeLists.txt uses.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE RelWithDebInfo)
+endif()
+set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1")
+
+# Contraction would give the two processor variants of a kernel different bits.
+add_compile_options(-Wall -Wextra -Wno-psabi -ffp-contract=off)
+if(MERIDUNE_WERROR)
+    add_compile_options(-Werror)
+endif()
+if(MERIDUNE_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+include_directories(${CMAKE_SOURCE_DIR})
+
+# The precompiled Qt headers change only with the packages; without these the cache never hits.
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
+    set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
+endif()
+
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets PrintSupport Svg X11Extras Test)
+find_package(Threads REQUIRED)
+find_package(OpenMP REQUIRED COMPONENTS CXX)
+find_path(QWT_INCLUDE_DIR qwt_plot.h PATH_SUFFIXES qwt REQUIRED)
+find_library(QWT_LIBRARY NAMES qwt-qt5 REQUIRED)
+add_library(Qwt::Qwt INTERFACE IMPORTED)
+target_include_directories(Qwt::Qwt SYSTEM INTERFACE ${QWT_INCLUDE_DIR})
+target_link_libraries(Qwt::Qwt INTERFACE ${QWT_LIBRARY} Qt5::Widgets Qt5::PrintSupport Qt5::Svg)
+
+# meridune_library(NAME DEPENDS...): the library of this folder, from all its sources.
+function(meridune_library name)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    if(NOT sources MATCHES "\\.cpp")
+        file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/empty.cpp "")
+        list(APPEND sources ${CMAKE_CURRENT_BINARY_DIR}/empty.cpp)
+    endif()
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PUBLIC ${ARGN} OpenMP::OpenMP_CXX)
+    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+endfunction()
+
+# meridune_widget_library(NAME DEPENDS...): the same with Qt's widgets, moc and the precompiled headers.
+function(meridune_widget_library name)
+    meridune_library(${name} ${ARGN} Qwt::Qwt)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/qtprecompiled.h)
+endfunction()

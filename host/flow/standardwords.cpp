@@ -1,0 +1,73 @@
+#include "host/flow/standardwords.h"
+
+#include <cstring>
+
+const StandardWord standardWords[standardWordCount] = {
+    {"CHAN    ", Integer4Format, "Recording channel number"},
+    {"OFFSET  ", Float4Format, "Signed source-receiver offset"},
+    {"AOFFSET ", Float4Format, "Absolute value offset"},
+    {"FFID    ", Integer4Format, "Field file id number"},
+    {"SOURCE  ", Integer4Format, "Live source number"},
+    {"SOU_SLOC", Integer4Format, "Source surface location number"},
+    {"SOU_X   ", Float4Format, "Source X coordinate"},
+    {"SOU_Y   ", Float4Format, "Source Y coordinate"},
+    {"SOU_ELEV", Float4Format, "Source elevation"},
+    {"REC_SLOC", Integer4Format, "Receiver index number"},
+    {"SRF_SLOC", Integer4Format, "Receiver surface location"},
+    {"REC_X   ", Float4Format, "Receiver X coordinate"},
+    {"REC_Y   ", Float4Format, "Receiver Y coordinate"},
+    {"REC_ELEV", Float4Format, "Receiver elevation"},
+    {"CDP     ", Integer4Format, "CDP bin number"},
+    {"CDP_SLOC", Integer4Format, "CDP surface location"},
+    {"CDP_X   ", Float4Format, "CDP X coordinate"},
+    {"CDP_Y   ", Float4Format, "CDP Y coordinate"},
+    {"CDP_ELEV", Float4Format, "CDP elevation"},
+    {"CDP_NFLD", Integer4Format, "CDP fold"},
+    {"TOT_STAT", Float4Format, "Total static"},
+    {"NA_STAT ", Float4Format, "Portion of static not applied"},
+    {"REC_STAT", Float4Format, "Receiver static"},
+    {"SOU_STAT", Float4Format, "Source static"},
+    {"SEQNO   ", Integer4Format, "Sequence number"},
+    {"END_ENS ", Integer4Format, "End of ensemble flag"},
+    {"LSEG_END", Integer4Format, "End of ensemble flag"},
+    {"LSEG_SEQ", Integer4Format, "Line segment sequence number"},
+    {"EOJ     ", Integer4Format, "End of job flag"},
+    {"TRACENO ", Integer4Format, "Trace number in seismic line"},
+    {"TRC_TYPE", Integer4Format, "Trace type data,aux,etc"},
+    {"TLIVE_S ", Float4Format, "Mute start time of live samples"},
+    {"TFULL_S ", Float4Format, "Mute start time of full samples"},
+    {"TFULL_E ", Float4Format, "Mute end time of full samples"},
+    {"TLIVE_E ", Float4Format, "Mute end time of live samples"},
+    {"LEN_SURG", Float4Format, "Length of surgical mute taper"},
+    {"TR_FOLD ", Float4Format, "Actual trace fold"},
+    {"DEPTH   ", Float4Format, "Source depth"},
+    {"UPHOLE  ", Float4Format, "Source uphole time"},
+    {"REC_H2OD", Float4Format, "Water depth at receiver"},
+    {"SOU_H2OD", Float4Format, "Water depth at source"},
+    {"NMO_STAT", Float4Format, "NMO static"},
+    {"FNL_STAT", Float4Format, "Final static"},
+    {"SEQ_DISK", Integer4Format, "Trace sequence number from disk"},
+    {"R_LINE  ", Integer4Format, "Receiver line number"},
+    {"OFB_CNTR", Float4Format, "OFB center"},
+    {"OFB_NO  ", Integer4Format, "OFB number"},
+    {"LINE_NO ", Integer4Format, "Line number (hashed line name)"},
+    {"ILINE_NO", Integer4Format, "3D inline number"},
+    {"XLINE_NO", Integer4Format, "3D cross line number"},
+    {"DISKITER", Integer4Format, "Disk Data Input iterator"},
+    {"S_LINE  ", Integer4Format, "Shot line number"},
+    {"SLC_TIME", Float4Format, "SLC time"},
+    {"FB_PICK ", Float4Format, "First break pick time"},
+    {"IF_FLAG ", Integer4Format, "IF flag for flow control"},
+    {"IF_END  ", Integer4Format, "Flow tool end-of-ensemble flag"},
+    {"SOU_MATC", Integer4Format, "Source geometry loaded"},
+    {"SRF_MATC", Integer4Format, "Receiver geometry loaded"},
+    {"VELOCITY", Float4Format, "Velocity"},
+    {"ETA     ", Float4Format, "ETA"},
+};
+
+int standardWordIndex(const char* name)
+{
+    for (int i = 0; i < standardWordCount; ++i)
+        if (std::strcmp(standardWords[i].name, name) == 0) return i;
+    return -1;
+}

@@ -1,0 +1,4 @@
+#include "host/globals.h"
+
+GlobalRuntime globalRuntime = {};
+StdHdr stdHdr = {};
