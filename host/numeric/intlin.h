@@ -1,0 +1,16 @@
+/// Piecewise linear interpolation.
+#ifndef INTLIN_H
+#define INTLIN_H
+
+/// Interpolates between the n nodes (x, y) at m positions in any order.
+///
+/// @param x     n abscissas, never falling; of equal ones the last counts
+/// @param y     n values; lent. One that is not finite counts as 0
+/// @param xout  m positions; lent
+/// @param yout  out: m values. Below x[0], at NaN and without nodes ylow; above x[n-1] yhigh; on a node
+///              its y exactly. May overlap y or be xout, as if these had been copied
+///
+/// Quick where neighbouring positions lie in one interval or the next. May be called from several threads.
+void intlin(int n, const float* x, const float* y, int m, const float* xout, float* yout, float ylow, float yhigh);
+
+#endif
