@@ -6,6 +6,7 @@
 #include "tracedata/headertable.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cmath>
 #include <cstdint>
@@ -44,6 +45,7 @@ constexpr MappedWord mappedWords[SegyHeader::nMappedWords] = {
 
 constexpr int depthScalarByte = 68;
 constexpr int coordinateScalarByte = 70;
+constexpr int unswappedBytes = 196;  // from here on a trace header stays in file order
 
 /// How a key slot of the trace map is filled.
 enum class SlotKind { Integer, Bits };
@@ -269,6 +271,44 @@ void SegyHeader::loadTraceMap(float* items) const
         const MapSlot& slot = mapSlots[i];
         const int index = isStandAlone() ? slot.position : stdHdr.*slot.hostWord - 1;
         items[i] = slot.kind == SlotKind::Integer ? float(wordInt(index)) : wordFloat(index);
+    }
+}
+
+/// Where each key slot stands in the raw header: the two tables above, joined.
+static const std::array<const MappedWord*, SegyHeader::nMapSlots>& slotSources()
+{
+    static const auto sources = [] {
+        std::array<const MappedWord*, SegyHeader::nMapSlots> found = {};
+        for (int i = 0; i < SegyHeader::nMapSlots; ++i)
+            for (const MappedWord& word : mappedWords)
+                if (standardWordIndex(word.name) == mapSlots[i].position) found[i] = &word;
+        return found;
+    }();
+    return sources;
+}
+
+template <typename T>
+static T rawField(const unsigned char* raw, int byte, bool isSwapped)
+{
+    T value = fieldAt<T>(raw, byte);
+    if (!isSwapped || byte >= unswappedBytes) return value;
+    if constexpr (sizeof(T) == 2)
+        return T(__builtin_bswap16(uint16_t(value)));
+    else
+        return T(__builtin_bswap32(uint32_t(value)));
+}
+
+void SegyHeader::mapKeysOfRaw(const unsigned char* raw, bool isSwapped, float* items) const
+{
+    const auto& sources = slotSources();
+    const float coorFactor = scaleFactor(_coorScalar, rawField<int16_t>(raw, coordinateScalarByte, isSwapped));
+    for (int i = 0; i < nMapSlots; ++i) {
+        const int byte = sources[i]->byte;
+        switch (sources[i]->conversion) {
+        case Conversion::ShortInteger: items[i] = float(rawField<int16_t>(raw, byte, isSwapped)); break;
+        case Conversion::Coordinate: items[i] = float(rawField<int32_t>(raw, byte, isSwapped)) * coorFactor; break;
+        default: items[i] = float(rawField<int32_t>(raw, byte, isSwapped)); break;
+        }
     }
 }
 

@@ -73,6 +73,9 @@ public:
     void convertSegyToOrvinFast(const int* indexa);
     /// The nMapSlots key values of a trace, out of the converted words.
     void loadTraceMap(float* items) const;
+    /// The same values straight from a raw header of 240 bytes, as stand-alone they come out of swap (where
+    /// isSwapped), conversion and loadTraceMap without a remap. The map build calls it once a trace.
+    void mapKeysOfRaw(const unsigned char* raw, bool isSwapped, float* items) const;
 
     /// The usable rows of a table, in order. Rows with an empty word, format, or a start byte outside 1 to
     /// 240, or whose bytes would pass the 240th, are left out. A name of fewer than eight characters is padded.
