@@ -458,7 +458,8 @@ void SegyLoader::appendTrace(int64_t rank)
     const auto* trace = reinterpret_cast<const segyTrace*>(_itempTrc.data());
     _assumptions.add(*trace, rank);
     convertHeader(_headers[size_t(_numtraces)]);
-    std::memcpy(_traces[size_t(_numtraces)], trace->data, size_t(_nsamp) * sizeof(float));
+    std::memcpy(_traces[size_t(_numtraces)], _itempTrc.data() + segyTraceHeaderBytes / 4,
+                size_t(_nsamp) * sizeof(float));
     ++_numtraces;
 }
 

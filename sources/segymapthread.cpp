@@ -60,6 +60,12 @@ SegyMapThread::~SegyMapThread()
     wait();
 }
 
+SegyMap SegyMapThread::takeMap()
+{
+    _isComplete = false;
+    return std::move(_map);
+}
+
 void SegyMapThread::run()
 {
     KeptLines report(&_lines);

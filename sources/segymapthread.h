@@ -23,7 +23,8 @@ public:
 
     bool isComplete() const { return _isComplete; }
     bool isRemapRejected() const { return _isRemapRejected; }
-    SegyMap takeMap() { return std::move(_map); }
+    /// The sorted map; it can be taken once.
+    SegyMap takeMap();
     const SegySortKeys& keys() const { return _keys; }
     int longestRun() const { return _longestRun; }
     /// The lines that the build has told; for the report of the main thread.
