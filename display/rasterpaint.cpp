@@ -193,8 +193,8 @@ struct MapGeometry {
 };
 
 MapGeometry::MapGeometry(const RasterPainting& p)
-    : columns(std::min(wholeOf(p.window.pixPerTrace * p.window.count), p.window.width + p.window.count)),
-      traceAt(p.window.count), pixelAt(std::max(columns, 0))
+    : columns(wholeOf(p.window.pixPerTrace * p.window.count)), traceAt(p.window.count),
+      pixelAt(std::max(columns, 0))
 {
     for (int i = 0; i < p.window.count; ++i) traceAt[i] = float(i) * float(columns) / float(p.window.count);
     for (int i = 0; i < columns; ++i) pixelAt[i] = float(i);
