@@ -2,6 +2,7 @@
 #ifndef SEISMICPLOT_H
 #define SEISMICPLOT_H
 
+#include "display/colorbarframe.h"
 #include "display/traceconditioner.h"
 #include "display/traceraster.h"
 
@@ -14,7 +15,6 @@
 #include <qwt_plot_rasteritem.h>
 #include <qwt_scale_map.h>
 
-class ColorBarFrame;
 class PlotOwner;
 class SeismicData;
 

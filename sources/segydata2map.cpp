@@ -1,0 +1,138 @@
+/// The build of the trace map: headers only, yet the same items and lines as reading trace by trace.
+#include "host/progresssink.h"
+#include "host/report.h"
+#include "sources/segydata2.h"
+#include "sources/segyheader.h"
+#include "sources/segyheaderreader.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+
+constexpr int tracesAStep = 1000;
+
+/// Turns a raw header into the key values of an item.
+class segyData2::MapBuild
+{
+public:
+    explicit MapBuild(segyData2* data);
+    bool hasUsableRemap() const { return !_remap.empty(); }
+    void stopRemap() { _isRemapped = false; }
+    /// @param raw  240 bytes in file order
+    void keys(const unsigned char* raw, float* items);
+    /// Tells the sink when enough traces have passed. False when it wants to stop.
+    bool step(int nTraces);
+    void beginProgress(bool show);
+
+private:
+    segyData2* _data;
+    std::vector<int> _record, _raw, _words;
+    SegyHeader _header;
+    int _index[SegyHeader::nMappedWords];
+    std::vector<SegyRemapRow> _remap;
+    bool _isRemapped;
+    bool _isDirect;
+    bool _isSwapped;
+    bool _isShown = false;
+    int _lastTold = -tracesAStep - 1;
+    int _value = 0;
+};
+
+segyData2::MapBuild::MapBuild(segyData2* data)
+    : _data(data), _record(segyTraceHeaderBytes / 4), _raw(segyTraceHeaderBytes / 4),
+      _words(std::max(1, data->_parm.nHeaderWords)),
+      _header(_record.data(), _words.data(), data->_parm.nHeaderWords), _isRemapped(data->doRemap),
+      _isSwapped(data->doSwap && data->_parm.iformat != 4)
+{
+    _header.setTreviaVersion(data->_parm.istandalone);
+    const bool isScaled = data->_parm.icscale != 0;
+    _header.applyScalars(isScaled, isScaled);
+    _header.buildHeaderIndex(_index);
+    _header.setSegyRawHeader(_raw.data());
+    if (_isRemapped) _remap = _header.buildRemapIndex(data->_parm.remapTable);
+    _isDirect = data->_parm.istandalone == 1 && data->_parm.nHeaderWords >= _header.totalHeaderWords;
+}
+
+void segyData2::MapBuild::keys(const unsigned char* raw, float* items)
+{
+    if (_isDirect && !_isRemapped) {
+        _header.mapKeysOfRaw(raw, _isSwapped, items);
+        return;
+    }
+    std::memcpy(_record.data(), raw, segyTraceHeaderBytes);
+    if (_isSwapped) swapTraceFields(_record.data());
+    _header.convertSegyToOrvinFast(_index);
+    if (_isRemapped) {
+        std::memcpy(_raw.data(), raw, segyTraceHeaderBytes);
+        _header.performRemapFast(_remap, _data->_parm.iswap);
+    }
+    _header.loadTraceMap(items);
+}
+
+void segyData2::MapBuild::beginProgress(bool show)
+{
+    _isShown = show && _data->_progress;
+    if (!_isShown) return;
+    const QString name = _data->_curFile;
+    _data->_progress->begin(_data->_parm.imode == 0 ? "Read SEGY File" : "Write SEGY File",
+                            "File: " + name.toStdString() + "\n\nBuilding Index Map ......... Please Wait");
+    const float steps = float(_data->fileSize() - segyReelBytes) / (float(_data->segytrclength) * float(tracesAStep));
+    _data->_progress->setRange(0, int(std::clamp(steps, 0.0f, 1e9f)));
+}
+
+bool segyData2::MapBuild::step(int nTraces)
+{
+    if (nTraces - _lastTold <= tracesAStep) return true;
+    _lastTold = nTraces;
+    if (_isShown) _data->_progress->step(_value);
+    ++_value;
+    return !_data->_progress || !_data->_progress->cancelled();
+}
+
+bool segyData2::buildMap(bool show)
+{
+    _isRemapRejected = false;
+    if (!_source) return true;
+    MapBuild build(this);
+    if (doRemap && !build.hasUsableRemap()) {
+        _isRemapRejected = true;
+        setRemap(0, SegyRemapTable());
+        build.stopRemap();
+    }
+    build.beginProgress(show);
+    const int64_t size = _source->size();
+    const int64_t nFixed = variable ? 0 : (std::max<int64_t>(0, size - segyReelBytes) + segytrclength - 1) / segytrclength;
+    if (nFixed > 0 && !_map.reserve(std::min<int64_t>(_map.count() + nFixed, INT_MAX))) return true;
+    SegyHeaderReader reader(*_source, segytrclength);
+    const auto ifile = uint32_t(_map.fileIndex(_curFile));
+    int64_t offset = segyReelBytes;
+    bool isWanted = true;
+    for (;;) {
+        int nPresent = 0;
+        const unsigned char* raw = reader.header(offset, &nPresent, &_error);
+        if (nPresent < 0) reportReadError();
+        if (nPresent <= 0) break;
+        int64_t next = offset + segytrclength;
+        if (variable) {
+            const DataLength length = dataLength(raw);
+            if (length.isBad) reportBadLength(raw, length);
+            const int64_t dataStart = offset + segyTraceHeaderBytes;
+            if (nPresent < segyTraceHeaderBytes || dataStart >= size || length.wanted <= 0) break;
+            next = length.isBad ? dataStart + length.declared : std::min(dataStart + length.declared, size);
+        }
+        isWanted = build.step(_map.count());
+        if (!isWanted) break;
+        segyMapItem* item = _map.append();
+        if (!item) break;
+        item->itrace = uint32_t(_map.count() - 1);
+        item->offset = uint64_t(offset);
+        item->ifile = ifile;
+        build.keys(raw, item->item);
+        offset = next;
+    }
+    _map.shrinkToFit();
+    _pos = offset;
+    return isWanted;
+}

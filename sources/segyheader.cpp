@@ -1,0 +1,430 @@
+#include "sources/segyheader.h"
+
+#include "host/flow/standardwords.h"
+#include "host/globals.h"
+#include "host/signal/bytes.h"
+#include "tracedata/headertable.h"
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+/// What becomes of a field on its way into a word.
+enum class Conversion { Integer, ShortInteger, Float, ShortFloat, Absolute, Depth, Coordinate };
+
+struct MappedWord {
+    const char* name;
+    int byte;  // offset in the trace header, counted from 0
+    Conversion conversion;
+};
+
+/// The standard mapping, in the order of buildHeaderIndex.
+constexpr MappedWord mappedWords[SegyHeader::nMappedWords] = {
+    {"SEQNO   ", 24, Conversion::Integer},      {"TRACENO ", 0, Conversion::Integer},
+    {"FFID    ", 8, Conversion::Integer},       {"CDP     ", 20, Conversion::Integer},
+    {"CHAN    ", 12, Conversion::Integer},      {"TRC_TYPE", 28, Conversion::ShortInteger},
+    {"TR_FOLD ", 32, Conversion::ShortFloat},   {"OFFSET  ", 36, Conversion::Float},
+    {"AOFFSET ", 36, Conversion::Absolute},     {"UPHOLE  ", 94, Conversion::ShortFloat},
+    {"SOU_STAT", 98, Conversion::ShortFloat},   {"REC_STAT", 100, Conversion::ShortFloat},
+    {"TOT_STAT", 102, Conversion::ShortFloat},  {"TLIVE_S ", 110, Conversion::ShortFloat},
+    {"TFULL_S ", 112, Conversion::ShortFloat},  {"SRF_SLOC", 172, Conversion::ShortInteger},
+    {"SOU_SLOC", 196, Conversion::Integer},     {"SOURCE  ", 16, Conversion::Integer},
+    {"ILINE_NO", 188, Conversion::Integer},     {"XLINE_NO", 192, Conversion::Integer},
+    {"REC_ELEV", 40, Conversion::Depth},        {"SOU_ELEV", 44, Conversion::Depth},
+    {"DEPTH   ", 48, Conversion::Depth},        {"SOU_H2OD", 60, Conversion::Depth},
+    {"REC_H2OD", 64, Conversion::Depth},        {"SOU_X   ", 72, Conversion::Coordinate},
+    {"SOU_Y   ", 76, Conversion::Coordinate},   {"REC_X   ", 80, Conversion::Coordinate},
+    {"REC_Y   ", 84, Conversion::Coordinate},   {"CDP_X   ", 180, Conversion::Coordinate},
+    {"CDP_Y   ", 184, Conversion::Coordinate},
+};
+
+constexpr int depthScalarByte = 68;
+constexpr int coordinateScalarByte = 70;
+constexpr int unswappedBytes = 196;  // from here on a trace header stays in file order
+
+/// How a key slot of the trace map is filled.
+enum class SlotKind { Integer, Bits };
+
+struct MapSlot {
+    int position;            // of the standard word, from 0
+    int StdHdr::*hostWord;   // its position in the host's header, from 1
+    SlotKind kind;
+};
+
+/// The key slots in order; slot 4 carries the bits of the float OFFSET, as the coordinates do.
+constexpr MapSlot mapSlots[SegyHeader::nMapSlots] = {
+    {0, &StdHdr::ichan, SlotKind::Integer},      {5, &StdHdr::isou_sloc, SlotKind::Integer},
+    {14, &StdHdr::icdp, SlotKind::Integer},      {0, &StdHdr::ichan, SlotKind::Integer},
+    {1, &StdHdr::ioffset, SlotKind::Bits},       {10, &StdHdr::isrf_sloc, SlotKind::Integer},
+    {48, &StdHdr::iiline_no, SlotKind::Integer}, {49, &StdHdr::ixline_no, SlotKind::Integer},
+    {3, &StdHdr::iffid, SlotKind::Integer},      {29, &StdHdr::itraceno, SlotKind::Integer},
+    {16, &StdHdr::icdp_x, SlotKind::Bits},       {17, &StdHdr::icdp_y, SlotKind::Bits},
+    {6, &StdHdr::isou_x, SlotKind::Bits},        {7, &StdHdr::isou_y, SlotKind::Bits},
+    {11, &StdHdr::irec_x, SlotKind::Bits},       {12, &StdHdr::irec_y, SlotKind::Bits},
+};
+
+}  // namespace
+
+template <typename T>
+static T fieldAt(const void* record, int byte)
+{
+    T value;
+    std::memcpy(&value, static_cast<const char*>(record) + byte, sizeof value);
+    return value;
+}
+
+static int clampedInt(double value)
+{
+    if (std::isnan(value)) return 0;
+    return int(std::clamp(value, double(INT_MIN), double(INT_MAX)));
+}
+
+SegyHeader::SegyHeader() : SeismicHeader(nullptr, 0)
+{
+    buildHeaderNames();
+}
+
+SegyHeader::SegyHeader(int* header, int nheaderwords, const HeaderTable* table)
+    : SegyHeader(nullptr, header, nheaderwords, table)
+{
+}
+
+SegyHeader::SegyHeader(int* segyheader, int* header, int nheaderwords, const HeaderTable* table)
+    : SeismicHeader(header, nheaderwords, table), _segyheader(segyheader), _nheaderwords(nheaderwords),
+      _nheaders(nheaderwords)
+{
+    buildHeaderNames();
+}
+
+/// The rows of the table; made once, shared by all views.
+static const QStringList& standardRows()
+{
+    static const QStringList rows = [] {
+        QStringList list;
+        for (int i = 0; i < standardWordCount; ++i) {
+            const StandardWord& word = standardWords[i];
+            const char* type = word.format == Float4Format ? "Float4" : "Integer4";
+            list += QString("%1|%2|%3|1|%4|").arg(word.name).arg(i).arg(type, word.description);
+        }
+        return list;
+    }();
+    return rows;
+}
+
+void SegyHeader::buildHeaderNames()
+{
+    _headerNames = standardRows();
+    stdHeaderWords = hostWordCount;
+    totalHeaderWords = _headerNames.size();
+}
+
+void SegyHeader::setNewData(int* segyheader, int* header)
+{
+    _segyheader = segyheader;
+    setAsNewHeader(header);
+}
+
+void SegyHeader::applyScalars(bool depscalar, bool coorscalar)
+{
+    _depScalar = depscalar;
+    _coorScalar = coorscalar;
+}
+
+void SegyHeader::setTotalHeaderWords(int itotal)
+{
+    _nheaderwords = _nheaders = totalHeaderWords = _nHeaderWords = itotal;
+}
+
+int SegyHeader::OrvinHeaderIndex(const QString& name) const
+{
+    if (!isStandAlone()) return headerIndex(name);
+    return std::max(0, standardWordIndex(name.toLatin1().constData()));
+}
+
+int SegyHeader::OrvinHeaderIndex(const char* name) const
+{
+    if (!isStandAlone()) return headerIndex(QString::fromLatin1(name));
+    return name ? std::max(0, standardWordIndex(name)) : 0;
+}
+
+QString SegyHeader::OrvinHeaderIndexName(int index)
+{
+    if (!isStandAlone()) return QString::fromLatin1(headerIndexName(index));
+    if (index < 0 || index >= _headerNames.size()) return QString();
+    return _headerNames[index].section("|", 0, 0);
+}
+
+const char* SegyHeader::OrvinHeaderIndexNameC(int index)
+{
+    if (isStandAlone() && (index < 0 || index >= _headerNames.size())) return nullptr;
+    _textOut = OrvinHeaderIndexName(index).toLatin1();
+    return _textOut.constData();
+}
+
+QString SegyHeader::OrvinHeaderDesc(int index)
+{
+    if (!isStandAlone()) return OrvinHeaderDesc(OrvinHeaderIndexName(index));
+    if (index < 0 || index >= _headerNames.size()) return QString();
+    return _headerNames[index].section("|", 4, 4);
+}
+
+QString SegyHeader::OrvinHeaderDesc(const QString& name)
+{
+    if (!isStandAlone()) return QString::fromLatin1(headerDesc(name));
+    return OrvinHeaderDesc(OrvinHeaderIndex(name));
+}
+
+const char* SegyHeader::OrvinHeaderDescC(int index)
+{
+    if (isStandAlone() && (index < 0 || index >= _headerNames.size())) return nullptr;
+    _textOut = OrvinHeaderDesc(index).toLatin1();
+    return _textOut.constData();
+}
+
+int SegyHeader::OrvinHeaderFormat(int index)
+{
+    if (!isStandAlone()) return headerFormat(OrvinHeaderIndexName(index));
+    if (index < 0 || index >= _headerNames.size()) return Integer4Format;
+    const QString type = _headerNames[index].section("|", 2, 2);
+    if (type == "Integer2") return Integer2Format;
+    if (type == "Float4") return Float4Format;
+    return type == "Double8" ? Double8Format : Integer4Format;
+}
+
+int SegyHeader::OrvinHeaderFormat(const QString& name)
+{
+    if (!isStandAlone()) return headerFormat(name);
+    const int index = standardWordIndex(name.toLatin1().constData());
+    return index < 0 ? int(Integer4Format) : OrvinHeaderFormat(index);
+}
+
+int SegyHeader::OrvinHeaderExists(const QString& name) const
+{
+    if (!isStandAlone()) return headerExists(name);
+    return standardWordIndex(name.toLatin1().constData()) >= 0 ? 1 : 0;
+}
+
+void SegyHeader::buildHeaderIndex(int* indexa) const
+{
+    for (int i = 0; i < nMappedWords; ++i) indexa[i] = OrvinHeaderIndex(mappedWords[i].name);
+}
+
+void SegyHeader::convertSegyToOrvin()
+{
+    int indexa[nMappedWords];
+    buildHeaderIndex(indexa);
+    convertSegyToOrvinFast(indexa);
+}
+
+/// A scalar of 0 is a factor of 0, on purpose: it zeroes what it scales.
+static float scaleFactor(bool isOn, int16_t scalar)
+{
+    if (!isOn) return 1.0f;
+    return scalar < 0 ? float(1.0 / -double(scalar)) : float(scalar);
+}
+
+void SegyHeader::convertSegyToOrvinFast(const int* indexa)
+{
+    if (!_header || !_segyheader) return;
+    std::fill(_header, _header + std::max(0, _nheaders), 0);
+    const float depthFactor = scaleFactor(_depScalar, fieldAt<int16_t>(_segyheader, depthScalarByte));
+    const float coorFactor = scaleFactor(_coorScalar, fieldAt<int16_t>(_segyheader, coordinateScalarByte));
+    for (int i = 0; i < nMappedWords; ++i) {
+        const int index = indexa[i];
+        if (index < 0 || index >= _nheaders) continue;
+        const int byte = mappedWords[i].byte;
+        float real = 0.0f;
+        switch (mappedWords[i].conversion) {
+        case Conversion::Integer: _header[index] = fieldAt<int32_t>(_segyheader, byte); continue;
+        case Conversion::ShortInteger: _header[index] = fieldAt<int16_t>(_segyheader, byte); continue;
+        case Conversion::Float: real = float(fieldAt<int32_t>(_segyheader, byte)); break;
+        case Conversion::ShortFloat: real = float(fieldAt<int16_t>(_segyheader, byte)); break;
+        case Conversion::Absolute: real = float(std::abs(int64_t(fieldAt<int32_t>(_segyheader, byte)))); break;
+        case Conversion::Depth: real = float(fieldAt<int32_t>(_segyheader, byte)) * depthFactor; break;
+        case Conversion::Coordinate: real = float(fieldAt<int32_t>(_segyheader, byte)) * coorFactor; break;
+        }
+        std::memcpy(_header + index, &real, sizeof real);
+    }
+}
+
+int SegyHeader::wordInt(int index) const
+{
+    return _header && index >= 0 && index < _nheaders ? _header[index] : 0;
+}
+
+float SegyHeader::wordFloat(int index) const
+{
+    const int bits = wordInt(index);
+    float value;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
+}
+
+void SegyHeader::loadTraceMap(float* items) const
+{
+    for (int i = 0; i < nMapSlots; ++i) {
+        const MapSlot& slot = mapSlots[i];
+        const int index = isStandAlone() ? slot.position : stdHdr.*slot.hostWord - 1;
+        items[i] = slot.kind == SlotKind::Integer ? float(wordInt(index)) : wordFloat(index);
+    }
+}
+
+/// Where each key slot stands in the raw header: the two tables above, joined.
+static const std::array<const MappedWord*, SegyHeader::nMapSlots>& slotSources()
+{
+    static const auto sources = [] {
+        std::array<const MappedWord*, SegyHeader::nMapSlots> found = {};
+        for (int i = 0; i < SegyHeader::nMapSlots; ++i)
+            for (const MappedWord& word : mappedWords)
+                if (standardWordIndex(word.name) == mapSlots[i].position) found[i] = &word;
+        return found;
+    }();
+    return sources;
+}
+
+template <typename T>
+static T rawField(const unsigned char* raw, int byte, bool isSwapped)
+{
+    T value = fieldAt<T>(raw, byte);
+    if (!isSwapped || byte >= unswappedBytes) return value;
+    if constexpr (sizeof(T) == 2)
+        return T(__builtin_bswap16(uint16_t(value)));
+    else
+        return T(__builtin_bswap32(uint32_t(value)));
+}
+
+void SegyHeader::mapKeysOfRaw(const unsigned char* raw, bool isSwapped, float* items) const
+{
+    const auto& sources = slotSources();
+    const float coorFactor = scaleFactor(_coorScalar, rawField<int16_t>(raw, coordinateScalarByte, isSwapped));
+    for (int i = 0; i < nMapSlots; ++i) {
+        const int byte = sources[i]->byte;
+        switch (sources[i]->conversion) {
+        case Conversion::ShortInteger: items[i] = float(rawField<int16_t>(raw, byte, isSwapped)); break;
+        case Conversion::Coordinate: items[i] = float(rawField<int32_t>(raw, byte, isSwapped)) * coorFactor; break;
+        default: items[i] = float(rawField<int32_t>(raw, byte, isSwapped)); break;
+        }
+    }
+}
+
+/// Turns format and start byte into a place in the raw header. The start byte is divided by the element's
+/// size, so a field off its natural boundary is taken from the boundary before it; bytes and texts are taken
+/// one behind the byte that the user counts from 1.
+static void placeOf(const QString& format, int startByte, SegyRemapRow* row)
+{
+    static const struct {
+        const char* text;
+        SegyRemapRow::Source source;
+        int bytes;
+    } elements[] = {{"1I", SegyRemapRow::Byte, 1},
+                    {"2I", SegyRemapRow::Short, 2},
+                    {"4I", SegyRemapRow::Integer, 4},
+                    {"4R", SegyRemapRow::Real, 4},
+                    {"8R", SegyRemapRow::Double, 8}};
+    for (const auto& element : elements) {
+        if (format != element.text) continue;
+        row->source = element.source;
+        row->start = startByte / element.bytes * element.bytes;
+        row->length = element.bytes;
+        return;
+    }
+    if (!format.startsWith("A")) return;
+    row->source = SegyRemapRow::Text;
+    row->start = startByte;
+    row->length = std::max(0, format.mid(1).toInt());
+}
+
+std::vector<SegyRemapRow> SegyHeader::buildRemapIndex(const SegyRemapTable& table)
+{
+    std::vector<SegyRemapRow> rows;
+    for (const auto& cells : table.cells) {
+        const QString word = cells[SegyRemapTable::HeaderWord].toUpper();
+        const QString format = cells[SegyRemapTable::Format].toUpper();
+        const QString type = cells[SegyRemapTable::Type].toUpper();
+        const int startByte = cells[SegyRemapTable::StartByte].toInt();
+        if (word.isEmpty() || format.isEmpty() || startByte < 1 || startByte > rawHeaderBytes) continue;
+        const QString name = word.leftJustified(8, ' ');
+        SegyRemapRow row;
+        row.index = OrvinHeaderIndex(name);
+        if (row.index < 0 || row.index >= totalHeaderWords) continue;
+        row.format = OrvinHeaderFormat(name);
+        row.isIbm = type == "IBM";
+        placeOf(format, startByte, &row);
+        if (row.length > rawHeaderBytes - row.start) continue;
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+void SegyHeader::performRemap(const SegyRemapTable& table, int iswap)
+{
+    performRemapFast(buildRemapIndex(table), iswap);
+}
+
+/// One element of the raw header in machine byte order.
+template <typename T>
+static T remapElement(const void* raw, const SegyRemapRow& row, int iswap)
+{
+    T value = fieldAt<T>(raw, row.start);
+    if (iswap && sizeof(T) > 1) endianSwap(&value, int(sizeof(T)), 1);
+    return value;
+}
+
+static int remapText(const void* raw, const SegyRemapRow& row)
+{
+    const char* text = static_cast<const char*>(raw) + row.start;
+    return QString::fromLatin1(text, int(strnlen(text, size_t(row.length)))).toInt();
+}
+
+void SegyHeader::storeRemapped(const SegyRemapRow& row, double value)
+{
+    if (row.format == Integer4Format) {
+        _header[row.index] = clampedInt(value);
+        return;
+    }
+    const float real = float(value);
+    std::memcpy(_header + row.index, &real, sizeof real);
+}
+
+void SegyHeader::performRemapFast(const std::vector<SegyRemapRow>& rows, int iswap)
+{
+    if (!_header || !_segyrawheader) return;
+    for (const SegyRemapRow& row : rows) {
+        if (row.index >= _nheaders) continue;
+        switch (row.source) {
+        case SegyRemapRow::Byte: storeRemapped(row, fieldAt<int8_t>(_segyrawheader, row.start)); break;
+        case SegyRemapRow::Short: storeRemapped(row, remapElement<int16_t>(_segyrawheader, row, iswap)); break;
+        case SegyRemapRow::Integer: storeRemapped(row, remapElement<int32_t>(_segyrawheader, row, iswap)); break;
+        case SegyRemapRow::Double: storeRemapped(row, remapElement<double>(_segyrawheader, row, iswap)); break;
+        case SegyRemapRow::Text: storeRemapped(row, remapText(_segyrawheader, row)); break;
+        case SegyRemapRow::Real: {
+            float value = remapElement<float>(_segyrawheader, row, iswap);
+            if (row.isIbm) ibmToIeee(&value, 1);
+            storeRemapped(row, double(value));
+            break;
+        }
+        case SegyRemapRow::Nothing: break;
+        }
+    }
+}
+
+void SegyHeader::fillHeaderTable(HeaderTable* table, int nWords)
+{
+    table->clear();
+    for (int i = 0; i < nWords; ++i) {
+        const QString name = OrvinHeaderIndexName(i);
+        if (name.isEmpty()) {
+            table->append("None", "None", i, Integer4Format, 0, 1);
+            continue;
+        }
+        const QString padded = name.leftJustified(8, ' ');
+        const int length = isStandAlone() ? 1 : headerLength(padded);
+        table->append(padded, OrvinHeaderDesc(i), i, OrvinHeaderFormat(i), OrvinHeaderExists(padded), length);
+    }
+    table->_headerSaved = true;
+}

@@ -1,0 +1,55 @@
+/// The in-memory trace map: one item a trace, sortable by two keys.
+#ifndef SEGYMAP_H
+#define SEGYMAP_H
+
+#include "sources/segyrecords.h"
+
+#include <QStringList>
+
+#include <cstdlib>
+#include <memory>
+
+/// The told order of two items: slot segymapkey1 first, then slot segymapkey2, compared as floats. Returns
+/// -1, 0 or 1. A NaN sorts behind all numbers, and equals a NaN.
+int segyMapCompare(const segyMapItem& a, const segyMapItem& b, int segymapkey1, int segymapkey2);
+
+/// Sorts nItems items by the two slots; items with equal keys keep their order. Takes 28 bytes an item of
+/// work space.
+void sortSegyMap(segyMapItem* items, int nItems, int segymapkey1, int segymapkey2);
+
+/// A key value as the integer that lists and searches use: truncated, clamped, 0 for NaN.
+int segyKeyValue(float value);
+
+/// Items and the names of their files. Grows in place, so that a build never holds two copies of a big map
+/// (a std::vector would, while it moves): 96 bytes a trace is the limit that screens of many lines bear.
+class SegyMap
+{
+public:
+    int count() const { return _count; }
+    segyMapItem* items() { return _items.get(); }
+    const segyMapItem* items() const { return _items.get(); }
+    /// Slots allocated.
+    int capacity() const { return _capacity; }
+    /// Makes room for exactly n items; never fewer than there are. False when there is no memory.
+    bool reserve(int64_t n);
+    /// A new item at the end, zeroed; null when there is no memory for it.
+    segyMapItem* append();
+    /// Gives slots back that were never used.
+    void shrinkToFit() { reserve(_count); }
+
+    /// Index of a file name, added when it is new.
+    int fileIndex(const QString& name);
+    /// Name of the file that holds a trace; empty for a bad index.
+    QString fileName(uint32_t index) const;
+
+private:
+    struct Free {
+        void operator()(void* p) const { std::free(p); }
+    };
+    std::unique_ptr<segyMapItem[], Free> _items;
+    int _count = 0;
+    int _capacity = 0;
+    QStringList _files;
+};
+
+#endif

@@ -1,0 +1,86 @@
+#include "sources/segymapthread.h"
+
+#include "host/progresssink.h"
+#include "host/report.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Keeps the lines until the main thread takes them.
+class KeptLines : public Report
+{
+public:
+    explicit KeptLines(std::string* lines) : _lines(lines) {}
+    void line(const std::string& text) override { *_lines += text; }
+    void box(const std::string& title, const std::string& text) override { *_lines += title + ": " + text + "\n"; }
+
+private:
+    std::string* _lines;
+};
+
+class StopOnRequest : public ProgressSink
+{
+public:
+    void begin(const std::string&, const std::string&) override {}
+    void setRange(int, int) override {}
+    void step(int) override {}
+    bool cancelled() const override { return QThread::currentThread()->isInterruptionRequested(); }
+};
+
+}  // namespace
+
+int longestStackRun(const SegyMap& map, int mysort)
+{
+    if (mysort != 4 && mysort != 10 && mysort != 11) return 0;
+    const segyMapItem* items = map.items();
+    int run = 0, longest = 0;
+    for (int i = 0; i < map.count() - 1; ++i) {
+        const float* here = items[i].item;
+        const float* next = items[i + 1].item;
+        const bool isNewRun = mysort == 4 ? here[3] > next[3] : mysort == 10 ? here[5] != next[5] : here[6] != next[6];
+        if (isNewRun) {
+            longest = std::max(longest, run);
+            run = 1;
+        } else {
+            ++run;
+        }
+    }
+    return std::max(longest, run);
+}
+
+SegyMapThread::SegyMapThread(const segyData2& opened, const SegySortKeys& keys)
+    : _file(opened.curFile()), _parm(opened.parm()), _reel(opened.reel), _nSamples(opened.numSamples()), _keys(keys)
+{
+}
+
+SegyMapThread::~SegyMapThread()
+{
+    requestInterruption();
+    wait();
+}
+
+SegyMap SegyMapThread::takeMap()
+{
+    _isComplete = false;
+    return std::move(_map);
+}
+
+void SegyMapThread::run()
+{
+    KeptLines report(&_lines);
+    StopOnRequest stop;
+    segyData2 data(_parm, &report, &stop);
+    if (!data.openFile(_file, false)) return;
+    data.reel = _reel;
+    data.setNumSamples(_nSamples);
+    data.setTraceBytes();
+    if (!data.buildMap(false)) return;
+    _longestRun = longestStackRun(data.map(), _keys.mysort);
+    if (_keys.ipkey >= 0)
+        sortSegyMap(data.map().items(), data.totalTraces(), segyData2::getItemKey(_keys.ipkey),
+                    segyData2::getItemKey(_keys.iskey));
+    _isRemapRejected = data.isRemapRejected();
+    _map = std::move(data.map());
+    _isComplete = true;
+}

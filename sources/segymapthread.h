@@ -1,0 +1,49 @@
+/// Builds and sorts the trace map of a file beside the main thread.
+#ifndef SEGYMAPTHREAD_H
+#define SEGYMAPTHREAD_H
+
+#include "sources/segydata2.h"
+#include "sources/segysortkeys.h"
+
+#include <QThread>
+
+#include <string>
+
+/// Longest run of stack traces in file order; the map must not be sorted yet. 0 for other sorts.
+int longestStackRun(const SegyMap& map, int mysort);
+
+/// Has a file and a map of its own, so that the loader goes on reading. Its results are read after
+/// finished(); the destructor stops the build and waits.
+class SegyMapThread : public QThread
+{
+public:
+    /// @param opened  the loader's file, of which name, reel and reading rules are copied
+    SegyMapThread(const segyData2& opened, const SegySortKeys& keys);
+    ~SegyMapThread() override;
+
+    bool isComplete() const { return _isComplete; }
+    bool isRemapRejected() const { return _isRemapRejected; }
+    /// The sorted map; it can be taken once.
+    SegyMap takeMap();
+    const SegySortKeys& keys() const { return _keys; }
+    int longestRun() const { return _longestRun; }
+    /// The lines that the build has told; for the report of the main thread.
+    const std::string& lines() const { return _lines; }
+
+protected:
+    void run() override;
+
+private:
+    const QString _file;
+    const SegyReadParm _parm;
+    const segyReel _reel;
+    const int _nSamples;
+    const SegySortKeys _keys;
+    SegyMap _map;
+    std::string _lines;
+    int _longestRun = 0;
+    bool _isComplete = false;
+    bool _isRemapRejected = false;
+};
+
+#endif

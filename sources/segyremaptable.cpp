@@ -1,0 +1,62 @@
+#include "sources/segyremaptable.h"
+
+#include <QFile>
+#include <QSaveFile>
+#include <QTextStream>
+
+// 25 rows of four short fields need far less; the rest of a wrong file isn't worth reading.
+constexpr qint64 largestRemapFile = 1 << 16;
+
+SegyRemapTable remapTableFromText(const QByteArray& text)
+{
+    SegyRemapTable table;
+    QTextStream stream(text);
+    stream.setCodec("UTF-8");
+    for (int row = 0; row < SegyRemapTable::nRows && !stream.atEnd(); ++row) {
+        const QString line = stream.readLine();
+        for (int column = 0; column < SegyRemapTable::nColumns; ++column)
+            table.cells[row][column] = line.section(",", column, column);
+    }
+    return table;
+}
+
+QByteArray remapTableToText(const SegyRemapTable& table)
+{
+    QByteArray text;
+    for (const auto& row : table.cells) {
+        if (row[SegyRemapTable::HeaderWord].isEmpty() || row[SegyRemapTable::Format].isEmpty() ||
+            row[SegyRemapTable::StartByte].isEmpty())
+            continue;
+        text += (row[SegyRemapTable::HeaderWord].toUpper() + "," + row[SegyRemapTable::Format].toUpper() + "," +
+                 row[SegyRemapTable::Type].toUpper() + "," + row[SegyRemapTable::StartByte] + "\n")
+                    .toUtf8();
+    }
+    return text;
+}
+
+int readRemapFile(const QString& path, SegyRemapTable* table, QString* error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        *error = file.errorString();
+        return 0;
+    }
+    const QByteArray text = file.read(largestRemapFile);
+    if (file.error() != QFileDevice::NoError) {
+        *error = file.errorString();
+        return 0;
+    }
+    *table = remapTableFromText(text);
+    return 1;
+}
+
+int writeRemapFile(const QString& path, const SegyRemapTable& table, QString* error)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text) || file.write(remapTableToText(table)) < 0 ||
+        !file.commit()) {
+        *error = file.errorString();
+        return 0;
+    }
+    return 1;
+}

@@ -1,0 +1,765 @@
+/// Ensembles out of SEG-Y files: sequentially, by index, and while an index is being built.
+#include "host/globals.h"
+#include "host/flow/stheader.h"
+#include "sources/segyloader.h"
+#include "sources/segymapthread.h"
+#include "tests/unit/sources/segybuilder.h"
+#include "tracedata/headertable.h"
+#include "tracedata/parmmenu.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using Floats = std::vector<float>;
+using testing::ElementsAre;
+
+namespace {
+
+/// The arguments of a loader by name.
+struct LoaderParm {
+    std::string files;
+    int isort = 0, itype = 0, iformat = 0, ivariable = 0, icscale = 0, iescale = 0, nsamp = 0, maxtr = 0;
+    float srate = 0.0f;
+    int iremap = 0, indexbuilt = 0;
+    bool isstandalone = true;
+};
+
+struct Loaded {
+    CollectReport report;
+    SegyLoader loader;
+    bool isGood = false;
+
+    explicit Loaded(const LoaderParm& p)
+        : loader(1, QString::fromStdString(p.files), 0, p.isort, p.itype, p.iformat, p.ivariable, 1, p.icscale,
+                 p.iescale, p.nsamp, p.maxtr, p.srate, p.iremap, p.indexbuilt, p.isstandalone, &report)
+    {
+    }
+    Loaded& open()
+    {
+        isGood = loader.openFiles();
+        if (isGood) loader.initBuild();
+        return *this;
+    }
+    int word(int iTrace, const char* name)
+    {
+        return loader.getHeaders()[iTrace][loader.segyHeader()->OrvinHeaderIndex(name)];
+    }
+    float real(int iTrace, const char* name)
+    {
+        const int bits = word(iTrace, name);
+        float value;
+        std::memcpy(&value, &bits, sizeof value);
+        return value;
+    }
+    std::vector<int> words(const char* name)
+    {
+        std::vector<int> all;
+        for (int i = 0; i < loader.numTraces(); ++i) all.push_back(word(i, name));
+        return all;
+    }
+    Floats firstSamples()
+    {
+        Floats all;
+        for (int i = 0; i < loader.numTraces(); ++i) all.push_back(loader.getTraces()[i][0]);
+        return all;
+    }
+};
+
+class SegyLoaderTest : public testing::Test
+{
+protected:
+    std::string save(const SegyBuilder& file, const char* name = "a.sgy")
+    {
+        return file.save(_folder.filePath(name).toStdString());
+    }
+    /// Shots of the given sizes: FFID 10, 20, ..., channels from 1, first sample FFID + channel.
+    static SegyBuilder shots(const std::vector<int>& sizes)
+    {
+        SegyBuilder file(3);
+        for (size_t shot = 0; shot < sizes.size(); ++shot)
+            for (int channel = 1; channel <= sizes[shot]; ++channel) {
+                const int ffid = 10 * (int(shot) + 1);
+                file.addTrace(Floats{float(ffid + channel), 0.5f, -0.5f});
+                const size_t i = file.traceStarts.size() - 1;
+                file.setHeader<int32_t>(i, 0, int(i) + 1);
+                file.setHeader<int32_t>(i, 8, ffid);
+                file.setHeader<int32_t>(i, 12, channel);
+                file.setHeader<int16_t>(i, 28, 1);
+                file.setHeader<int32_t>(i, 36, 25 * channel);
+            }
+        return file;
+    }
+    QTemporaryDir _folder;
+};
+
+void waitForIndex(SegyLoader* loader)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!loader->isIndexBuilt() && clock.elapsed() < 10000) QCoreApplication::processEvents();
+    ASSERT_TRUE(loader->isIndexBuilt());
+}
+
+/// Signals of threads need an application; one serves all tests of the program.
+const auto application = [] {
+    static int argc = 1;
+    static char name[] = "unit_sources";
+    static char* argv[] = {name, nullptr};
+    return new QCoreApplication(argc, argv);
+}();
+
+}  // namespace
+
+TEST_F(SegyLoaderTest, WithoutAnIndexAnEnsembleEndsWhereThePrimaryKeyChanges)
+{
+    Loaded l({save(shots({3, 1, 2}))});
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_TRUE(l.loader.loadNextEnsemble(1));
+    EXPECT_THAT(l.firstSamples(), ElementsAre(11, 12, 13));
+    EXPECT_EQ(l.loader.priCurValue(), 10);
+    EXPECT_TRUE(l.loader.loadNextEnsemble(5)) << "moveup has no effect";
+    EXPECT_THAT(l.firstSamples(), ElementsAre(21)) << "the trace that ended the last ensemble is read again";
+    EXPECT_TRUE(l.loader.loadNextEnsemble(1));
+    EXPECT_THAT(l.firstSamples(), ElementsAre(31, 32));
+    EXPECT_THAT(l.words("CHAN    "), ElementsAre(1, 2));
+    EXPECT_TRUE(l.loader.loadNextEnsemble(1));
+    EXPECT_EQ(l.loader.numTraces(), 0) << "the end";
+    EXPECT_FALSE(l.loader.loadLastEnsemble(1));
+    EXPECT_FALSE(l.loader.seekEnsemble(10));
+    EXPECT_FALSE(l.loader.canSeek());
+}
+
+TEST_F(SegyLoaderTest, SequentialReadingStepsBackOverTracesOfVariableLengthAndBadOnes)
+{
+    SegyBuilder file(2);
+    const int lengths[] = {2, 5000, 3, 1};
+    for (int i = 0; i < 4; ++i) {
+        file.addTrace(Floats(size_t(lengths[i]), float(i + 1)));
+        file.setHeader<int16_t>(size_t(i), 114, int16_t(lengths[i]));
+        file.setHeader<int32_t>(size_t(i), 8, i / 2 + i % 2);  // 0, 1, 1, 2
+    }
+    LoaderParm parm{save(file)};
+    parm.ivariable = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(1));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(2, 3));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(4));
+    EXPECT_EQ(l.loader.getTraces()[0][1], 0.0f);
+}
+
+TEST_F(SegyLoaderTest, AnEnsembleStopsAtTheCapacityAndGoesOnInTheNext)
+{
+    LoaderParm parm{save(shots({5}))};
+    parm.maxtr = 3;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(11, 12, 13));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(14, 15));
+}
+
+TEST_F(SegyLoaderTest, WithAnIndexStepsAreClampedToTheList)
+{
+    LoaderParm parm{save(shots({2, 3, 1}))};
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_EQ(l.loader.numEnsembles(), 3);
+    EXPECT_THAT(l.loader.priList(), ElementsAre("10", "20", "30"));
+    EXPECT_TRUE(l.loader.canSeek());
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(11, 12));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(21, 22, 23));
+    EXPECT_TRUE(l.loader.loadLastEnsemble(5)) << "five back from the second is the first";
+    EXPECT_THAT(l.firstSamples(), ElementsAre(11, 12));
+    l.loader.loadNextEnsemble(2);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(31));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(31)) << "one on from the last is the last";
+    EXPECT_TRUE(l.loader.seekEnsemble(20));
+    EXPECT_THAT(l.firstSamples(), ElementsAre(21, 22, 23));
+    EXPECT_TRUE(l.loader.seekEnsemble(99)) << "a value that isn't there shows the last ensemble";
+    EXPECT_THAT(l.firstSamples(), ElementsAre(31));
+    EXPECT_EQ(l.loader.priCurValue(), 30);
+}
+
+TEST_F(SegyLoaderTest, TheIndexSortsByBothKeys)
+{
+    SegyBuilder file(1);
+    const int keys[][2] = {{20, 2}, {10, 3}, {20, 1}, {10, 1}, {10, 2}};
+    for (int i = 0; i < 5; ++i) {
+        file.addTrace(Floats{float(i)});
+        file.setHeader<int32_t>(size_t(i), 8, keys[i][0]);
+        file.setHeader<int32_t>(size_t(i), 12, keys[i][1]);
+        file.setHeader<int32_t>(size_t(i), 20, 7 - i);
+    }
+    LoaderParm parm{save(file)};
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(3, 4, 1));
+    EXPECT_EQ(l.loader.priName(), "FFID    ");
+    EXPECT_EQ(l.loader.secName(), "CHAN    ");
+    l.loader.buildNewSort(4);
+    EXPECT_THAT(l.loader.priList(), ElementsAre("3", "4", "5", "6", "7"));
+    EXPECT_EQ(l.loader.currentSortKey(), 4);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(4));
+    float least, largest;
+    l.loader.getSortRange(1, &least, &largest);
+    EXPECT_EQ(least, 10.0f);
+    EXPECT_EQ(largest, 20.0f);
+    l.loader.getSortRange(4, &least, &largest);
+    EXPECT_EQ(least, 3.0f);
+    EXPECT_EQ(largest, 7.0f);
+    l.loader.getSortRange(5, &least, &largest);
+    EXPECT_EQ(least, 0.0f);
+    EXPECT_EQ(largest, 0.0f);
+}
+
+TEST_F(SegyLoaderTest, TheSourceSortSortsOnByte197AsItStandsAndEndsOnTheWordAtByte17)
+{
+    SegyBuilder file(1);
+    for (int i = 0; i < 3; ++i) {
+        file.addTrace(Floats{float(i)});
+        // little-endian, as bytes from 197 on aren't swapped
+        const int location = 7 + (2 - i);
+        std::memcpy(file.bytes.data() + file.traceStarts[size_t(i)] + 196, &location, 4);
+        file.setHeader<int32_t>(size_t(i), 16, 7);
+    }
+    LoaderParm parm{save(file)};
+    parm.isort = 2;
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_THAT(l.loader.priList(), ElementsAre("7", "8", "9"));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(2, 1, 0)) << "the word at byte 17 is 7 throughout";
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(1)) << "the first trace always counts, the next one's 7 isn't 8";
+}
+
+TEST_F(SegyLoaderTest, ByTraceNumberEveryEnsembleHoldsOneTrace)
+{
+    LoaderParm parm{save(shots({2, 1}))};
+    parm.isort = 11;
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_EQ(l.loader.priKey(), 1);
+    EXPECT_EQ(l.loader.priEKey(), 1);
+    EXPECT_THAT(l.loader.priList(), ElementsAre("1", "2", "3"));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(11));
+}
+
+TEST_F(SegyLoaderTest, EverySortCodeHasItsKeys)
+{
+    static const struct {
+        int isort, reelSort, code, ipkey, iskey, iepkey, ieskey, idtyp, ipsort;
+    } cases[] = {{1, 0, 1, 3, 4, 4, 1, 0, 2},      {2, 0, 2, 5, 4, 6, 1, 0, 2},      {3, 0, 3, 11, 4, 11, 2, 0, 3},
+                 {4, 0, 4, 6, 7, 15, 2, 0, 1},     {5, 0, 5, 48, 6, 48, 15, 7, 1},   {6, 0, 6, 12, 2, 2, 1, 0, 4},
+                 {7, 0, 7, 48, 49, 49, 50, 0, 7},  {8, 0, 8, 49, 48, 50, 49, 0, 8},  {9, 0, 9, 48, 49, 49, 50, 7, 7},
+                 {10, 0, 10, 49, 48, 50, 49, 7, 8}, {11, 0, 11, 1, 4, 1, 30, 0, 5},  {0, 1, 1, 3, 4, 4, 1, 0, 2},
+                 {0, 2, 4, 6, 7, 15, 2, 0, 1},     {0, 3, 0, 48, 6, 48, 1, 0, 1},    {0, 4, 5, 48, 6, 48, 15, 7, 1},
+                 {0, 5, 3, 11, 4, 11, 2, 0, 3},    {0, 6, 0, 6, 2, 15, 2, 0, 5},     {0, 7, 6, 12, 2, 2, 1, 0, 4},
+                 {0, 9, 1, 3, 4, 4, 1, 0, 2},      {0, 0, 1, 3, 4, 4, 1, 0, 2}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "sort " << c.isort << " reel " << c.reelSort);
+        SegyBuilder file = shots({1});
+        file.put<int16_t>(3228, int16_t(c.reelSort));
+        LoaderParm parm{save(file)};
+        parm.isort = c.isort;
+        Loaded l(parm);
+        parmmenu menu = {};
+        menu.idomain = 5;
+        l.loader.setMenu(&menu);
+        ASSERT_TRUE(l.open().isGood);
+        EXPECT_EQ(l.loader.currentSortKey(), c.code);
+        EXPECT_EQ(l.loader.priKey(), c.ipkey);
+        EXPECT_EQ(l.loader.secKey(), c.iskey);
+        EXPECT_EQ(l.loader.priEKey(), c.iepkey);
+        EXPECT_EQ(l.loader.secEKey(), c.ieskey);
+        EXPECT_EQ(l.loader.isStacked(), c.idtyp == 7);
+        EXPECT_EQ(menu._orvinruntime.idtyp, c.idtyp);
+        EXPECT_EQ(menu._orvinruntime.ipsort, c.ipsort);
+        EXPECT_EQ(menu._orvinruntime.ipkey, c.iepkey);
+        EXPECT_EQ(menu.ipkeyreal, c.iepkey);
+        EXPECT_EQ(menu.iskey, c.ieskey);
+        EXPECT_EQ(menu._orvinruntime.idomain, 5);
+        EXPECT_EQ(menu._orvinruntime.numsmp, 3);
+        EXPECT_EQ(menu._orvinruntime.samprat, 2.0f);
+        EXPECT_EQ(menu._orvinruntime.nth, 60);
+    }
+    EXPECT_THAT(segySortNames(),
+                ElementsAre("FFID", "Source", "Receiver", "CDP Gather", "Stack", "Offset", "In-Line CDP Gather",
+                            "X-Line CDP Gather", "In-Line Stack", "X-Line Stack", "Trace Number"));
+}
+
+TEST_F(SegyLoaderTest, TheMenuGetsItsDisplayDefaults)
+{
+    LoaderParm parm{save(shots({1}))};
+    parm.maxtr = 77;
+    Loaded l(parm);
+    parmmenu menu;
+    std::memset(&menu, 0x55, sizeof menu);
+    l.loader.setMenu(&menu);
+    EXPECT_EQ(menu.idisplay, 0);
+    EXPECT_EQ(menu.iscreens, 1);
+    EXPECT_EQ(menu.icollect, 10);
+    EXPECT_EQ(menu.nens, 77);
+    EXPECT_EQ(menu.clip, 2.0f);
+    EXPECT_EQ(menu.minrange, -3.0f);
+    EXPECT_EQ(menu.maxrange, 3.0f);
+    EXPECT_EQ(menu.iskeymod, 2);
+    EXPECT_EQ(menu.iskeyinc, 25);
+    EXPECT_EQ(menu.irange, 1);
+    EXPECT_EQ(menu.iplotheader, -1);
+    EXPECT_EQ(menu.iscale, 1);
+    EXPECT_EQ(menu.ireset, 1);
+    EXPECT_EQ(menu.moveup, 1);
+    EXPECT_EQ(menu.iagc, 0x55555555) << "what isn't told stays";
+}
+
+TEST_F(SegyLoaderTest, TheCapacityComesFromUserReelAndAuxiliaryTraces)
+{
+    static const struct {
+        int maxtr, ntrc, naux, expected;
+    } cases[] = {{0, 0, 0, 5000}, {100, 0, 2, 102}, {0, 48, 0, 48}, {0, 48, 2, 50},
+                 {0, -5, 0, 5000}, {0, -5, 8, 3},   {100, 48, -7, 100}};
+    for (const auto& c : cases) {
+        SegyBuilder file = shots({1});
+        file.put<int16_t>(3212, int16_t(c.ntrc));
+        file.put<int16_t>(3214, int16_t(c.naux));
+        LoaderParm parm{save(file)};
+        parm.maxtr = c.maxtr;
+        Loaded l(parm);
+        ASSERT_TRUE(l.open().isGood);
+        EXPECT_EQ(l.loader.maxTraces(), c.expected) << c.maxtr << " " << c.ntrc << " " << c.naux;
+    }
+}
+
+TEST_F(SegyLoaderTest, CountAndRateOfTheUserWinOverTheReel)
+{
+    LoaderParm parm{save(shots({2}))};
+    parm.nsamp = 2;
+    parm.srate = 1.5f;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_EQ(l.loader.numSamples(), 2);
+    EXPECT_EQ(l.loader.sampleRate(), 1.5f);
+    EXPECT_EQ(l.loader.getReelHeader()->nsr, 1500);
+    EXPECT_EQ(l.loader.getReelHeader()->nsamp, 2);
+    Loaded own({save(shots({2}))});
+    ASSERT_TRUE(own.open().isGood);
+    EXPECT_EQ(own.loader.sampleRate(), 2.0f);
+}
+
+TEST_F(SegyLoaderTest, ACountAbove32767GivenByTheUserIsKeptWhole)
+{
+    SegyBuilder file(3);
+    file.addTrace(Floats(40000, 0.25f));
+    LoaderParm parm{save(file)};
+    parm.nsamp = 40000;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_EQ(l.loader.numTraces(), 1);
+    EXPECT_EQ(l.loader.numSamples(), 40000);
+    EXPECT_EQ(l.loader.getTraces()[0][39999], 0.25f);
+}
+
+TEST_F(SegyLoaderTest, TheFormatChoiceOverridesTheReel)
+{
+    static const struct {
+        int choice, code;
+    } cases[] = {{0, 3}, {1, 5}, {2, 1}, {3, 2}, {4, 3}, {5, 6}, {6, 4}, {7, 3}};
+    for (const auto& c : cases) {
+        SegyBuilder file = shots({1});
+        file.put<int16_t>(3224, 3);
+        LoaderParm parm{save(file)};
+        parm.iformat = c.choice;
+        Loaded l(parm);
+        ASSERT_TRUE(l.open().isGood);
+        EXPECT_EQ(l.loader.getReelHeader()->format, c.code) << c.choice;
+    }
+}
+
+TEST_F(SegyLoaderTest, AnMsdosFileHasTheOtherByteOrderAndAsciiText)
+{
+    SegyBuilder file(2, 5, false);
+    std::memcpy(file.bytes.data(), "C 1 CLIENT", 10);
+    file.addTrace(Floats{1.5f, 2.5f});
+    file.setHeader<int32_t>(0, 8, 4711);
+    LoaderParm parm{save(file)};
+    parm.itype = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(1.5f));
+    EXPECT_THAT(l.words("FFID    "), ElementsAre(4711));
+    EXPECT_EQ(l.loader.getEbcdic().left(10), "C 1 CLIENT");
+}
+
+TEST_F(SegyLoaderTest, AReelWithoutCountOrRateIsRefusedWithTheBox)
+{
+    static const struct {
+        int nsamp, nsr;
+        float srate;
+        const char* line;
+    } cases[] = {{0, 2000, 0.0f, "\n\nSEGYLOADER: Error, number of samples is less than zero. value=0\n\n"},
+                 {2, 0, 0.0f, "\n\nSEGYLOADER: Error, sample rate is less than zero. value=0\n\n"},
+                 {2, 2000, 1e-7f, "\n\nSEGYLOADER: Error, sample rate is less than zero. value=0\n\n"}};
+    for (const auto& c : cases) {
+        SegyBuilder file(c.nsamp);
+        file.put<int16_t>(3216, int16_t(c.nsr));
+        file.addTrace(Floats{1, 2});
+        LoaderParm parm{save(file)};
+        parm.srate = c.srate;
+        Loaded l(parm);
+        EXPECT_FALSE(l.open().isGood);
+        EXPECT_TRUE(l.report.has(c.line)) << l.report.text;
+        EXPECT_THAT(l.report.boxes, ElementsAre("SEGY Reel Header Problem: "
+                                                "There was a problem while reading the SEGY reel header.\n\n"
+                                                "Is this MSDOS SEGY format?\n\n"
+                                                "Check standard error file for complete error message."));
+        EXPECT_FALSE(l.loader.isOpen());
+        EXPECT_EQ(l.loader.getReelHeader(), nullptr);
+        EXPECT_TRUE(l.loader.loadNextEnsemble(1));
+        EXPECT_EQ(l.loader.numTraces(), 0);
+    }
+}
+
+TEST_F(SegyLoaderTest, AMissingOrShortFileIsRefusedWithItsLine)
+{
+    Loaded missing({"/no/such/file"});
+    EXPECT_FALSE(missing.open().isGood);
+    EXPECT_EQ(missing.report.text, "\nsegyData2: open error=No such file or directory\n\n"
+                                   "SegyLoader: Error while opening file: /no/such/file.\n");
+    SegyBuilder file(3);
+    file.bytes.resize(100);
+    Loaded shortFile({save(file)});
+    EXPECT_FALSE(shortFile.open().isGood);
+    EXPECT_TRUE(shortFile.report.has("SegyLoader: Error while reading reel headers.\n"));
+    EXPECT_TRUE(shortFile.report.boxes.empty());
+}
+
+TEST_F(SegyLoaderTest, OfTwoFilesOnlyTheSecondIsReadAndTheFirstOnesReelIsForgotten)
+{
+    SegyBuilder first = shots({1});
+    first.put<int16_t>(3216, 8000);
+    first.put<int16_t>(3212, 9);
+    SegyBuilder second(2);
+    second.addTrace(Floats{91, 92});
+    const std::string names = save(first, "1.sgy") + "," + save(second, "2.sgy") + ",";
+    Loaded l({names});
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_EQ(l.loader.numSamples(), 2);
+    EXPECT_EQ(l.loader.sampleRate(), 2.0f);
+    EXPECT_EQ(l.loader.maxTraces(), 5000);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(91));
+    LoaderParm withUser{names};
+    withUser.nsamp = 1;
+    withUser.maxtr = 4;
+    Loaded user(withUser);
+    ASSERT_TRUE(user.open().isGood);
+    EXPECT_EQ(user.loader.numSamples(), 1);
+    EXPECT_EQ(user.loader.maxTraces(), 4);
+}
+
+TEST_F(SegyLoaderTest, AuxiliaryTracesOfSeveralFilesAreNotAddedUp)
+{
+    SegyBuilder file = shots({1});
+    file.put<int16_t>(3214, 2);
+    const std::string name = save(file);
+    LoaderParm parm{name + "," + name};
+    parm.maxtr = 100;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_EQ(l.loader.maxTraces(), 102);
+}
+
+TEST_F(SegyLoaderTest, TheFirstBadFileOfAListEndsIt)
+{
+    Loaded l({save(shots({1})) + ",/no/such/file"});
+    EXPECT_FALSE(l.open().isGood);
+    EXPECT_EQ(l.loader.currentFile(), "/no/such/file");
+}
+
+TEST_F(SegyLoaderTest, AFileNameWithACommaGetsAClearMessage)
+{
+    const std::string name = save(shots({1}), "line 1, part 2.sgy");
+    Loaded l({name});
+    EXPECT_FALSE(l.open().isGood);
+    ASSERT_EQ(l.report.boxes.size(), 1u);
+    EXPECT_NE(l.report.boxes[0].find("A file name with a comma can't be in the list of files."), std::string::npos);
+    EXPECT_NE(l.report.boxes[0].find(name), std::string::npos);
+}
+
+TEST_F(SegyLoaderTest, TheLongestRunOfAStackRaisesTheCapacity)
+{
+    // CHAN of a stack: 1 2 3 1 2 | 1 2 3 4: a new run starts where it falls
+    SegyBuilder file(1);
+    const int channels[] = {1, 2, 3, 1, 2, 1, 2, 3, 4};
+    for (int i = 0; i < 9; ++i) {
+        file.addTrace(Floats{float(i)});
+        file.setHeader<int32_t>(size_t(i), 12, channels[i]);
+    }
+    LoaderParm parm{save(file)};
+    parm.isort = 5;
+    parm.maxtr = 1;
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    // 2 at the first fall (the first run counts from 0, later ones from 1), 2, then 4
+    EXPECT_EQ(l.loader.maxTraces(), 4);
+}
+
+TEST_F(SegyLoaderTest, TheLastPrimaryRunDoesNotRaiseTheCapacity)
+{
+    LoaderParm parm{save(shots({2, 3, 6}))};
+    parm.maxtr = 1;
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_EQ(l.loader.maxTraces(), 3);
+    l.loader.seekEnsemble(30);
+    EXPECT_EQ(l.loader.numTraces(), 3);
+}
+
+TEST_F(SegyLoaderTest, AnIndexedTraceIsReadWithItsWords)
+{
+    LoaderParm parm{save(shots({3}))};
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    Floats data(60 + 3);
+    EXPECT_EQ(l.loader.seekTraceConverted(1, data.data(), false), 252);
+    int channel;
+    std::memcpy(&channel, &data[0], 4);
+    EXPECT_EQ(channel, 2);
+    EXPECT_EQ(data[1], 50.0f);
+    EXPECT_THAT(Floats(data.begin() + 60, data.end()), ElementsAre(12.0f, 0.5f, -0.5f));
+    EXPECT_EQ(l.loader.seekTraceConverted(3, data.data(), false), 0);
+}
+
+TEST_F(SegyLoaderTest, TheRemapWinsOverTheStandardMappingInMapAndEnsemble)
+{
+    SegyBuilder file = shots({2, 2});
+    LoaderParm parm{save(file)};
+    parm.isort = 4;
+    parm.iremap = 1;
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    l.loader.setRemapTable(1, remapTableFromText("CDP,4I,IEEE,1"));
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_THAT(l.loader.priList(), ElementsAre("1", "2", "3", "4"));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_EQ(l.word(0, "CDP     "), 1);
+    EXPECT_EQ(l.loader.applyRemap(), 1);
+}
+
+TEST_F(SegyLoaderTest, ATableWithoutUsableRowsSwitchesTheRemapOff)
+{
+    LoaderParm parm{save(shots({1}))};
+    parm.iremap = 1;
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    l.loader.setRemapTable(1, remapTableFromText("CDP,4I,IEEE,300"));
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_EQ(l.loader.applyRemap(), 0);
+    EXPECT_TRUE(l.loader.remapTable().isEmpty());
+}
+
+TEST_F(SegyLoaderTest, EachThingTakenForGrantedIsOneLineWithCountAndFirstTrace)
+{
+    SegyBuilder file = shots({4});
+    for (size_t i = 0; i < 4; ++i) {
+        file.setHeader<int32_t>(i, 36, 0);
+        file.setHeader<int16_t>(i, 70, i == 2 ? 0 : -10);
+        file.setHeader<int16_t>(i, 68, 1);
+        if (i >= 1) file.setHeader<int16_t>(i, 108, -200);
+    }
+    file.setHeader<int16_t>(3, 28, 2);
+    file.put<int16_t>(3224, 8);
+    LoaderParm parm{save(file)};
+    parm.icscale = parm.iescale = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_THAT(l.report.assumptions,
+                ElementsAre("SegyLoader: sample format code 8 is unknown: samples are taken as 4-byte IEEE"));
+    l.report.assumptions.clear();
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(
+        l.report.assumptions,
+        ElementsAre(
+            "SegyLoader: trace id other than 1 in 1 of 4 traces, first in trace 4 (2): not counted as live traces",
+            "SegyLoader: coordinate scalar 0 in 1 of 4 traces, first in trace 3 (0): coordinates become 0",
+            "SegyLoader: recording delay in ms in 3 of 4 traces, first in trace 2 (-200): the time axis leaves it out",
+            "SegyLoader: empty offset in 4 of 4 traces, first in trace 1 (0): all traces are taken to be at offset 0"));
+}
+
+TEST_F(SegyLoaderTest, AScalarOfZeroIsNotMentionedWhereItIsNotApplied)
+{
+    Loaded l({save(shots({2}))});
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.report.assumptions, ElementsAre());
+}
+
+TEST_F(SegyLoaderTest, ACutLastTraceIsMentioned)
+{
+    SegyBuilder file = shots({2});
+    file.bytes.resize(file.bytes.size() - 4);
+    Loaded l({save(file)});
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_TRUE(l.report.hasAssumed("1 trace is cut by the end of the file, trace 2 (248 bytes of 252)"));
+}
+
+TEST_F(SegyLoaderTest, ABackgroundBuildLeavesTheEnsembleAndThenNextGoesOnFromIt)
+{
+    // file order 20, 10, 30: the ensemble on screen is the list's second entry
+    SegyBuilder file(1);
+    for (int ffid : {20, 20, 10, 30}) {
+        file.addTrace(Floats{float(ffid)});
+        file.setHeader<int32_t>(file.traceStarts.size() - 1, 8, ffid);
+    }
+    Loaded l({save(file)});
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(20, 20));
+    int nBuilt = 0;
+    QObject::connect(&l.loader, &SegyLoader::indexBuilt, [&] { ++nBuilt; });
+    ASSERT_NE(l.loader.startIndexBuild(), nullptr);
+    EXPECT_FALSE(l.loader.isIndexBuilt());
+    EXPECT_FALSE(l.loader.canSeek());
+    waitForIndex(&l.loader);
+    EXPECT_EQ(nBuilt, 1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(20, 20)) << "what is on screen stays";
+    EXPECT_EQ(l.loader.priCurKey(), 1);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(30));
+    EXPECT_TRUE(l.loader.loadLastEnsemble(2));
+    EXPECT_THAT(l.firstSamples(), ElementsAre(10));
+}
+
+TEST_F(SegyLoaderTest, ReadingGoesOnWhileTheIndexIsBuilt)
+{
+    Loaded l({save(shots(std::vector<int>(200, 5)))});
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.startIndexBuild();
+    for (int shot = 1; shot <= 50; ++shot) {
+        l.loader.loadNextEnsemble(1);
+        ASSERT_EQ(l.loader.numTraces(), 5);
+        ASSERT_EQ(l.loader.getTraces()[0][0], float(10 * shot + 1));
+    }
+    waitForIndex(&l.loader);
+    EXPECT_EQ(l.loader.priCurKey(), 49);
+    EXPECT_EQ(l.loader.numEnsembles(), 200);
+}
+
+TEST_F(SegyLoaderTest, ASortChangedDuringTheBuildIsTheOneThatCounts)
+{
+    Loaded l({save(shots({2, 3}))});
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    l.loader.startIndexBuild();
+    l.loader.buildNewSort(11);
+    waitForIndex(&l.loader);
+    EXPECT_EQ(l.loader.numEnsembles(), 5);
+    EXPECT_EQ(l.loader.priCurKey(), 0);
+}
+
+TEST_F(SegyLoaderTest, ALoaderThatGoesDuringABuildStopsIt)
+{
+    const std::string name = save(shots(std::vector<int>(300, 20)));
+    for (int i = 0; i < 20; ++i) {
+        auto l = std::make_unique<Loaded>(LoaderParm{name});
+        ASSERT_TRUE(l->open().isGood);
+        l->loader.startIndexBuild();
+        l.reset();
+    }
+    QCoreApplication::processEvents();
+}
+
+TEST_F(SegyLoaderTest, TheSignalTellsTheViewsToReadAnew)
+{
+    for (int indexbuilt : {0, 1}) {
+        LoaderParm parm{save(shots({1}))};
+        parm.indexbuilt = indexbuilt;
+        Loaded l(parm);
+        int nSignals = 0;
+        QObject::connect(&l.loader, &SegyLoader::reLoadData, [&] { ++nSignals; });
+        EXPECT_FALSE(l.loader.isLoaded());
+        ASSERT_TRUE(l.open().isGood);
+        EXPECT_EQ(nSignals, 1);
+        EXPECT_TRUE(l.loader.isLoaded());
+    }
+}
+
+TEST_F(SegyLoaderTest, HostAttachedTheStandardWordsAreAddedToTheFlow)
+{
+    const GlobalRuntime before = globalRuntime;
+    globalRuntime = {};
+    stHdrClear();
+    LoaderParm parm{save(shots({2}))};
+    parm.isstandalone = false;
+    Loaded l(parm);
+    EXPECT_EQ(l.loader.numHeaderWords(), 60);
+    EXPECT_EQ(stHdrIndex("CDP"), 14);
+    EXPECT_EQ(stHdrIndex("ETA"), 59);
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_EQ(l.loader.getHeaders()[1][stHdrIndex("CHAN")], 2);
+    globalRuntime.nth = 33;
+    Loaded second(parm);
+    EXPECT_EQ(second.loader.numHeaderWords(), 33) << "a host that counts its words is believed";
+    ASSERT_TRUE(second.open().isGood);
+    second.loader.loadNextEnsemble(1);
+    EXPECT_EQ(second.loader.numTraces(), 2);
+    globalRuntime = before;
+    stHdrClear();
+}
+
+TEST_F(SegyLoaderTest, TheWindowsTableHasAllWords)
+{
+    Loaded l({save(shots({1}))});
+    HeaderTable table;
+    l.loader.fillHeaderTable(&table);
+    EXPECT_EQ(table.count(), 60);
+    EXPECT_EQ(table._headerName[3], "FFID    ");
+    l.loader.saveHeaders();
+}
+
+TEST_F(SegyLoaderTest, AFileWithoutTracesGivesAnEmptyEnsemble)
+{
+    for (int indexbuilt : {0, 1}) {
+        LoaderParm parm{save(SegyBuilder(3))};
+        parm.indexbuilt = indexbuilt;
+        Loaded l(parm);
+        ASSERT_TRUE(l.open().isGood);
+        EXPECT_TRUE(l.loader.loadNextEnsemble(1));
+        EXPECT_EQ(l.loader.numTraces(), 0);
+    }
+}
+
+TEST_F(SegyLoaderTest, ASampleCountBeyondAllMemoryIsRefused)
+{
+    LoaderParm parm{save(shots({1}))};
+    parm.nsamp = 2000000000;
+    Loaded l(parm);
+    EXPECT_FALSE(l.open().isGood);
+    EXPECT_TRUE(l.report.has("SEGYLOADER: Error, number of samples is too large. value=2000000000"));
+}

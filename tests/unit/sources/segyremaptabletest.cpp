@@ -1,0 +1,79 @@
+/// Remap files: one row a line, four fields.
+#include "sources/segyremaptable.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+TEST(SegyRemapTable, EachLineFillsTheRowWithItsNumber)
+{
+    const SegyRemapTable table = remapTableFromText("SOU_SLOC,4I,IEEE,197\n\nCDP     ,4I\r\nFFID,4I,IEEE,9,more");
+    EXPECT_EQ(table.cells[0][0], "SOU_SLOC");
+    EXPECT_EQ(table.cells[0][1], "4I");
+    EXPECT_EQ(table.cells[0][2], "IEEE");
+    EXPECT_EQ(table.cells[0][3], "197");
+    EXPECT_EQ(table.cells[1][0], "");
+    EXPECT_EQ(table.cells[2][0], "CDP     ") << "the name keeps its blanks";
+    EXPECT_EQ(table.cells[2][2], "");
+    EXPECT_EQ(table.cells[3][3], "9");
+}
+
+TEST(SegyRemapTable, AFileOfThirtyLinesFillsTwentyFiveRows)
+{
+    QByteArray text;
+    for (int i = 0; i < 30; ++i) text += "CDP,4I,IEEE," + QByteArray::number(i) + "\n";
+    const SegyRemapTable table = remapTableFromText(text);
+    EXPECT_EQ(table.cells[24][3], "24");
+}
+
+TEST(SegyRemapTable, SavingWritesFilledRowsInUpperCase)
+{
+    SegyRemapTable table;
+    table.cells[1] = {"sou_x", "4r", "ibm", "73"};
+    table.cells[2] = {"cdp", "", "ieee", "21"};
+    table.cells[3] = {"cdp", "4i", "", "21"};
+    table.cells[4] = {"", "4i", "ieee", "21"};
+    table.cells[5] = {"cdp", "4i", "ieee", ""};
+    EXPECT_EQ(remapTableToText(table), "SOU_X,4R,IBM,73\nCDP,4I,,21\n");
+}
+
+TEST(SegyRemapTable, AFileComesBackAsItWasSaved)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.remap");
+    SegyRemapTable table, back;
+    table.cells[0] = {"SOU_SLOC", "4I", "IEEE", "197"};
+    table.cells[1] = {"CDP     ", "A10", "IEEE", "30"};
+    QString error;
+    ASSERT_EQ(writeRemapFile(path, table, &error), 1) << error.toStdString();
+    ASSERT_EQ(readRemapFile(path, &back, &error), 1) << error.toStdString();
+    EXPECT_TRUE(back == table);
+    EXPECT_FALSE(back.isEmpty());
+}
+
+TEST(SegyRemapTable, AFailureTellsWhyAndKeepsTheTable)
+{
+    SegyRemapTable table;
+    table.cells[0][0] = "CDP";
+    const SegyRemapTable before = table;
+    QString error;
+    EXPECT_EQ(readRemapFile("/no/such/file", &table, &error), 0);
+    EXPECT_EQ(error, "No such file or directory");
+    EXPECT_TRUE(table == before);
+    EXPECT_EQ(writeRemapFile("/no/such/folder/file", table, &error), 0);
+    EXPECT_EQ(error, "No such file or directory");
+}
+
+TEST(SegyRemapTable, OnlyTheStartOfAHugeFileIsRead)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("huge"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(1 << 20, 'x'));
+    file.close();
+    SegyRemapTable table;
+    QString error;
+    ASSERT_EQ(readRemapFile(file.fileName(), &table, &error), 1);
+    EXPECT_EQ(table.cells[0][0].size(), 1 << 16);
+}
