@@ -8,43 +8,67 @@
 #include "tracedata/seismicdata.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
+
+#include <emmintrin.h>
 
 static constexpr int nLanes = 8;
 typedef float FloatLanes __attribute__((vector_size(nLanes * sizeof(float))));
 typedef int IntLanes __attribute__((vector_size(nLanes * sizeof(int))));
 typedef double DoubleLanes __attribute__((vector_size(nLanes * sizeof(double))));
 
-/// The sums run in as many lanes as there are samples in one step, and these are added at the end: the
-/// order is always the same. Skipped samples add 0.
+/// Roots of the squares, in double.
+static inline MERIDUNE_KERNEL DoubleLanes rootsOf(FloatLanes square)
+{
+    const DoubleLanes wide = __builtin_convertvector(square, DoubleLanes);
+    __m128d pairs[nLanes / 2];
+    std::memcpy(pairs, &wide, sizeof pairs);
+    for (__m128d& pair : pairs) pair = _mm_sqrt_pd(pair);
+    DoubleLanes roots;
+    std::memcpy(&roots, pairs, sizeof roots);
+    return roots;
+}
+
+/// Running measures in as many lanes as there are samples in one step, added at the end: the order is always
+/// the same. Samples that don't count add 0.
+struct LaneMeasure {
+    IntLanes counts{};
+    FloatLanes least = FloatLanes{} + nullValue, largest = FloatLanes{} - nullValue;
+    DoubleLanes sums{}, roots{};
+};
+
+static inline MERIDUNE_KERNEL void addLanes(FloatLanes v, LaneMeasure* measure)
+{
+    const IntLanes counted = (v - v == 0.0f) & (v != 0.0f);
+    measure->counts -= counted;
+    measure->least = counted & (v < measure->least) ? v : measure->least;
+    measure->largest = counted & (v > measure->largest) ? v : measure->largest;
+    v = counted ? v : FloatLanes{};
+    const FloatLanes magnitude = v < 0.0f ? -v : v;
+    measure->sums += __builtin_convertvector(magnitude, DoubleLanes);
+    measure->roots += rootsOf(v * v);
+}
+
 static inline MERIDUNE_KERNEL TraceMeasure measureKernel(const float* trace, int n)
 {
-    TraceMeasure measure;
-    IntLanes counts{};
-    FloatLanes least = FloatLanes{} + measure.minimum, largest = FloatLanes{} + measure.maximum;
-    DoubleLanes sums{}, roots{};
-    for (int i = 0; i < n; i += nLanes) {
-        FloatLanes v{};
-        std::memcpy(&v, trace + i, std::min(nLanes, n - i) * sizeof(float));
-        const IntLanes counted = (v - v == 0.0f) & (v != 0.0f);
-        counts -= counted;
-        v = counted ? v : FloatLanes{};
-        const FloatLanes magnitude = v < 0.0f ? -v : v;
-        const FloatLanes square = v * v;
-        sums += __builtin_convertvector(magnitude, DoubleLanes);
-        DoubleLanes root = __builtin_convertvector(square, DoubleLanes);
-        for (int lane = 0; lane < nLanes; ++lane) root[lane] = std::sqrt(root[lane]);
-        roots += root;
-        least = counted & (v < least) ? v : least;
-        largest = counted & (v > largest) ? v : largest;
+    LaneMeasure lanes;
+    FloatLanes v;
+    int i = 0;
+    for (; i + nLanes <= n; i += nLanes) {
+        std::memcpy(&v, trace + i, sizeof v);
+        addLanes(v, &lanes);
     }
+    v = FloatLanes{};
+    for (int lane = 0; i < n; ++i, ++lane) v[lane] = trace[i];
+    addLanes(v, &lanes);
+
+    TraceMeasure measure;
     for (int lane = 0; lane < nLanes; ++lane) {
-        measure.n += counts[lane];
-        measure.sum1 += sums[lane];
-        measure.sum2 += roots[lane];
-        measure.minimum = std::min(measure.minimum, least[lane]);
-        measure.maximum = std::max(measure.maximum, largest[lane]);
+        measure.n += lanes.counts[lane];
+        measure.sum1 += lanes.sums[lane];
+        measure.sum2 += lanes.roots[lane];
+        measure.minimum = std::min(measure.minimum, lanes.least[lane]);
+        measure.maximum = std::max(measure.maximum, lanes.largest[lane]);
     }
     return measure;
 }

@@ -73,7 +73,8 @@ static int linearShift(const RasterParm& parm, int tr)
 {
     if (parm.moveout != 1 || !(parm.velocity > 0.0f) || !parm.offsets) return 0;
     const double dt = parm.sampleRate / 1000.0;
-    return wholeOf(std::fabs(parm.offsets[tr]) / parm.velocity / dt);
+    // in double: 100 / 5000 s at 2 ms is 10 samples, in single precision it falls just short of them
+    return wholeOf(std::fabs(double(parm.offsets[tr])) / parm.velocity / dt);
 }
 
 void TraceRaster::collectColumns(const RasterParm& parm, const RasterWindow& window, TraceTap* tap)

@@ -107,9 +107,9 @@ ReferencePicture referenceRender(const RasterParm& parm)
         double q = 0.0;
         const bool hyperbolic = parm.moveout == 2 && parm.velocity > 0.0f;
         if (parm.moveout != 0 && parm.velocity > 0.0f) {
-            const float offs = parm.offsets ? std::fabs(parm.offsets[tr]) : 0.0f;
+            const double offs = parm.offsets ? std::fabs(double(parm.offsets[tr])) : 0.0;
             if (parm.moveout == 1) shift = cut((offs / parm.velocity) / dt);
-            if (parm.moveout == 2) q = double(offs) * offs / (double(parm.velocity) * parm.velocity);
+            if (parm.moveout == 2) q = offs * offs / (double(parm.velocity) * parm.velocity);
         }
         result.shifts[i] = shift - parm.bulkshift;
         int start = firstSample + result.shifts[i];
