@@ -8,4 +8,27 @@
 /// Copies nBytes: what this machine's memory gives.
 void plainCopy(void* to, const void* from, size_t nBytes);
 
+// Trace raster.
+
+/// Eight-point resampling to nOut rows by a table of 513 fractions: the samples stand from padded + 16 on, a
+/// sample every 1 / step rows.
+void plainResample(const float* padded, double step, const float (*taps)[8], int nOut, float* out);
+/// A plain picture of resampled traces, out[row + trace * stride], pixPerTrace apart from xbase on.
+struct PlainPicture {
+    const float* out;
+    size_t stride;
+    int nTraces, width, height, xbase, clipPix;
+    float pixPerTrace;
+    unsigned* pixels;
+};
+/// Colours by a table that runs from maxValue down in steps of increment.
+void plainColor(const PlainPicture& picture, const unsigned* table, int nColors, double maxValue, double increment);
+/// Variable area and wiggle, row by row.
+void plainWiggle(const PlainPicture& picture);
+
+// Conditioning.
+
+/// Copies nTraces traces of nSamples and takes each through a transform of length n and back, all in FFTW.
+void plainTransforms(const float* in, int nTraces, int nSamples, int n, float* out);
+
 #endif

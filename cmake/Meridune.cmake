@@ -50,6 +50,8 @@ function(meridune_library name)
     add_library(${name} STATIC ${sources})
     target_link_libraries(${name} PUBLIC ${ARGN} OpenMP::OpenMP_CXX)
     set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+    # moc isn't asked again for sources that a later configure has found.
+    file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
 endfunction()
 
 # meridune_widget_library(NAME DEPENDS...): the same with Qt's widgets, moc and the precompiled headers.

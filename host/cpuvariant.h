@@ -14,7 +14,10 @@ bool hasCpuV3();
 
 /// Write the loop as a `static inline MERIDUNE_KERNEL` function, call it from two thin ones, the second
 /// marked MERIDUNE_V3, and choose between these two by cpuVariant().
+///
+/// The fused multiply-add is switched off by name: g++ 12 fuses products with alternating sums and
+/// differences (complex products) even under -ffp-contract=off.
 #define MERIDUNE_KERNEL __attribute__((always_inline))
-#define MERIDUNE_V3 __attribute__((target("arch=x86-64-v3")))
+#define MERIDUNE_V3 __attribute__((target("arch=x86-64-v3,no-fma")))
 
 #endif

@@ -1,0 +1,62 @@
+/// The canvas of a seismic plot: paints from a picture of its own in device pixels, or shows a stored one.
+#ifndef MYQWTPLOTCANVAS_H
+#define MYQWTPLOTCANVAS_H
+
+#include <qwt_plot_canvas.h>
+
+#include <QPixmap>
+#include <QRect>
+
+class QBitmap;
+class QImage;
+
+class MyQwtPlotCanvas : public QwtPlotCanvas
+{
+    Q_OBJECT
+
+public:
+    explicit MyQwtPlotCanvas(QwtPlot* plot = nullptr);
+
+    /// A stored picture and the part of it to show; lent, must live while it is shown.
+    void setImage(QImage* image, const QRect& r);
+    void setPixmap(QPixmap* pixmap, const QRect& r);
+    void setBitmap(QBitmap* bitmap, const QRect& r);
+    /// Which of them is shown: 0 image, 1 pixmap, 2 bitmap, -1 normal painting.
+    void setImageType(int type) { _typeImage = type; }
+    /// The next paint shows the stored picture, once.
+    void setShowImage(bool show) { _show = show; }
+
+    /// The next paint renders the plot anew.
+    void invalidatePicture() { _pictureIsValid = false; }
+
+    /// How often the plot was rendered since the canvas was made: a repaint that only uncovers doesn't count.
+    int renderCount() const { return _renderCount; }
+
+public slots:
+    /// Called by the plot's replot, by name.
+    void replot();
+
+signals:
+    /// The plot was rendered and is on the screen.
+    void rendered();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    bool paintStored();
+    void render();
+
+    QImage* _image = nullptr;    // lent
+    QPixmap* _pixmap = nullptr;  // lent
+    QBitmap* _bitmap = nullptr;  // lent
+    QRect _r;
+    int _typeImage = -1;
+    bool _show = false;
+    QPixmap _picture;
+    bool _pictureIsValid = false;
+    int _renderCount = 0;
+};
+
+#endif

@@ -1,0 +1,16 @@
+/// Numbers to pixels and samples, safe for any input.
+#ifndef RASTERNUMBER_H
+#define RASTERNUMBER_H
+
+#include <climits>
+
+/// The value cut to whole, the integer range's ends beyond it, 0 for NaN.
+inline int wholeOf(double value)
+{
+    if (!(value == value)) return 0;
+    if (value >= double(INT_MAX)) return INT_MAX;
+    if (value <= double(INT_MIN)) return INT_MIN;
+    return int(value);
+}
+
+#endif

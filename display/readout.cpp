@@ -1,0 +1,54 @@
+#include "display/readout.h"
+
+#include "display/headeraxis.h"
+
+#include <algorithm>
+#include <cmath>
+
+/// Truncates to int inside [least, largest]; NaN gives least.
+static int clampedInt(double value, int least, int largest)
+{
+    if (!(value > least)) return least;
+    return value < largest ? int(value) : largest;
+}
+
+ReadoutPosition readoutPosition(const ReadoutFrame& frame, double x, double y)
+{
+    ReadoutPosition at;
+    if (frame.nTraces < 1 || frame.nSamples < 1) return at;
+    const double tn = std::trunc(x + 0.5);
+    at.column = clampedInt(tn, 1, frame.nTraces);
+    at.trace = clampedInt(frame.rightToLeft ? frame.nTraces + 1 - tn : tn, 1, frame.nTraces) - 1;
+
+    const int last = frame.nSamples - 1;
+    if (!frame.isSlice) {
+        const int onAxis = clampedInt(y / frame.rate, frame.firstSample, frame.firstSample + last);
+        at.sample = onAxis - frame.firstSample;
+        at.position = std::trunc(onAxis * frame.rate);
+    } else if (frame.timeDirection) {
+        at.sample = clampedInt(y, 0, last);
+        at.position = std::trunc(at.sample * frame.rate) + frame.sliceStart;
+    } else {
+        at.sample = clampedInt(frame.nSamples - std::trunc(y), 0, last);
+        at.position = std::trunc(at.sample * frame.rate) + frame.nSamples + frame.sliceStart - 2.0 * at.sample;
+    }
+    return at;
+}
+
+static QString keyText(const KeyColumn& column, int i)
+{
+    const float value = size_t(i) < column.values.size() ? column.values[i] : 0.0f;
+    return column.name + ": " + QString("%1").arg(double(value), 8, 'g', 6);
+}
+
+QString readoutText(const ReadoutPosition& at, const KeyColumn& primary, const KeyColumn& secondary,
+                    const QString& axisTitle)
+{
+    return keyText(primary, at.column) + "     " + keyText(secondary, at.column) + "     " + axisTitle + ": " +
+           QString("%1").arg(at.position, 6, 'g', 6);
+}
+
+QString amplitudeText(const QString& label, float value)
+{
+    return "     " + label + ": " + QString("%1").arg(double(value), 10, 'g', 6);
+}

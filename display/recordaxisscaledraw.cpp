@@ -1,0 +1,73 @@
+#include "display/recordaxisscaledraw.h"
+
+#include <QPainter>
+#include <QString>
+#include <qwt_text.h>
+
+#include <cmath>
+
+void RecordAxisScaleDraw::setAxisArray(const float* values, int num, char type)
+{
+    _values = values;
+    _num = num;
+    _type = type;
+    invalidateCache();
+}
+
+void RecordAxisScaleDraw::setMethod(int method, int incr)
+{
+    _method = method;
+    _incr = incr;
+    invalidateCache();
+}
+
+void RecordAxisScaleDraw::setFake(bool on)
+{
+    _isFake = on;
+    invalidateCache();
+}
+
+void RecordAxisScaleDraw::setPlotDirection(int direction)
+{
+    _plotDirection = direction;
+    invalidateCache();
+}
+
+float RecordAxisScaleDraw::getElement(float position) const
+{
+    const bool isInside = _values && position >= 1.0f && position < float(_num) + 1.0f;
+    return isInside ? _values[int(position)] : 0.0f;
+}
+
+/// A whole number out of a header value, which may be anything.
+static long long wholeValue(float value)
+{
+    return std::fabs(value) < 9.0e18f ? static_cast<long long>(value) : 0;
+}
+
+QwtText RecordAxisScaleDraw::label(double value) const
+{
+    if (_isFake) return QwtText("0");
+    if (!_values || !(value >= 1.0) || !(value < _num + 1.0)) return QwtText();
+    const int i = int(value);
+    if (_method == 1 && _incr > 0 && wholeValue(_values[i]) % _incr != 0) return QwtText();
+    if (_method == 3 && i > 1 && _values[i] == _values[i - 1]) return QwtText();
+    return QwtText(_type == 'I' ? QString::number(wholeValue(_values[i])) : QString::number(_values[i], 'g', 6));
+}
+
+void RecordAxisScaleDraw::drawLabel(QPainter* painter, double value) const
+{
+    const bool isVertical = _plotDirection == TopToBottom || _plotDirection == BottomToTop;
+    if (!isVertical) {
+        QwtScaleDraw::drawLabel(painter, value);
+        return;
+    }
+    const QwtText text = tickLabel(painter->font(), value);
+    if (text.isEmpty()) return;
+    const QSizeF size = text.textSize(painter->font());
+    painter->save();
+    painter->translate(labelPosition(value));
+    painter->rotate(-90.0);
+    text.draw(painter, QRectF(QPointF(0.0, -size.height() / 2.0), size));
+    painter->restore();
+}

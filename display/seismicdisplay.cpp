@@ -1,0 +1,339 @@
+#include "display/seismicdisplay.h"
+
+#include "display/axisdrag.h"
+#include "display/colorbarframe.h"
+#include "display/displayhost.h"
+#include "display/myqwtplotcanvas.h"
+#include "display/myqwtplotmagnifier.h"
+#include "display/myqwtplotpanner.h"
+#include "display/myqwtplotzoomer.h"
+#include "display/recordaxisscaledraw.h"
+#include "display/seismicaxisscaledraw.h"
+#include "display/seismicplot.h"
+#include "host/report.h"
+#include "sources/segyheader.h"
+#include "tracedata/headertable.h"
+#include "tracedata/parmmenu.h"
+#include "tracedata/seismicdata.h"
+#include "tracedata/seismicheader.h"
+
+#include <QStatusBar>
+#include <qwt_plot_layout.h>
+
+#include <algorithm>
+#include <cmath>
+
+constexpr int sliceDomain = 8;
+constexpr int stackType = 7;
+
+SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar* statusbar,
+                               QStatusBar* controlStatus, bool enableLeft, bool enableRight, int windowNumber,
+                               DisplayHost* host)
+    : MyQwtPlot(parent), _title(title), _statusbar(statusbar), _controlStatus(controlStatus), _host(host),
+      _zoomLink(host), _windowNumber(windowNumber), _seismicdata(std::make_unique<SeismicData>()),
+      _seismicplot(new SeismicPlot(this, _seismicdata.get(), title))
+{
+    setObjectName("SeismicDisplay");
+    _seismicdata->setHeaderTable(host ? host->headerTable() : nullptr);
+    setCanvasBackground(Qt::white);
+    makeAxes(enableLeft, enableRight);
+    _seismicplot->attach(this);
+    makeMouseTools();
+    setZoom(true);
+}
+
+SeismicDisplay::~SeismicDisplay() = default;
+
+void SeismicDisplay::makeAxes(bool enableLeft, bool enableRight)
+{
+    _recordaxis = new RecordAxisScaleDraw;
+    _seismicaxisl = new SeismicAxisScaleDraw;
+    _seismicaxisr = new SeismicAxisScaleDraw;
+    setAxisScaleDraw(xTop, _recordaxis);
+    setAxisScaleDraw(yLeft, _seismicaxisl);
+    setAxisScaleDraw(yRight, _seismicaxisr);
+    enableAxis(xTop, true);
+    enableAxis(xBottom, false);
+    enableVerticalAxis(enableLeft, enableRight);
+    setAxisTitle("Time (msec)");
+    // Maps of the disabled axes follow the canvas, so nothing may stand between it and the scales.
+    plotLayout()->setAlignCanvasToScales(true);
+    plotLayout()->setCanvasMargin(0);
+    for (const int axis : {yLeft, yRight}) axisWidget(axis)->setMargin(0);
+    axisWidget(xTop)->setMargin(0);
+}
+
+void SeismicDisplay::setColorBar(ColorBarFrame* bar)
+{
+    _seismicplot->setColorBar(bar);
+}
+
+void SeismicDisplay::setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others)
+{
+    _zoomLink.setLists(displays, others);
+}
+
+/// Truncates ms to whole samples inside [0, largest].
+static int samplesOf(int ms, float rate, int largest)
+{
+    if (!(rate > 0.0f)) return 0;
+    return int(std::clamp(std::trunc(double(float(ms) / rate)), 0.0, double(largest)));
+}
+
+void SeismicDisplay::setTimeWindow()
+{
+    const int whole = _menu->_orvinruntime.numsmp;
+    _stime = 0;
+    _etime = whole;
+    if (_menu->stime != 0 || _menu->etime != 0) {
+        _stime = samplesOf(_menu->stime, _samprat, whole);
+        if (_menu->etime != 0) _etime = samplesOf(_menu->etime, _samprat, whole);
+    }
+    _etime = std::max(_etime, _stime);
+    _numsmp = _etime - _stime;
+}
+
+void SeismicDisplay::setNewData()
+{
+    const orvinRuntimeStruct& runtime = _menu->_orvinruntime;
+    _samprat = runtime.samprat;
+    _maxdtr = runtime.maxdtr;
+    _nth = runtime.nth;
+    _istack = runtime.idtyp;
+    _isStacked = _istack == stackType;
+    setTimeWindow();
+    _seismicdata->setSampleRate(_samprat);
+    _seismicdata->setNumSamples(_numsmp);
+    _seismicdata->setNumHeaderWords(_nth);
+    _axisDrag->setSampleRate(_samprat);
+}
+
+void SeismicDisplay::setMenu(parmmenu* menu)
+{
+    _menu = menu;
+    _isTrevia = menu->dotrevia;
+    _seismicplot->setTrevia(menu->dotrevia != 0);
+    setNewData();
+    _seismicplot->setNormalization(menu->iscale == 1   ? Normalize::Trace
+                                   : menu->iscale == 2 ? Normalize::Dataset
+                                                       : Normalize::None);
+    const bool isColor = menu->idisplay == ColorB || menu->idisplay == ColorWiggle;
+    const auto setRange = [this, menu, isColor] {
+        if (menu->irange == 0)
+            _seismicplot->setRange(menu->minrange, menu->maxrange);
+        else if (isColor)
+            _seismicplot->setRange(-3.0f, 3.0f);
+        else
+            return;
+        _seismicplot->setAutoGain(false);
+    };
+    setRange();
+    _seismicplot->setDisplayType(DisplayType(menu->idisplay));
+    setRange();  // the display type has its own idea of the range; the user's stays in force
+    _seismicplot->setPlotDirection(PlotDirection(menu->idirection));
+    _recordaxis->setPlotDirection(menu->idirection);
+
+    _ctaxis = "Time (msec)";
+    _idomain = menu->idomain;
+    _seismicplot->setGain(float(menu->igain));
+    if (menu->tpi != 0.0f) {
+        _seismicplot->setAutoTraceSpacing(false);
+        _seismicplot->setTraceSpacing(menu->tpi);
+    }
+    if (menu->ips != 0.0f) {
+        _seismicplot->setAutoSampleSpacing(false);
+        _seismicplot->setSampleSpacing(float((1.0 / menu->ips) / 0.002));
+    }
+    _seismicplot->setClip(menu->clip);
+    _seismicplot->setBias(menu->bias);
+    _seismicplot->applyAGC(menu->iagc != 0, menu->agcwinlen);
+
+    _keys = {menu->ipkey - 1, menu->ipkeyreal - 1, menu->iskey - 1, menu->iskeyreal - 1};
+    _iskeyinc = menu->iskeyinc;
+    _iskeymod = menu->iskeymod;
+    _traceIncrMult = _iskeymod == 2 ? float(_iskeyinc) : 1.0f;
+    _recordaxis->setMethod(_iskeymod, _iskeyinc);
+}
+
+void SeismicDisplay::setNewFile(parmmenu* menu)
+{
+    setMenu(menu);
+    _firstTime = true;
+    _timeZoomOnly = _traceZoomOnly = false;
+}
+
+void SeismicDisplay::setDomain(int domain, int /*startTime*/, int numsmp, float samprat)
+{
+    if (domain != _idomain || domain == sliceDomain) _firstTime = true;
+    _idomain = domain;
+    _samprat = samprat;
+    _menu->_orvinruntime.numsmp = numsmp;
+    _numsmp = numsmp;
+    if (domain != sliceDomain) setTimeWindow();
+    _seismicdata->setSampleRate(_samprat);
+    _axisDrag->setSampleRate(_samprat);
+}
+
+int SeismicDisplay::loadTraces(float** traces, int** heads, int n)
+{
+    if (n < 1) return 0;
+    std::string error;
+    if (!_copy.copy(traces, heads, n, _stime, _numsmp, _nth, &error)) {
+        PrintReport().line(error + "\n");
+        return 0;
+    }
+    _seismicdata->clear();
+    _seismicdata->loadAllTraces(_copy.traces(), _copy.headers(), _numsmp, n);
+    _seismicdata->setPriKey(_keys.pri);
+    _seismicdata->setSecKey(_keys.sec);
+    _seismicdata->setTreviaVersion(_isTrevia - 1);
+    return 1;
+}
+
+/// The vertical axis of a time slice: positions in the other direction than the secondary key runs.
+void SeismicDisplay::setSliceAxis()
+{
+    SeismicHeader* first = _seismicdata->getTraceHeader(0);
+    const int xline = first->headerIndex("XLINE_NO"), iline = first->headerIndex("ILINE_NO");
+    const bool alongXline = _keys.sec == xline;
+    setAxisTitle(alongXline ? "ILINE_NO" : "XLINE_NO");
+    int value = 0;
+    first->headerValue(alongXline ? iline : xline, &value);
+    _dstime = std::fabs(float(value));
+    _timeDirection = value < 0 ? 0 : 1;
+    if (value < 0) _dstime -= float(_numsmp);
+    _seismicaxisl->setStart(_dstime);
+    _seismicaxisr->setStart(_dstime);
+    first->headerFloatValue(first->headerIndex("TFULL_E "), &_sliceTime);
+}
+
+QRectF SeismicDisplay::canvasRectangle() const
+{
+    return canvas()->contentsRect();
+}
+
+void SeismicDisplay::setWholeAxes()
+{
+    _seismicplot->setOutputBuffers(canvasRectangle().toRect());
+    setTraceIncrement(_traceIncr);
+    setTimeIncrement(_timeIncr);
+}
+
+/// The axes have changed the canvas by now, so that the spacings are worked out once more.
+void SeismicDisplay::afterFirstLayout()
+{
+    replot1();
+    updateLayout();
+    setWholeAxes();
+}
+
+int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool replot)
+{
+    if (n < 1) {
+        _lastEnsemble = true;
+        return 0;
+    }
+    if (!(_loadTraces = loadTraces(traces, heads, n))) return 1;
+    _lastEnsemble = false;
+    if (_firstTime && _idomain == sliceDomain && _isTrevia) setSliceAxis();
+    _seismicplot->invalidateImage();
+    _seismicplot->computeNormalizer();
+
+    _shiftTime = double(_stime) * _samprat;
+    _panSamples = double(_numsmp) * _samprat;
+    _panTraces = n + 1.0;
+    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setRange(0.0, 0.0, n, double(_numsmp) * _samprat);
+    if (buildHeaderAxis() != 0) return 1;
+    if (_firstTime) {
+        if (_menu->ips != 0.0f)
+            _seismicplot->setSampleSpacing(float((1.0 / _menu->ips) / (_samprat / 1000.0)));
+        _traceIncr = std::max(_traceIncrMult, 1.0f);
+    }
+    _seismicplot->setSeismicView(0, 0, n, _numsmp, _stime);
+    _seismicplot->setDataLoaded(true);
+    _seismicplot->setOutputBuffers(canvasRectangle().toRect());
+    _seismicplot->setShiftTime(_shiftTime);
+
+    const bool showsWhole = _firstTime || (!isZoomed() && !isPanned());
+    if (showsWhole)
+        setWholeAxes();
+    else if (_timeZoomOnly && !_traceZoomOnly)
+        setTraceIncrement(_traceIncr);
+    setDisplayTitle();
+    if (_firstTime) afterFirstLayout();
+    updateAxes();
+    if (showsWhole && !_zoomBase) setZoomBase();
+    limitPan();
+    _firstTime = false;
+    if (replot) rePlot();
+    emit ensembleShown();
+    return 0;
+}
+
+int SeismicDisplay::saveSeismicData(float** /*traces*/, int** heads, int n)
+{
+    if (!_seismicdata->isChanged()) return 0;
+    const int words = _seismicdata->numHeaderWords();
+    for (int i = 0; i < std::min(n, _seismicdata->traceCount()); ++i)
+        std::copy_n(_seismicdata->getTraceHeaders()[i], words, heads[i]);
+    return 0;
+}
+
+void SeismicDisplay::getSeismicData(float* trace, int* header, int i) const
+{
+    if (i < 0 || i >= _seismicdata->traceCount()) return;
+    std::copy_n(_seismicdata->getTraceValues(i, 0), _seismicdata->sampleCount(), trace);
+    std::copy_n(_seismicdata->getTraceHeaders()[i], _seismicdata->numHeaderWords(), header);
+}
+
+/// Index of a header word by its name, from the host's lists or the SEG-Y mapping.
+static int wordIndex(const SeismicData& data, bool isTrevia, const HeaderTable* table, const char* name)
+{
+    SeismicHeader* first = data.getTraceHeader(0);
+    if (isTrevia) return first->headerIndex(name);
+    SegyHeader header(first->headers(), data.numHeaderWords(), table);
+    header.setTreviaVersion(1);
+    return header.OrvinHeaderIndex(QString(name));
+}
+
+float SeismicDisplay::computeRMS(bool apply)
+{
+    double sum = 0.0;
+    int nLive = 0;
+    const int n = _seismicdata->traceCount(), nSamples = _seismicdata->sampleCount();
+    const int index = n > 0 ? wordIndex(*_seismicdata, _isTrevia != 0,
+                                        _host ? _host->headerTable() : nullptr, "TRC_TYPE")
+                            : -1;
+    for (int i = 0; i < n; ++i) {
+        int type = 0;
+        _seismicdata->getTraceHeader(i)->headerValue(index, &type);
+        if (type != 1) continue;
+        const float* trace = _seismicdata->getTraceValues(i, 0);
+        double roots = 0.0;
+        int count = 0;
+        for (int j = 0; j < nSamples; ++j) {
+            if (trace[j] == 0.0f || !std::isfinite(trace[j])) continue;
+            roots += std::sqrt(double(trace[j] * trace[j]));
+            ++count;
+        }
+        if (count <= 3) continue;
+        sum += roots / count;
+        ++nLive;
+    }
+    const float rms = nLive > 0 ? float(std::max(0.0, sum / nLive)) : 0.0f;
+    if (apply) _seismicplot->setRMS(rms);
+    return rms;
+}
+
+void SeismicDisplay::traceOffsets(const SeismicData& data, int nTraces, float* offsets) const
+{
+    std::fill_n(offsets, nTraces, 0.0f);
+    if (nTraces < 1) return;
+    const int index = wordIndex(data, _isTrevia != 0, _host ? _host->headerTable() : nullptr, "OFFSET  ");
+    for (int i = 0; i < nTraces; ++i) data.getTraceHeader(i)->headerFloatValue(index, &offsets[i]);
+}
+
+void SeismicDisplay::sendPickTraceChange(const float* trace, int start, int n, int tr)
+{
+    if (_host) _host->pickTraceChange(trace, start, n, tr);
+}

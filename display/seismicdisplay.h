@@ -1,0 +1,196 @@
+/// The plot widget of one screen: an ensemble with its axes, read-out, zoom and pan.
+#ifndef SEISMICDISPLAY_H
+#define SEISMICDISPLAY_H
+
+#include "display/ensemblecopy.h"
+#include "display/headeraxis.h"
+#include "display/mousemode.h"
+#include "display/myqwtplot.h"
+#include "display/plotowner.h"
+#include "display/zoomlink.h"
+
+#include <QString>
+
+#include <memory>
+
+class AxisDrag;
+class ColorBarFrame;
+class DisplayHost;
+class MyQwtPlotMagnifier;
+class MyQwtPlotPanner;
+class MyQwtPlotZoomer;
+class QStatusBar;
+class RecordAxisScaleDraw;
+class SeismicAxisScaleDraw;
+class SeismicData;
+class SeismicPlot;
+struct parmmenu;
+
+/// Takes batches of traces, keeps its own copy, and shows it.
+///
+/// The display owns its data, raster item, axes and mouse tools; the parameter record, the colour bar, the
+/// status bars and the host are lent and outlive it. Main thread only.
+class SeismicDisplay : public MyQwtPlot, public PlotOwner
+{
+    Q_OBJECT
+
+public:
+    /// @param host           the window; may be null, then no zoom is spread
+    /// @param statusbar      gets the read-out, may be null
+    /// @param controlStatus  gets the line of mouse help, may be null
+    SeismicDisplay(QWidget* parent, const QString& title, QStatusBar* statusbar, QStatusBar* controlStatus,
+                   bool enableLeft, bool enableRight, int windowNumber, DisplayHost* host);
+    ~SeismicDisplay() override;
+
+    /// The colour table of the raster; must be set before the first load. Lent.
+    void setColorBar(ColorBarFrame* bar);
+    /// Takes all display parameters. Lent, also for later loads.
+    void setMenu(parmmenu* menu);
+    /// The same for another file, whose first ensemble is shown whole.
+    void setNewFile(parmmenu* menu);
+    /// Sister displays that take over zooms and pans; lent.
+    void setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others);
+    /// Takes sample rate, sizes and time window from the record's run-time copy.
+    void setNewData();
+    /// Changes domain, sample count and rate; domain 8 is the time slice.
+    void setDomain(int domain, int startTime, int numsmp, float samprat);
+
+    /// Shows a batch of n traces with their header words, copied before this returns. Returns 0, or 1
+    /// when memory ran out, said on standard output; the old data then stay in view. With n below 1 the
+    /// old data stay too.
+    int loadSeismicData(float** traces, int** heads, int n, bool replot);
+    /// Only copies the batch. Returns 1, or 0 when memory ran out.
+    int loadTraces(float** traces, int** heads, int n);
+    /// Copies edited header words back into heads, if the data are marked changed; always 0.
+    int saveSeismicData(float** traces, int** heads, int n);
+    /// Copies trace i, counted from 0, and its header out.
+    void getSeismicData(float* trace, int* header, int i) const;
+
+    /// Mean absolute amplitude of the live traces; with apply the plot scales by it. Returns it.
+    float computeRMS(bool apply);
+    /// Sizes everything to the canvas again and goes back to the base; with resetOthers the sisters too.
+    void rebuildDisplay(bool resetOthers);
+    void rebuildPlot();
+    void rePlot();
+    void setTraceIncrement(float incr);
+    void setTimeIncrement(float incr);
+    /// Reads names and values of the keys from the headers. Returns 0, or 1 when memory ran out.
+    int buildHeaderAxis();
+    void setDisplayTitle();
+    void setAxisTitle(const QString& text);
+    void enableVerticalAxis(bool left, bool right);
+    /// Shows or hides the numbers of all axes.
+    void setVAxisValues(bool on);
+
+    /// The plain buttons zoom and pan, or, with false, do so with Ctrl.
+    void setZoom(bool on);
+    void setTimeZoom(bool timeOnly, bool traceOnly);
+    /// Zooms to a rectangle in scale units: traces and ms.
+    void setZoomRect(const QRectF& rect);
+    /// Back to the base, this display only.
+    void resetZoom(int index);
+    /// The whole data become the base.
+    void setZoomBase();
+    QRectF zoomBase() const;
+    bool isZoomed() const;
+    bool isPanned() const;
+    /// Moves the picture down by pixels.
+    void panVertically(int dy);
+
+    /// Turns a mouse mode on or off; off is zooming.
+    void setMouseMode(MouseMode mode, bool on);
+    MouseMode mouseMode() const { return _mouseMode; }
+    void setControlLabel(const QString& text);
+    /// Adds to the status line until the next read-out.
+    void addMessage(const QString& text);
+
+    SeismicData* seismicData() const { return _seismicdata.get(); }
+    /// Traces shown; 0 before the first load.
+    int traceCount() const { return _loadTraces ? _headerAxis.traceCount() : 0; }
+    SeismicPlot* seismicPlot() const { return _seismicplot; }
+    const HeaderAxis& headerAxis() const { return _headerAxis; }
+    bool lastEnsemble() const { return _lastEnsemble; }
+    int windowNumber() const { return _windowNumber; }
+    /// The line under the mouse at a position of the canvas; empty without data.
+    QString readoutAt(const QPoint& pos) const;
+
+    int timeDirection() const override { return _timeDirection; }
+    void sendPickTraceChange(const float* trace, int start, int n, int tr) override;
+    void traceOffsets(const SeismicData& data, int nTraces, float* offsets) const override;
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+public slots:
+    void catchZoom(const QRectF& rect);
+    void catchPan(int dx, int dy);
+
+signals:
+    /// A new ensemble is on the screen.
+    void ensembleShown();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void makeAxes(bool enableLeft, bool enableRight);
+    void makeMouseTools();
+    void setTimeWindow();
+    void setSliceAxis();
+    void limitPan();
+    void setWholeAxes();
+    void afterFirstLayout();
+    QRectF canvasRectangle() const;
+
+    QString _title;
+    QStatusBar* _statusbar;
+    QStatusBar* _controlStatus;
+    DisplayHost* _host;
+    ZoomLink _zoomLink;
+    int _windowNumber;
+
+    MyQwtPlotZoomer* _zoomer[2];  // top and left axes, bottom and right axes
+    MyQwtPlotPanner* _panner;
+    MyQwtPlotMagnifier* _magnifier;
+    AxisDrag* _axisDrag;
+    RecordAxisScaleDraw* _recordaxis;  // owned by the axes
+    SeismicAxisScaleDraw* _seismicaxisl;
+    SeismicAxisScaleDraw* _seismicaxisr;
+
+    std::unique_ptr<SeismicData> _seismicdata;
+    EnsembleCopy _copy;
+    HeaderAxis _headerAxis;
+    SeismicPlot* _seismicplot;  // attached to the plot, which deletes it
+    parmmenu* _menu = nullptr;  // lent
+
+    float _samprat = 2.0f;  // ms
+    int _numsmp = 0;        // samples kept of each trace
+    int _nth = 0;
+    int _maxdtr = 0;
+    int _istack = 0;
+    bool _isStacked = false;
+    HeaderKeys _keys;
+    int _iskeymod = 0, _iskeyinc = 1;
+    float _timeIncr = 500.0f;   // ms
+    float _traceIncr = 1.0f;
+    float _traceIncrMult = 1.0f;
+    int _isTrevia = 1;
+    bool _firstTime = true;
+    bool _lastEnsemble = false;
+    bool _loadTraces = false;
+    int _stime = 0, _etime = 0;  // samples
+    float _dstime = 1.0f;
+    double _shiftTime = 0.0;     // ms
+    double _panTraces = 0.0, _panSamples = 0.0;
+    int _idomain = 0;
+    QString _ctaxis;
+    int _timeDirection = 1;
+    float _sliceTime = 0.0f;
+    bool _zoomState = true;
+    bool _zoomBase = false;
+    bool _timeZoomOnly = false, _traceZoomOnly = false;
+    MouseMode _mouseMode = MouseMode::Zoom;
+    bool _isDifference = false;
+    QString _messageMain, _messageAdd;
+};
+
+#endif

@@ -1,0 +1,168 @@
+/// The axes of a display: their scales and steps, titles, and the base of the zoom.
+#include "display/seismicdisplay.h"
+
+#include "display/axisstep.h"
+#include "display/displayhost.h"
+#include "display/myqwtplotmagnifier.h"
+#include "display/myqwtplotpanner.h"
+#include "display/myqwtplotzoomer.h"
+#include "display/recordaxisscaledraw.h"
+#include "display/seismicaxisscaledraw.h"
+#include "display/seismicplot.h"
+#include "host/report.h"
+#include "tracedata/headertable.h"
+#include "tracedata/parmmenu.h"
+#include "tracedata/seismicdata.h"
+
+#include <QResizeEvent>
+#include <qwt_scale_map.h>
+#include <qwt_text.h>
+
+#include <algorithm>
+#include <cmath>
+
+constexpr int sliceDomain = 8;
+
+int SeismicDisplay::buildHeaderAxis()
+{
+    std::string error;
+    const bool rightToLeft = _seismicplot->plotDirection() == RightToLeft;
+    if (!_headerAxis.build(*_seismicdata, _keys, _isTrevia != 0, rightToLeft, _isDifference,
+                           _host ? _host->headerTable() : nullptr, &error)) {
+        PrintReport().line(error + "\n");
+        return 1;
+    }
+    const KeyColumn& labels = _headerAxis.sec();
+    _recordaxis->setAxisArray(labels.values.data(), _headerAxis.traceCount(), labels.type);
+    return 0;
+}
+
+void SeismicDisplay::setDisplayTitle()
+{
+    const KeyColumn& key = _headerAxis.pri();
+    const float value = key.values.size() > 1 ? key.values[1] : 0.0f;
+    QString title = key.name + ":" + QString::number(double(value), 'g', 6) + "    " + _headerAxis.parmTest();
+    if (_idomain == sliceDomain) {
+        title = "SLC_TIME:" + QString::number(double(_sliceTime), 'g', 6) + "  msec    " + _headerAxis.parmTest() +
+                "    Time: " + QString::number(double(_sliceTime), 'g', 6) + "  msec";
+    }
+    QwtText text(title);
+    QFont font = axisFont(xTop);
+    font.setBold(true);
+    text.setFont(font);
+    MyQwtPlot::setAxisTitle(xTop, text);
+}
+
+void SeismicDisplay::setAxisTitle(const QString& text)
+{
+    _ctaxis = text;
+    for (const int axis : {yLeft, yRight}) {
+        QwtText title(text);
+        title.setFont(axisFont(axis));
+        MyQwtPlot::setAxisTitle(axis, title);
+    }
+}
+
+void SeismicDisplay::enableVerticalAxis(bool left, bool right)
+{
+    enableAxis(yLeft, left);
+    enableAxis(yRight, right);
+}
+
+void SeismicDisplay::setVAxisValues(bool on)
+{
+    _recordaxis->setFake(!on);
+    _seismicaxisl->setFake(!on);
+    _seismicaxisr->setFake(!on);
+    rePlot();
+}
+
+void SeismicDisplay::setTraceIncrement(float incr)
+{
+    const double plotTraces = _seismicplot->plotTraceCount();
+    _traceIncr = incr;
+    if (!(incr > 0.0f) || int(plotTraces / incr) < 3) _traceIncr = float(int(plotTraces / 3.0));
+    _traceIncr = std::max(_traceIncr, 1.0f);
+    for (const int axis : {xTop, xBottom}) setAxisScale(axis, 0.0, plotTraces, _traceIncr);
+    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setXIncrement(_traceIncr);
+    _panner->setXIncrement(_traceIncr);
+    _magnifier->setXIncrement(_traceIncr);
+}
+
+void SeismicDisplay::setTimeIncrement(float incr)
+{
+    _timeIncr = incr;
+    const double plotSamples = _seismicplot->plotSampleCount();
+    const double plotTime = plotSamples * _samprat;
+    // Half a second is too coarse for short records: their axis would be bare.
+    const double step = axisStep(plotTime, incr);
+    for (const int axis : {yLeft, yRight}) {
+        const double shift = double(_stime) * _samprat;
+        if (_idomain != sliceDomain)
+            setAxisScale(axis, plotTime + shift, shift, step);
+        else if (_timeDirection)
+            setAxisScale(axis, plotSamples, 0.0, incr);
+        else
+            setAxisScale(axis, std::max(_numsmp - plotSamples, 0.0), _numsmp, -incr);
+        setAxisMaxMajor(axis, std::clamp(int(plotTime / std::max(step, 1e-9)), 1, 10000));
+    }
+    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setYIncrement(step);
+    _panner->setYIncrement(step);
+    _magnifier->setYIncrement(step);
+    if (!_firstTime) rePlot();
+}
+
+void SeismicDisplay::setZoomBase()
+{
+    replot1();
+    const QwtScaleMap x = canvasMap(xTop), y = canvasMap(yLeft);
+    _panTraces = std::fabs(x.s2() - x.s1());
+    _panSamples = std::fabs(y.s2() - y.s1());
+    const double top = std::min(y.s1(), y.s2());
+    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setZoomBase(QRectF(0.0, top, _panTraces, _panSamples));
+}
+
+/// Panning reaches to the end of the data even where a fixed spacing shows only a part of them.
+void SeismicDisplay::limitPan()
+{
+    const double traces = std::max(_panTraces, _seismicdata->traceCount() + 1.0);
+    const double samples = std::max(_panSamples, double(_numsmp) * _samprat);
+    _panner->setMinMax(0.0, traces, 0.0, samples, _shiftTime, _timeDirection);
+}
+
+QRectF SeismicDisplay::zoomBase() const
+{
+    return _zoomer[0]->zoomBase();
+}
+
+void SeismicDisplay::rebuildDisplay(bool resetOthers)
+{
+    if (!_loadTraces) return;
+    _firstTime = true;  // keeps the increments from replotting one by one
+    setWholeAxes();
+    _firstTime = false;
+    if (!_zoomBase) {
+        setZoomBase();
+        if (resetOthers) _zoomLink.resetOthers(this);
+    }
+    _timeZoomOnly = _traceZoomOnly = false;
+    limitPan();
+    rebuildPlot();
+}
+
+void SeismicDisplay::rebuildPlot()
+{
+    rePlot();
+    if (_host && _menu && _menu->iscreens <= 1) _host->doFBPicking(_mouseMode == MouseMode::FirstBreaks);
+}
+
+void SeismicDisplay::rePlot()
+{
+    replot();
+}
+
+void SeismicDisplay::resizeEvent(QResizeEvent* event)
+{
+    MyQwtPlot::resizeEvent(event);
+    rebuildDisplay(false);
+}

@@ -1,0 +1,160 @@
+/// The mouse on a display: read-out, zoom, pan, axis drags and the mouse modes.
+#include "display/seismicdisplay.h"
+
+#include "display/axisdrag.h"
+#include "display/displayhost.h"
+#include "display/myqwtplotmagnifier.h"
+#include "display/myqwtplotpanner.h"
+#include "display/myqwtplotzoomer.h"
+#include "display/readout.h"
+#include "display/seismicplot.h"
+#include "tracedata/seismicdata.h"
+
+#include <QMouseEvent>
+#include <QStatusBar>
+#include <qwt_scale_map.h>
+
+#include <cmath>
+
+constexpr int sliceDomain = 8;
+
+void SeismicDisplay::makeMouseTools()
+{
+    _zoomer[0] = new MyQwtPlotZoomer(xTop, yLeft, canvas());
+    _zoomer[1] = new MyQwtPlotZoomer(xBottom, yRight, canvas(), false);
+    _zoomer[0]->setRubberBandPen(QPen(Qt::red));
+    _zoomer[1]->setRubberBand(QwtPicker::NoRubberBand);
+    _panner = new MyQwtPlotPanner(canvas());
+    _magnifier = new MyQwtPlotMagnifier(canvas());
+    _magnifier->setMouseButton(Qt::LeftButton, Qt::ControlModifier);
+    _axisDrag = new AxisDrag(this);
+    // The second zoomer follows on the other two axes and has no news of its own.
+    connect(_zoomer[0], &MyQwtPlotZoomer::zoomed, this, &SeismicDisplay::catchZoom);
+    connect(_panner, &QwtPanner::panned, this, &SeismicDisplay::catchPan);
+    connect(_axisDrag, &AxisDrag::resetWanted, this, [this] { resetZoom(-1); });
+    connect(_axisDrag, &AxisDrag::dragged, this, [this](const QRectF& rect, bool onTraceAxis) {
+        (onTraceAxis ? _traceZoomOnly : _timeZoomOnly) = true;
+        setZoomRect(rect);
+    });
+    // Installed last, so it sees the mouse before the zoomers do.
+    canvas()->installEventFilter(this);
+}
+
+void SeismicDisplay::setZoom(bool on)
+{
+    _zoomState = on;
+    const Qt::KeyboardModifiers modifiers = on ? Qt::NoModifier : Qt::ControlModifier;
+    for (MyQwtPlotZoomer* zoomer : _zoomer) {
+        zoomer->setMousePattern(QwtEventPattern::MouseSelect1, Qt::LeftButton, modifiers);
+        zoomer->setMousePattern(QwtEventPattern::MouseSelect2, Qt::RightButton, modifiers);
+        zoomer->setMousePattern(QwtEventPattern::MouseSelect3, Qt::NoButton);
+        zoomer->setMousePattern(QwtEventPattern::MouseSelect6, Qt::NoButton);
+    }
+    _panner->setMouseButton(Qt::MiddleButton, modifiers);
+    _magnifier->setEnabled(on);
+    setControlLabel(QString());
+}
+
+void SeismicDisplay::setMouseMode(MouseMode mode, bool on)
+{
+    _mouseMode = on ? mode : MouseMode::Zoom;
+    setZoom(_mouseMode == MouseMode::Zoom);
+    setControlLabel(mouseModeText(_mouseMode));
+}
+
+void SeismicDisplay::setControlLabel(const QString& text)
+{
+    if (_controlStatus) _controlStatus->showMessage(controlLine(_zoomState, text, false));
+}
+
+void SeismicDisplay::addMessage(const QString& text)
+{
+    _messageAdd = text;
+    if (_statusbar) _statusbar->showMessage(_messageMain + _messageAdd);
+}
+
+void SeismicDisplay::setTimeZoom(bool timeOnly, bool traceOnly)
+{
+    _timeZoomOnly = timeOnly;
+    _traceZoomOnly = traceOnly;
+}
+
+void SeismicDisplay::setZoomRect(const QRectF& rect)
+{
+    for (MyQwtPlotZoomer* zoomer : {_zoomer[1], _zoomer[0]}) {
+        // A sister that zooms out sends its whole times: that is our base, not another step on the stack.
+        if (sameRect(rect & zoomer->zoomBase(), zoomer->zoomBase()))
+            zoomer->zoom(0);
+        else
+            zoomer->zoom(rect);
+    }
+}
+
+void SeismicDisplay::resetZoom(int /*index*/)
+{
+    const bool wasSpreading = _zoomLink.isSpreading();
+    if (_host) _host->setZooming(true);
+    for (MyQwtPlotZoomer* zoomer : {_zoomer[1], _zoomer[0]}) zoomer->zoom(0);
+    if (_host) _host->setZooming(wasSpreading);
+    _timeZoomOnly = _traceZoomOnly = false;
+}
+
+bool SeismicDisplay::isZoomed() const
+{
+    return _zoomer[0]->isZoomed();
+}
+
+bool SeismicDisplay::isPanned() const
+{
+    return _panner->isPanned();
+}
+
+void SeismicDisplay::panVertically(int dy)
+{
+    _panner->moveCanvas(0, dy);
+}
+
+void SeismicDisplay::catchZoom(const QRectF& rect)
+{
+    if (_zoomLink.isSpreading()) return;
+    _zoomLink.spreadZoom(this, rect, _timeZoomOnly, _traceZoomOnly);
+    const double wholeTime = double(_seismicplot->plotSampleCount()) * _samprat;
+    if (_timeZoomOnly && std::fabs(rect.height() - wholeTime) <= 1e-6 * wholeTime) _timeZoomOnly = false;
+    const double wholeTraces = _seismicplot->plotTraceCount();
+    if (_traceZoomOnly && std::fabs(rect.width() - wholeTraces) <= 1e-6 * wholeTraces) _traceZoomOnly = false;
+}
+
+void SeismicDisplay::catchPan(int /*dx*/, int dy)
+{
+    _zoomLink.spreadPan(this, dy);
+}
+
+QString SeismicDisplay::readoutAt(const QPoint& pos) const
+{
+    if (!_loadTraces) return QString();
+    const ReadoutFrame frame = {_seismicdata->traceCount(),
+                                _seismicdata->sampleCount(),
+                                double(_samprat),
+                                _seismicplot->plotDirection() == RightToLeft,
+                                _idomain == sliceDomain,
+                                _timeDirection != 0,
+                                double(_dstime),
+                                _stime};
+    const double x = canvasMap(xTop).invTransform(pos.x()), y = canvasMap(yLeft).invTransform(pos.y());
+    const ReadoutPosition at = readoutPosition(frame, x, y);
+    return readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis) +
+           amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
+}
+
+bool SeismicDisplay::eventFilter(QObject* object, QEvent* event)
+{
+    if (object != canvas()) return MyQwtPlot::eventFilter(object, event);
+    if (event->type() == QEvent::MouseMove) {
+        if (!_loadTraces) return true;
+        _messageMain = readoutAt(static_cast<QMouseEvent*>(event)->pos());
+        if (_statusbar) _statusbar->showMessage(_messageMain);
+    } else if (event->type() == QEvent::Leave && _statusbar) {
+        _statusbar->showMessage(QString());
+    }
+    return MyQwtPlot::eventFilter(object, event);
+}

@@ -1,0 +1,332 @@
+#include "display/seismicplot.h"
+
+#include "display/colorbarframe.h"
+#include "display/plotowner.h"
+#include "display/rasternumber.h"
+#include "display/tracetap.h"
+#include "tracedata/seismicdata.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+SeismicPlot::SeismicPlot(PlotOwner* owner, SeismicData* data, const QString& title)
+    : QwtPlotRasterItem(title), _owner(owner), _data(data)
+{
+    setItemAttribute(QwtPlotItem::AutoScale, false);
+    setItemAttribute(QwtPlotItem::Legend, false);
+}
+
+SeismicPlot::~SeismicPlot() = default;
+
+void SeismicPlot::setGain(float db)
+{
+    _gain = float(std::pow(10.0, db / 20.0));
+}
+
+float SeismicPlot::gain() const
+{
+    return float(20.0 * std::log10(double(_gain)));
+}
+
+void SeismicPlot::setRMS(float rms)
+{
+    _rms = rms;
+    _peak = float(rms * 1.4);
+}
+
+void SeismicPlot::setMaxAmp(float value)
+{
+    _maxAmp = value;
+    setMinMax();
+}
+
+void SeismicPlot::setMinAmp(float value)
+{
+    _minAmp = value;
+    setMinMax();
+}
+
+void SeismicPlot::setMinMax()
+{
+    _applyBias = _minAmp != _maxAmp;
+    _bias = _applyBias ? (_maxAmp + _minAmp) / ((_maxAmp - _minAmp) + (_maxAmp - _minAmp)) : 0.0f;
+}
+
+void SeismicPlot::passRangeToBar()
+{
+    if (!_colorBar) return;
+    _colorBar->setMinMaxValue(_rangeMin, _rangeMax);
+    _colorBar->setDataMinMaxValue(_rangeMin, _rangeMax);
+}
+
+void SeismicPlot::setRange(float rmin, float rmax)
+{
+    _rangeMin = rmin;
+    _rangeMax = rmax;
+    passRangeToBar();
+}
+
+static bool isColor(DisplayType type)
+{
+    return type == ColorB || type == ColorWiggle || type == Map || type == Velocity;
+}
+
+void SeismicPlot::setColorBar(ColorBarFrame* bar)
+{
+    _colorBar = bar;
+    if (!_colorBar) return;
+    _colorBar->setColorType(isColor(_displayType) ? ColorYes : ColorNo);
+    passRangeToBar();
+}
+
+void SeismicPlot::setNormalization(Normalize normalize)
+{
+    _normalize = normalize;
+    if (!_firstTime) computeNormalizer();
+}
+
+void SeismicPlot::setDisplayType(DisplayType type)
+{
+    _displayType = type;
+    if (!_colorBar) return;
+    const bool isAmplitude = type == ColorB || type == ColorWiggle;
+    if (isAmplitude && _colorBar->colorType() == ColorNo) setRange(-3.0f, 3.0f);
+    _colorBar->setColorType(isColor(type) ? ColorYes : ColorNo);
+    if (type == Velocity) _normalize = Normalize::None;
+    setAutoGain(!isAmplitude);
+    computeNormalizer();
+    passRangeToBar();
+    _colorBar->update();
+}
+
+void SeismicPlot::applyAGC(bool state, int winlen)
+{
+    _conditioner.applyAGC(state, winlen);
+}
+
+void SeismicPlot::applyPhase(bool state, int angle)
+{
+    _conditioner.applyPhase(state, float(angle));
+}
+
+void SeismicPlot::applyFilter(bool state, int lc, int lp, int hp, int hc, bool isTime)
+{
+    _conditioner.applyFilter(state, lc, lp, hp, hc, isTime);
+}
+
+void SeismicPlot::applyMoveout(int moveout, float velocity)
+{
+    _applyMoveout = moveout;
+    _velocity = velocity;
+}
+
+void SeismicPlot::applyProcessing(float* trace, int num)
+{
+    _conditioner.applyProcessing(trace, num, _data->sampleCount(), _data->sampleRate());
+}
+
+void SeismicPlot::computeNormalizer()
+{
+    _conditioner.computeNormalizer(*_data);
+    setRMS(_conditioner.rms());
+    const bool isFirstRange = _firstTime && _displayType != ColorB && _displayType != ColorWiggle && _displayType != Map;
+    if (_conditioner.countedTraces() > 0 && (_autoGain || isFirstRange)) {
+        const bool isScaled = _normalize != Normalize::None;
+        _rangeMin = isScaled ? -_peak : _conditioner.minimum();
+        _rangeMax = isScaled ? _peak : _conditioner.maximum();
+    }
+    if (_conditioner.countedTraces() == 0 && _autoGain) _rangeMin = _rangeMax = 0.0f;
+    _firstTime = false;
+    if (!_colorBar) return;
+    if (_colorBar->colorType() == ColorYes) _colorBar->setMinMaxValue(_rangeMin, _rangeMax);
+    _colorBar->setDataMinMaxValue(_rangeMin, _rangeMax);
+}
+
+void SeismicPlot::setSeismicView(int traceNum, int sampleNum, int nTraces, int nSamples, int startSample)
+{
+    _seisRect.traceNum = traceNum;
+    _seisRect.sampleNum = sampleNum;
+    _seisRect.nTraces = nTraces;
+    _seisRect.nSamples = nSamples;
+    _startSample = startSample;
+}
+
+void SeismicPlot::setOutputBuffers(const QRect& rect)
+{
+    const int w = rect.width(), h = rect.height();
+    if (!_dataLoaded || w <= 0 || h <= 0) return;
+    if (_autoTraceSpacing) {
+        _traceSpacing = (_data->traceCount() + 1) * _dpi / w;
+        if (_traceSpacing < 1.0f) _traceSpacing = 1.0f;
+    }
+    _plotTraceCount = w * _traceSpacing / _dpi;
+    if (_autoSampleSpacing) _sampleSpacing = _data->sampleCount() * _dpi / h;
+    _plotSampleCount = h * _sampleSpacing / _dpi;
+    setOutput(rect);
+}
+
+void SeismicPlot::setOutput(const QRect& rect)
+{
+    _raster.reserve(rect.height(), _seisRect.nTraces, _seisRect.nSamples);
+}
+
+int SeismicPlot::timeDirection() const
+{
+    return _owner ? _owner->timeDirection() : 1;
+}
+
+static AxisMap axisMap(const QwtScaleMap& map)
+{
+    return {map.s1(), map.s2(), map.p1(), map.p2()};
+}
+
+/// The map in device pixels, counted from `origin`.
+static AxisMap deviceMap(const QwtScaleMap& map, double origin, double ratio)
+{
+    return {map.s1(), map.s2(), (map.p1() - origin) * ratio, (map.p2() - origin) * ratio};
+}
+
+/// Hands the conditioned traces on to the display.
+struct OwnerTap : TraceTap {
+    explicit OwnerTap(PlotOwner* plotOwner) : owner(plotOwner) {}
+    void pickTraceChange(const float* trace, int start, int n, int tr) override
+    {
+        owner->sendPickTraceChange(trace, start, n, tr);
+    }
+    PlotOwner* owner;
+};
+
+QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y) const
+{
+    static const ColorTable blackAndWhite;
+    RasterParm parm;
+    parm.samples = _conditioner.samples();
+    parm.nDataTraces = _conditioner.traceCount();
+    parm.stride = _conditioner.sampleCount();
+    parm.sampleRate = _data->sampleRate();
+    parm.divTrace = _conditioner.divTrace();
+    parm.divRecord = _conditioner.divRecord();
+    parm.view = _seisRect;
+    parm.startSample = _startSample;
+    parm.x = x;
+    parm.y = y;
+    parm.timeDirection = timeDirection();
+    parm.displayType = _displayType;
+    parm.plotDirection = _plotDirection;
+    parm.normalize = _normalize;
+    parm.gain = _gain;
+    parm.bias = _bias;
+    parm.applyBias = _applyBias;
+    parm.clip = _clip;
+    parm.antialias = _antialias;
+    parm.bulkshift = _bulkshift;
+    parm.moveout = _applyMoveout;
+    parm.velocity = _velocity;
+    parm.plotSampleCount = _plotSampleCount;
+    parm.colors = _colorBar ? &_colorBar->table() : &blackAndWhite;
+    if (_colorBar) parm.background = _colorBar->backRGB();
+
+    std::vector<float> offsets;
+    if (_owner && _applyMoveout != 0 && _velocity > 0.0f) {
+        offsets.resize(parm.nDataTraces);
+        _owner->traceOffsets(*_data, parm.nDataTraces, offsets.data());
+        parm.offsets = offsets.data();
+    }
+    OwnerTap tap(_owner);
+    return _raster.render(parm, _owner ? &tap : nullptr);
+}
+
+QImage SeismicPlot::renderImage2(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& area) const
+{
+    if (!_dataLoaded || !(area.width() > 0.0 && area.height() > 0.0)) return QImage();
+    return renderMaps(axisMap(xMap), axisMap(yMap));
+}
+
+QImage SeismicPlot::saveImage(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& rect) const
+{
+    if (rect.isEmpty()) return QImage();
+    // the next render must not paint over a picture that is kept
+    return renderImage2(xMap, yMap, QwtScaleMap::invTransform(xMap, yMap, rect)).copy();
+}
+
+void SeismicPlot::setupStored(const QwtScaleMap& xMap, const QwtScaleMap& yMap, bool isPixmap, bool isBitmap)
+{
+    _xMap = xMap;
+    _yMap = yMap;
+    _doDrawPixmap = isPixmap;
+    _doDrawBitmap = isBitmap;
+    _doDrawImage = true;
+}
+
+void SeismicPlot::setupDrawImage(const QImage& image, const QwtScaleMap& xMap, const QwtScaleMap& yMap)
+{
+    _image = image;
+    setupStored(xMap, yMap, false, false);
+}
+
+void SeismicPlot::setupDrawPixmap(const QPixmap& pixmap, const QwtScaleMap& xMap, const QwtScaleMap& yMap)
+{
+    _pixmap = pixmap;
+    setupStored(xMap, yMap, true, false);
+}
+
+void SeismicPlot::setupDrawBitmap(const QBitmap& bitmap, const QwtScaleMap& xMap, const QwtScaleMap& yMap)
+{
+    _bitmap = bitmap;
+    setupStored(xMap, yMap, false, true);
+}
+
+void SeismicPlot::draw(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
+                       const QRectF& canvasRect) const
+{
+    if (!_dataLoaded || !canvasRect.isValid()) return;
+    if (_transparent) painter->setOpacity(_opacity);
+    if (_doDrawImage)
+        drawStored(painter, xMap, yMap, canvasRect);
+    else
+        drawRendered(painter, xMap, yMap, canvasRect);
+}
+
+void SeismicPlot::drawRendered(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
+                               const QRectF& canvasRect) const
+{
+    const QRectF area = QwtScaleMap::invTransform(xMap, yMap, canvasRect);
+    if (!(area.width() > 0.0 && area.height() > 0.0)) return;
+    const double ratio = painter->device()->devicePixelRatioF();
+    QImage image = renderMaps(deviceMap(xMap, canvasRect.left(), ratio), deviceMap(yMap, canvasRect.top(), ratio));
+    if (image.isNull()) return;
+    const QSizeF size(image.width() / ratio, image.height() / ratio);
+    const QSizeF shown = size.boundedTo(canvasRect.size());
+    if (shown == size) {
+        image.setDevicePixelRatio(ratio);  // so that it is painted pixel for pixel
+        painter->drawImage(canvasRect.topLeft(), image);
+    } else {
+        painter->drawImage(QRectF(canvasRect.topLeft(), shown), image, QRectF(image.rect()));
+    }
+}
+
+QRect storedPictureCrop(const QSize& picture, const AxisMap& savedX, const AxisMap& savedY, const AxisMap& x,
+                        const AxisMap& y, double yStart, double shiftTime)
+{
+    const double xPixels = std::abs(savedX.p2 - savedX.p1), xScale = std::abs(savedX.s2 - savedX.s1);
+    const double yPixels = std::abs(savedY.p2 - savedY.p1), yScale = std::abs(savedY.s2 - savedY.s1);
+    return QRect(wholeOf(xPixels * x.s1 / xScale), wholeOf(yPixels * (yStart - shiftTime) / yScale),
+                 std::min(picture.width(), wholeOf(xPixels)),
+                 std::min(picture.height(), wholeOf(yPixels * std::abs(y.s2 - y.s1) / yScale)));
+}
+
+void SeismicPlot::drawStored(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
+                             const QRectF& canvasRect) const
+{
+    const QPixmap* pixmap = _doDrawBitmap ? &_bitmap : _doDrawPixmap ? &_pixmap : nullptr;
+    const QSize size = pixmap ? pixmap->size() : _image.size();
+    const double yStart = _owner && _owner->timeDirection() == 0 ? yMap.s1() : yMap.s2();
+    QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart, _shiftTime);
+    if (crop.isEmpty()) crop = QRect(QPoint(0, 0), size);
+    if (pixmap)
+        painter->drawPixmap(canvasRect.topLeft(), *pixmap, QRectF(crop));
+    else
+        painter->drawImage(canvasRect.topLeft(), _image, QRectF(crop));
+}

@@ -1,0 +1,191 @@
+#include "display/traceconditioner.h"
+
+#include "host/cpuvariant.h"
+#include "host/signal/bandpassfilter.h"
+#include "host/signal/orvinagc.h"
+#include "host/signal/orvinphaseshift.h"
+#include "tracedata/orvinconstants.h"
+#include "tracedata/seismicdata.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include <emmintrin.h>
+
+static constexpr int nLanes = 8;
+typedef float FloatLanes __attribute__((vector_size(nLanes * sizeof(float))));
+typedef int IntLanes __attribute__((vector_size(nLanes * sizeof(int))));
+typedef double DoubleLanes __attribute__((vector_size(nLanes * sizeof(double))));
+
+/// Roots of the squares, in double.
+static inline MERIDUNE_KERNEL DoubleLanes rootsOf(FloatLanes square)
+{
+    const DoubleLanes wide = __builtin_convertvector(square, DoubleLanes);
+    __m128d pairs[nLanes / 2];
+    std::memcpy(pairs, &wide, sizeof pairs);
+    for (__m128d& pair : pairs) pair = _mm_sqrt_pd(pair);
+    DoubleLanes roots;
+    std::memcpy(&roots, pairs, sizeof roots);
+    return roots;
+}
+
+/// Running measures in as many lanes as there are samples in one step, added at the end: the order is always
+/// the same. Samples that don't count add 0.
+struct LaneMeasure {
+    IntLanes counts{};
+    FloatLanes least = FloatLanes{} + nullValue, largest = FloatLanes{} - nullValue;
+    DoubleLanes sums{}, roots{};
+};
+
+static inline MERIDUNE_KERNEL void addLanes(FloatLanes v, LaneMeasure* measure)
+{
+    const IntLanes counted = (v - v == 0.0f) & (v != 0.0f);
+    measure->counts -= counted;
+    measure->least = counted & (v < measure->least) ? v : measure->least;
+    measure->largest = counted & (v > measure->largest) ? v : measure->largest;
+    v = counted ? v : FloatLanes{};
+    const FloatLanes magnitude = v < 0.0f ? -v : v;
+    measure->sums += __builtin_convertvector(magnitude, DoubleLanes);
+    measure->roots += rootsOf(v * v);
+}
+
+static inline MERIDUNE_KERNEL TraceMeasure measureKernel(const float* trace, int n)
+{
+    LaneMeasure lanes;
+    FloatLanes v;
+    int i = 0;
+    for (; i + nLanes <= n; i += nLanes) {
+        std::memcpy(&v, trace + i, sizeof v);
+        addLanes(v, &lanes);
+    }
+    v = FloatLanes{};
+    for (int lane = 0; i < n; ++i, ++lane) v[lane] = trace[i];
+    addLanes(v, &lanes);
+
+    TraceMeasure measure;
+    for (int lane = 0; lane < nLanes; ++lane) {
+        measure.n += lanes.counts[lane];
+        measure.sum1 += lanes.sums[lane];
+        measure.sum2 += lanes.roots[lane];
+        measure.minimum = std::min(measure.minimum, lanes.least[lane]);
+        measure.maximum = std::max(measure.maximum, lanes.largest[lane]);
+    }
+    return measure;
+}
+
+static TraceMeasure measurePlain(const float* trace, int n)
+{
+    return measureKernel(trace, n);
+}
+
+MERIDUNE_V3 static TraceMeasure measureV3(const float* trace, int n)
+{
+    return measureKernel(trace, n);
+}
+
+TraceMeasure measureTrace(const float* trace, int n)
+{
+    return (cpuVariant() == CpuVariant::V3 ? measureV3 : measurePlain)(trace, n);
+}
+
+TraceConditioner::TraceConditioner() = default;
+TraceConditioner::~TraceConditioner() = default;
+
+void TraceConditioner::applyAGC(bool state, int winlen)
+{
+    _applyAGC = state;
+    if (!state) return;
+    _agcWindow = winlen;
+    if (_agc) _agc->setWindowLength(winlen);
+}
+
+void TraceConditioner::applyPhase(bool state, float angle)
+{
+    _applyPhase = state;
+    if (!state) return;
+    _angle = angle;
+    if (_phase) _phase->setAngle(angle);
+}
+
+void TraceConditioner::applyFilter(bool state, int lc, int lp, int hp, int hc, bool isTime)
+{
+    _applyFilter = state;
+    if (!state) return;
+    const int corners[4] = {lc, lp, hp, hc};
+    std::copy_n(corners, 4, _corners);
+    _isTime = isTime;
+    _filter.reset();
+}
+
+/// Makes what is missing. Data of another length or rate need other operators.
+void TraceConditioner::prepare(int nSamples, float sampleRate)
+{
+    if (nSamples != _opSamples || sampleRate != _opRate) {
+        _agc.reset();
+        _phase.reset();
+        _filter.reset();
+        _opSamples = nSamples;
+        _opRate = sampleRate;
+    }
+    if (_applyPhase && !_phase) _phase = std::make_unique<OrvinPhaseShift>(nSamples, _angle);
+    if (_applyAGC && !_agc) _agc = std::make_unique<OrvinAGC>(nSamples, _agcWindow, sampleRate);
+    if (_applyFilter && !_filter) {
+        const float lc = _corners[0], lp = _corners[1], hp = _corners[2], hc = _corners[3];
+        _filter = std::make_unique<BandPassFilter>(0, 0, 0, 0.02f, lc, lp, hp, hc, nSamples, sampleRate);
+        _filter->setTimeDomain(_isTime);
+        _filter->buildFilter(lc, lp, hp, hc);
+    }
+}
+
+void TraceConditioner::process(float* trace, int num) const
+{
+    if (_applyPhase) _phase->applyPhaseShift(trace, num);
+    if (_applyFilter) _filter->applyFilter(trace, num);
+    if (_applyAGC) _agc->applyAGC(trace, num);
+}
+
+void TraceConditioner::applyProcessing(float* trace, int num, int nSamples, float sampleRate)
+{
+    if (num < 1) return;
+    prepare(nSamples, sampleRate);
+    process(trace, num);
+}
+
+void TraceConditioner::computeNormalizer(const SeismicData& data)
+{
+    _nTraces = std::max(0, data.traceCount());
+    _nSamples = std::max(0, data.sampleCount());
+    const size_t nAll = size_t(_nTraces) * _nSamples;
+    if (_tempData.size() < nAll) _tempData.resize(nAll);
+    if (_divTrace.size() < size_t(_nTraces)) _divTrace.resize(_nTraces);
+    if (nAll > 0) prepare(_nSamples, data.sampleRate());
+
+    std::vector<TraceMeasure> measures(_nTraces);
+#pragma omp parallel for schedule(static)
+    for (int i = 0; i < _nTraces; ++i) {
+        float* const trace = _tempData.data() + size_t(i) * _nSamples;
+        if (_nSamples > 0) {
+            std::memcpy(trace, data.getTraceValues(i, 0), _nSamples * sizeof(float));
+            process(trace, _nSamples);
+        }
+        measures[i] = measureTrace(trace, _nSamples);
+    }
+
+    double divisors = 0.0, means = 0.0;
+    _nCounted = 0;
+    _minimum = nullValue;
+    _maximum = -nullValue;
+    for (int i = 0; i < _nTraces; ++i) {
+        const TraceMeasure& measure = measures[i];
+        _minimum = std::min(_minimum, measure.minimum);
+        _maximum = std::max(_maximum, measure.maximum);
+        _divTrace[i] = 0.0f;
+        if (measure.n <= 3) continue;
+        _divTrace[i] = float((measure.sum1 + measure.sum1) / measure.n);
+        divisors += _divTrace[i];
+        if (measure.sum2 != 0.0) means += measure.sum2 / measure.n;
+        ++_nCounted;
+    }
+    _divRecord = _nCounted > 0 ? float((divisors + divisors) * 0.5 / _nCounted) : 0.0f;
+    _rms = _nCounted > 0 ? float(means / _nCounted) : 0.0f;
+}

@@ -1,0 +1,95 @@
+/// The conditioned copy of an ensemble, and its measures.
+#ifndef TRACECONDITIONER_H
+#define TRACECONDITIONER_H
+
+#include <memory>
+#include <vector>
+
+class BandPassFilter;
+class OrvinAGC;
+class OrvinPhaseShift;
+class SeismicData;
+
+/// Phase rotation, band-pass and gain control of traces, each if wanted, and the amplitudes that the display
+/// scales by. Runs once per new data or new setting, never at paint time; the data stay as they are.
+class TraceConditioner
+{
+public:
+    TraceConditioner();
+    ~TraceConditioner();
+
+    /// @param winlen  window in ms
+    void applyAGC(bool state, int winlen);
+    /// @param angle  in degrees
+    void applyPhase(bool state, float angle);
+    /// Corners in Hz, rising: low cut, low pass, high pass, high cut.
+    void applyFilter(bool state, int lc, int lp, int hp, int hc, bool isTime);
+    bool isAGC() const { return _applyAGC; }
+    bool isPhase() const { return _applyPhase; }
+    bool isFilter() const { return _applyFilter; }
+
+    /// Conditions num samples in place: phase, band-pass, AGC.
+    /// @param nSamples    length of the ensemble's traces
+    /// @param sampleRate  in ms
+    void applyProcessing(float* trace, int num, int nSamples, float sampleRate);
+
+    /// Copies, conditions and measures all traces. Traces are shared out to threads; the results are the same
+    /// to the bit whatever their number.
+    void computeNormalizer(const SeismicData& data);
+
+    /// The conditioned traces, sampleCount() floats each; null before the first computeNormalizer.
+    const float* samples() const { return _tempData.data(); }
+    int traceCount() const { return _nTraces; }
+    int sampleCount() const { return _nSamples; }
+    /// One divisor a trace: twice its mean absolute amplitude; 0 where 3 samples or fewer count. Counted are
+    /// samples that are finite and not 0.
+    const float* divTrace() const { return _divTrace.data(); }
+    /// The mean of the divisors above, 0 with no counted trace.
+    float divRecord() const { return _divRecord; }
+    /// Traces with more than 3 counted samples.
+    int countedTraces() const { return _nCounted; }
+    /// Mean over these of the mean amplitude, 0 with none.
+    float rms() const { return _rms; }
+    /// Of all counted samples; 3.4e38 and -3.4e38 with none.
+    float minimum() const { return _minimum; }
+    float maximum() const { return _maximum; }
+
+private:
+    void prepare(int nSamples, float sampleRate);
+    void process(float* trace, int num) const;
+
+    bool _applyAGC = false;
+    bool _applyPhase = false;
+    bool _applyFilter = false;
+    int _agcWindow = 500;
+    float _angle = 0.0f;
+    int _corners[4] = {4, 12, 50, 60};
+    bool _isTime = false;
+    std::unique_ptr<OrvinAGC> _agc;  // the three are made on first use, for _opSamples and _opRate
+    std::unique_ptr<OrvinPhaseShift> _phase;
+    std::unique_ptr<BandPassFilter> _filter;
+    int _opSamples = 0;
+    float _opRate = 0.0f;
+
+    std::vector<float> _tempData;  // only grows
+    std::vector<float> _divTrace;  // only grows
+    int _nTraces = 0;
+    int _nSamples = 0;
+    float _divRecord = 0.0f;
+    int _nCounted = 0;
+    float _rms = 0.0f;
+    float _minimum = 3.4e38f;
+    float _maximum = -3.4e38f;
+};
+
+/// Amplitudes of one trace over its samples that are finite and not 0.
+struct TraceMeasure {
+    int n = 0;
+    float minimum = 3.4e38f;
+    float maximum = -3.4e38f;
+    double sum1 = 0.0;  ///< of absolute values
+    double sum2 = 0.0;  ///< of roots of squares, the squares in single precision: 0 for the very smallest
+};
+TraceMeasure measureTrace(const float* trace, int n);
+
+#endif

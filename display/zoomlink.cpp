@@ -1,0 +1,46 @@
+#include "display/zoomlink.h"
+
+#include "display/displayhost.h"
+#include "display/seismicdisplay.h"
+
+void ZoomLink::setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others)
+{
+    _displaylist = displays;
+    _otherlist = others;
+}
+
+bool ZoomLink::isSpreading() const
+{
+    return _host && _host->isZooming();
+}
+
+QList<SeismicDisplay*> ZoomLink::othersOf(SeismicDisplay* from) const
+{
+    QList<SeismicDisplay*> others;
+    for (const QList<SeismicDisplay*>* list : {_displaylist, _otherlist})
+        if (list) others += *list;
+    others.removeAll(from);
+    return others;
+}
+
+void ZoomLink::spreadZoom(SeismicDisplay* from, const QRectF& rect, bool timeOnly, bool traceOnly) const
+{
+    if (!_host) return;
+    _host->setZooming(true);
+    for (SeismicDisplay* display : othersOf(from)) {
+        const QRectF whole = display->zoomBase();
+        display->setTimeZoom(timeOnly, traceOnly);
+        display->setZoomRect(QRectF(whole.left(), rect.top(), whole.width(), rect.height()));
+    }
+    _host->setZooming(false);
+}
+
+void ZoomLink::spreadPan(SeismicDisplay* from, int dy) const
+{
+    for (SeismicDisplay* display : othersOf(from)) display->panVertically(dy);
+}
+
+void ZoomLink::resetOthers(SeismicDisplay* from) const
+{
+    for (SeismicDisplay* display : othersOf(from)) display->resetZoom(0);
+}

@@ -1,0 +1,36 @@
+/// Carries time zooms and vertical pans from one display over to its sisters.
+#ifndef ZOOMLINK_H
+#define ZOOMLINK_H
+
+#include <QList>
+#include <QRectF>
+
+class DisplayHost;
+class SeismicDisplay;
+
+/// Knows the lists of sister displays; both are lent and may be null.
+class ZoomLink
+{
+public:
+    /// @param host  guards against the echo; lent, may be null (then nothing is spread)
+    explicit ZoomLink(DisplayHost* host) : _host(host) {}
+    void setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others);
+
+    /// True while some display spreads its zoom.
+    bool isSpreading() const;
+    /// Every other display takes the times of rect and keeps all of its own traces.
+    void spreadZoom(SeismicDisplay* from, const QRectF& rect, bool timeOnly, bool traceOnly) const;
+    /// Every other display is moved down by dy pixels.
+    void spreadPan(SeismicDisplay* from, int dy) const;
+    /// Every other display goes back to its base.
+    void resetOthers(SeismicDisplay* from) const;
+
+private:
+    QList<SeismicDisplay*> othersOf(SeismicDisplay* from) const;
+
+    DisplayHost* _host;
+    QList<SeismicDisplay*>* _displaylist = nullptr;
+    QList<SeismicDisplay*>* _otherlist = nullptr;
+};
+
+#endif

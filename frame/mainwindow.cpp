@@ -1,0 +1,301 @@
+#include "frame/mainwindow.h"
+
+#include "display/colorbarframe.h"
+#include "display/seismicdisplay.h"
+#include "frame/windowactions.h"
+#include "frame/windowreport.h"
+#include "frame/windowsettings.h"
+#include "host/home.h"
+#include "sources/segyloader.h"
+#include "tracedata/parmmenu.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QFile>
+#include <QFrame>
+#include <QGroupBox>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QRadioButton>
+#include <QScreen>
+#include <QSettings>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTextStream>
+#include <QVBoxLayout>
+
+/// Resources of a static library are only linked in when they are asked for by name.
+static void initPictures()
+{
+    Q_INIT_RESOURCE(meridune);
+}
+
+static const char programTitle[] = "Seismic Display";
+
+MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
+    : QMainWindow(parent), _report(std::make_unique<WindowReport>(this)), _menu(menu)
+{
+    initPictures();
+    setObjectName("MainWindow");
+    setAcceptDrops(true);
+    _run.resetDirection();
+    makeCentre();
+    _actions = std::make_unique<WindowActions>(this);
+    makeRecentMenu();
+    statusBar()->showMessage("Ready");
+    readSettings();
+    _COMPANY = setCompanyName();
+    setAreaLineTitle();
+    setNavigation();
+}
+
+MainWindow::~MainWindow()
+{
+    // The displays borrow from the loader's parameter record and the header table.
+    qDeleteAll(_displaylist);
+}
+
+void MainWindow::makeCentre()
+{
+    auto* frame = new QFrame(this);
+    frame->setFrameShape(QFrame::Panel);
+    frame->setFrameShadow(QFrame::Sunken);
+    frame->setLineWidth(1);
+    auto* vLayout = new QVBoxLayout(frame);
+    vLayout->setContentsMargins(2, 2, 2, 2);
+    auto* row = new QHBoxLayout;
+    _splitter = new QSplitter(Qt::Horizontal);
+    _cvLayout = new QVBoxLayout;
+    _colorBarFrame = new ColorBarFrame;
+    _colorBarFrame->setObjectName("colorBarFrame");
+    _cvLayout->addStretch();
+    _cvLayout->addWidget(_colorBarFrame);
+    _cvLayout->addStretch();
+    row->addWidget(_splitter, 1);
+    row->addLayout(_cvLayout);
+    vLayout->addLayout(row, 1);
+    _controlStatus = new QStatusBar;
+    _controlStatus->setObjectName("controlStatus");
+    _controlStatus->setSizeGripEnabled(false);
+    _controlStatus->showMessage("Ready");
+    vLayout->addWidget(_controlStatus);
+    setCentralWidget(frame);
+}
+
+void MainWindow::buildMainPlot()
+{
+    for (int i = 0; i < _menu->iscreens; ++i) {
+        const bool isLast = i == _menu->iscreens - 1;
+        const bool hasRight = isLast && (_menu->iscreens == 1 || _menu->idifference == 0);
+        auto* column = new QSplitter(Qt::Vertical);
+        _splitter->addWidget(column);
+        _display = new SeismicDisplay(column, "Main Display", statusBar(), _controlStatus, i == 0, hasRight, i, this);
+        column->addWidget(_display);
+        _display->setColorBar(_colorBarFrame);
+        _display->setMenu(_menu);
+        _displaylist.append(_display);
+    }
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setLists(&_displaylist, &_otherlist);
+    checkRadioButtons();
+}
+
+int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
+{
+    if (screen < 0 || screen >= _displaylist.size()) return 0;
+    _displaylist[screen]->loadSeismicData(traces, heads, n, true);
+    return 0;
+}
+
+int MainWindow::saveEnsemble(float** traces, int** heads, int n, int screen)
+{
+    if (screen < 0 || screen >= _displaylist.size()) return 0;
+    return _displaylist[screen]->saveSeismicData(traces, heads, n);
+}
+
+int MainWindow::getMoveUp() const
+{
+    return _menu->moveup;
+}
+
+void MainWindow::setLastEnsemble(bool last)
+{
+    _actions->action("forwardAct")->setEnabled(!last);
+    if (last && _run._contFlow) _run._doExit = true;
+}
+
+void MainWindow::enableBackKey(bool on)
+{
+    _actions->action("backAct")->setEnabled(on);
+    _actions->action("seekAct")->setEnabled(on);
+    for (const char* name : {"backAct", "seekAct"}) {
+        QAction* action = _actions->action(name);
+        action->setToolTip(on ? action->statusTip()
+                              : action->statusTip() + "\nNeeds an index: press \"Build Now\" in the SEGY Menu.");
+    }
+}
+
+void MainWindow::setAreaLineTitle()
+{
+    const QString gap(10, ' ');
+    const QString file = _fileName.isEmpty() ? QString() : "File: " + _fileName + gap;
+    setWindowTitle(QString(programTitle) + gap + file);
+}
+
+QString MainWindow::setCompanyName() const
+{
+    QFile file(QString(GetHome()) + "/linux/lib/company.txt");
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) return QString();
+    return QTextStream(&file).readLine();
+}
+
+static QSettings* openSettings(QObject* parent)
+{
+    return new QSettings("Brenlake", "SEISMICDISPLAY", parent);
+}
+
+void MainWindow::readSettings()
+{
+    const std::unique_ptr<QSettings> settings(openSettings(nullptr));
+    const QRect area = screen() ? screen()->geometry() : QRect(0, 0, 1280, 1024);
+    const WindowSettings window = readWindowSettings(settings.get(), area, _menu->ireset != 0);
+    resize(window.size);
+    move(window.pos);
+    _colorFile = window.colormap;
+    if (!_colorFile.isEmpty() && !_colorBarFrame->loadColorMapFile(_colorFile))
+        _report->line("MERIDUNE: the colour file " + _colorFile.toStdString() + " can't be read, using the built-in map\n");
+}
+
+void MainWindow::writeSettings()
+{
+    const std::unique_ptr<QSettings> settings(openSettings(nullptr));
+    writeWindowSettings(settings.get(), {pos(), size(), _colorFile});
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    writeSettings();
+    _run._doExit = true;
+    event->accept();
+}
+
+void MainWindow::closeWindow()
+{
+    close();
+}
+
+void MainWindow::closeContinue()
+{
+    _run.continueFlow();
+    close();
+}
+
+void MainWindow::closeProcess()
+{
+    _run.processFlow(false);
+}
+
+void MainWindow::closeProcessHide()
+{
+    _run.processFlow(true);
+    hide();
+    _report->line("\nMERIDUNE: close window but continue processing this flow.\n");
+}
+
+void MainWindow::checkRadioButtons()
+{
+    bool isOwned = false;
+    for (const char* name : {"showImageBox", "showVelocityBox", "showGatPickerBox", "showFBPickerBox"})
+        isOwned = isOwned || _actions->box(name)->isChecked();
+    _actions->radioBox()->setEnabled(!isOwned);
+    const MouseMode mode = _actions->radio("radioSpectrum")->isChecked() ? MouseMode::Spectrum
+                           : _actions->radio("radioHeader")->isChecked() ? MouseMode::Headers
+                                                                         : MouseMode::Zoom;
+    for (SeismicDisplay* display : qAsConst(_displaylist))
+        display->setMouseMode(mode, mode != MouseMode::Zoom && !isOwned);
+    if (!isOwned && mode != MouseMode::Zoom)
+        tellNotBuilt(mode == MouseMode::Spectrum ? "The amplitude spectrum" : "The header view");
+}
+
+void MainWindow::tellNotBuilt(const QString& what)
+{
+    statusBar()->showMessage(what + " is not built yet.");
+}
+
+void MainWindow::print() { tellNotBuilt("Printing"); }
+void MainWindow::exportPDF() { tellNotBuilt("The PDF export"); }
+void MainWindow::parameterMenu() { tellNotBuilt("The parameters menu"); }
+void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }
+void MainWindow::titleMenu() { tellNotBuilt("The title editor"); }
+void MainWindow::drawMenu() { tellNotBuilt("Drawing on the canvas"); }
+void MainWindow::addNewDisplay() { tellNotBuilt("Adding a display"); }
+void MainWindow::menuViewer() {}
+void MainWindow::getMapViewer() { tellNotBuilt("The map"); }
+void MainWindow::contentHelp() { tellNotBuilt("The help viewer"); }
+void MainWindow::exportImage() { tellNotBuilt("The image export"); }
+void MainWindow::exportScreen() { tellNotBuilt("The snapshot"); }
+
+void MainWindow::showOverlay(int state)
+{
+    if (state) tellNotBuilt("The overlay");
+}
+
+void MainWindow::plotDifference(int state)
+{
+    if (state) tellNotBuilt("The difference display");
+}
+
+void MainWindow::saveImage(int state)
+{
+    if (state) tellNotBuilt("The image store");
+}
+
+void MainWindow::showImage(int state)
+{
+    if (state) {
+        _actions->box("showImageBox")->setChecked(false);
+        QMessageBox::critical(this, "Image Error", "No images are saved.");
+    }
+    checkRadioButtons();
+}
+
+void MainWindow::showVelocity(int state)
+{
+    if (state) tellNotBuilt("CVS velocity picking");
+}
+
+void MainWindow::showGatPicker(int state)
+{
+    if (state) tellNotBuilt("Trevia picking");
+}
+
+void MainWindow::showFBPicker(int state)
+{
+    if (state) tellNotBuilt("First-break picking");
+}
+
+void MainWindow::about()
+{
+    const QString text = (_COMPANY.isEmpty() ? QString() : _COMPANY + "\n\n") +
+                         "A interactive seismic data display and processing application.\n";
+    QMessageBox::about(this, QString("About %1").arg(programTitle), text);
+}
+
+void MainWindow::doFBPicking(bool) {}
+
+void MainWindow::pickTraceChange(const float*, int, int, int) {}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    QStringList names;
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile()) names.append(url.toLocalFile());
+    if (names.isEmpty()) return;
+    event->acceptProposedAction();
+    openSegy(names.join(","));
+}

@@ -1,0 +1,166 @@
+/// The top window of a seismic display.
+#ifndef MAINWINDOW_H
+#define MAINWINDOW_H
+
+#include "display/displayhost.h"
+#include "frame/runstate.h"
+#include "tracedata/headertable.h"
+
+#include <QList>
+#include <QMainWindow>
+#include <QString>
+
+#include <memory>
+
+class ColorBarFrame;
+class QSplitter;
+class QStatusBar;
+class QVBoxLayout;
+class SegyLoader;
+class SegyMenuDialog;
+class SeismicDisplay;
+class WindowActions;
+class WindowReport;
+struct SegyLoadParm;
+struct fbPickMenuStruct;
+struct parmmenu;
+struct velSemblanceStruct;
+
+/// Holds the screens, the loaders, the navigation through the records and the ways out. The three
+/// parameter records are lent and live until the process ends.
+class MainWindow : public QMainWindow, public DisplayHost
+{
+    Q_OBJECT
+
+public:
+    MainWindow(QWidget* parent, parmmenu* menu);
+    ~MainWindow() override;
+
+    /// Makes the screens that the record asks for.
+    void buildMainPlot();
+    /// Hands a batch of traces to a screen, counted from 0. Always 0.
+    int loadEnsemble(float** traces, int** heads, int n, int screen);
+    /// Copies edited header words of a screen back.
+    int saveEnsemble(float** traces, int** heads, int n, int screen);
+    int getMoveUp() const;
+    /// With true "next" is disabled; the picks of a processed flow are saved.
+    void setLastEnsemble(bool last);
+    int resetDirection() { return _run.resetDirection(); }
+    bool getMoreRecords() { return _run.getMoreRecords(); }
+    int numberOfRecords() const;
+
+    /// Loads the file named in the record, or opens the SEG-Y menu where none is named. Returns 0 when
+    /// the load failed and the user has given up.
+    int showSegyMenu(bool fromStart, bool inputMode);
+    /// Opens a file, or a comma-separated list, and shows its first ensemble. Returns 1; 0 with a box, and
+    /// what was on the screen stays.
+    int loadSegyFile(const SegyLoadParm& parm);
+    void setVelSemblance(velSemblanceStruct* velsemblance) { _velsemblance = velsemblance; }
+    void setFBPickMenu(fbPickMenuStruct* fbpickmenu) { _fbpickmenu = fbpickmenu; }
+
+    SeismicDisplay* display() const { return _display; }
+    const QList<SeismicDisplay*>& displayList() const { return _displaylist; }
+    ColorBarFrame* colorBarFrame() const { return _colorBarFrame; }
+    SegyLoader* segyLoader() const { return _segyloader.get(); }
+    QSplitter* splitter() const { return _splitter; }
+    WindowActions* actionTable() const { return _actions.get(); }
+    velSemblanceStruct* getVelSemblance() const { return _velsemblance; }
+    fbPickMenuStruct* getFBPickMenu() const { return _fbpickmenu; }
+    bool isSegy() const { return _isSegy; }
+    bool isStandAlone() const { return _isStandAlone; }
+    bool headerSaved() const { return _headerTable._headerSaved; }
+    bool atExit() const { return _run._doExit; }
+    bool contFlow() const { return _run._contFlow; }
+    int getDirection() const { return _run._direction; }
+    const QString& companyName() const { return _COMPANY; }
+    /// Lets "previous" and "seek" act, or not.
+    void enableBackKey(bool on);
+
+    bool isZooming() const override { return _isZoom; }
+    void setZooming(bool on) override { _isZoom = on; }
+    const HeaderTable* headerTable() const override { return &_headerTable; }
+    void doFBPicking(bool on) override;
+    void pickTraceChange(const float* trace, int start, int n, int iTrace) override;
+
+public slots:
+    void print();
+    void exportPDF();
+    void exportImage();
+    void exportScreen();
+    void closeProcess();
+    void closeProcessHide();
+    void closeContinue();
+    void closeWindow();
+    void parameterMenu();
+    void pickMenu();
+    void titleMenu();
+    void drawMenu();
+    void addNewDisplay();
+    void segyMenu();
+    void menuViewer();
+    void getMapViewer();
+    void contentHelp();
+    void about();
+    void nextRecord();
+    void previousRecord();
+    void firstRecord();
+    void seekRecord();
+    void showOverlay(int state);
+    void plotDifference(int state);
+    void saveImage(int state);
+    void showImage(int state);
+    void showVelocity(int state);
+    void showGatPicker(int state);
+    void showFBPicker(int state);
+    void checkRadioButtons();
+
+signals:
+    /// The first ensemble of a file is on the screen.
+    void fileShown(const QString& name);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void makeCentre();
+    void makeRecentMenu();
+    void openSegy(const QString& name);
+    void readSettings();
+    void writeSettings();
+    void setAreaLineTitle();
+    QString setCompanyName() const;
+    void saveHeader();
+    void showRecord(bool found);
+    void setNavigation();
+    void takeLoaderKeys();
+    void tellNotBuilt(const QString& what);
+
+    QVBoxLayout* _cvLayout = nullptr;
+    QSplitter* _splitter = nullptr;
+    QStatusBar* _controlStatus = nullptr;
+    ColorBarFrame* _colorBarFrame = nullptr;
+    std::unique_ptr<WindowActions> _actions;
+    std::unique_ptr<WindowReport> _report;
+    QList<SeismicDisplay*> _displaylist;
+    QList<SeismicDisplay*> _otherlist;
+    SeismicDisplay* _display = nullptr;  // the last screen made
+    SegyMenuDialog* _segy = nullptr;     // child, made on first use
+    std::unique_ptr<SegyLoader> _segyloader;
+
+    parmmenu* _menu;                            // lent
+    velSemblanceStruct* _velsemblance = nullptr;  // lent
+    fbPickMenuStruct* _fbpickmenu = nullptr;      // lent
+    HeaderTable _headerTable;
+    RunState _run;
+    bool _isZoom = false;
+    bool _isSegy = false;
+    bool _isStandAlone = true;
+    bool _dataReady = false;
+    QString _fileName;
+    QString _colorFile;
+    QString _COMPANY;
+};
+
+#endif

@@ -1,0 +1,201 @@
+/// SEG-Y in the main window: opening files and going from record to record.
+#include "frame/mainwindow.h"
+
+#include "display/seismicdisplay.h"
+#include "frame/windowactions.h"
+#include "frame/windowreport.h"
+#include "host/signal/bytes.h"
+#include "sources/segyloader.h"
+#include "sources/segyloadparm.h"
+#include "tracedata/parmmenu.h"
+#include "widgets/dialogprogress.h"
+#include "widgets/recentfiles.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMessageBox>
+#include <QSettings>
+#include <QStatusBar>
+
+namespace {
+
+/// The wait cursor while it lives.
+struct WaitCursor {
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+}  // namespace
+
+/// How the record says that its file is to be read.
+static SegyLoadParm loadParm(const parmmenu& menu)
+{
+    SegyLoadParm parm;
+    parm.files = QString::fromLocal8Bit(menu.cfile);
+    parm.isort = menu.segysort;
+    parm.itype = menu.segytype;
+    parm.iformat = menu.segyformat;
+    parm.ivariable = menu.segylength;
+    parm.icscale = menu.segycscalar;
+    parm.iescale = menu.segydscalar;
+    parm.nsamp = menu.segysample;
+    parm.maxtr = menu.segymaxtr;
+    parm.srate = menu.segysamprat;
+    return parm;
+}
+
+int MainWindow::showSegyMenu(bool fromStart, bool inputMode)
+{
+    _isStandAlone = !inputMode;
+    _actions->action("segyAct")->setEnabled(fromStart);
+    if (!fromStart) return 1;
+    if (_menu->cfile[0] == '\0') {
+        segyMenu();
+        return 1;
+    }
+    if (!loadSegyFile(loadParm(*_menu))) segyMenu();
+    return 1;
+}
+
+void MainWindow::openSegy(const QString& name)
+{
+    SegyLoadParm parm = loadParm(*_menu);
+    parm.files = name;
+    loadSegyFile(parm);
+}
+
+int MainWindow::loadSegyFile(const SegyLoadParm& parm)
+{
+    WaitCursor wait;
+    DialogProgress progress(this);
+    auto loader = std::make_unique<SegyLoader>(1, parm.files, 0, parm.isort, parm.itype, parm.iformat, parm.ivariable,
+                                               littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
+                                               parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
+                                               _report.get(), &progress, &_headerTable);
+    if (!loader->openFiles()) {
+        QGuiApplication::restoreOverrideCursor();
+        QMessageBox::critical(this, "SEGY Load Error", "Error while open or read from file: " + parm.files);
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        return 0;
+    }
+    // The new file is open and sound: only now does the old one go.
+    loader->setMenu(_menu);
+    loader->initBuild();
+    connect(loader.get(), &SegyLoader::indexBuilt, this, [this] { enableBackKey(true); });
+    _segyloader = std::move(loader);
+    _isSegy = true;
+    _dataReady = false;
+    saveHeader();
+    _segyloader->saveHeaders();
+    _segyloader->loadNextEnsemble(1);
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
+    _fileName = QFileInfo(parm.files.section(',', 0, 0)).fileName();
+    setAreaLineTitle();
+    showRecord(_segyloader->numTraces() > 0);
+    setNavigation();
+    _dataReady = true;
+    if (!parm.files.contains(',')) {
+        QSettings settings("Brenlake", "SEISMICDISPLAY");
+        writeRecentFiles(&settings, withRecentFile(readRecentFiles(&settings), QFileInfo(parm.files).absoluteFilePath()));
+    }
+    emit fileShown(parm.files);
+    return 1;
+}
+
+void MainWindow::saveHeader()
+{
+    _segyloader->fillHeaderTable(&_headerTable);
+}
+
+/// Shows the loader's present ensemble, or says that there is none.
+void MainWindow::showRecord(bool found)
+{
+    if (found) {
+        loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), 0);
+        return;
+    }
+    setLastEnsemble(true);
+    statusBar()->showMessage("No more records.");
+}
+
+void MainWindow::setNavigation()
+{
+    const bool isOpen = _segyloader != nullptr;
+    _actions->action("forwardAct")->setEnabled(isOpen);
+    enableBackKey(isOpen && _segyloader->canSeek());
+}
+
+int MainWindow::numberOfRecords() const
+{
+    return _segyloader ? _segyloader->numEnsembles() : 0;
+}
+
+void MainWindow::nextRecord()
+{
+    if (!_segyloader) return;
+    _dataReady = false;
+    _run.pressNext();
+    enableBackKey(_segyloader->canSeek());
+    {
+        WaitCursor wait;
+        _segyloader->loadNextEnsemble(_menu->moveup);
+        showRecord(_segyloader->numTraces() > 0);
+    }
+    _dataReady = true;
+}
+
+void MainWindow::previousRecord()
+{
+    if (!_segyloader) return;
+    _dataReady = false;
+    _run.pressPrevious();
+    {
+        WaitCursor wait;
+        if (_segyloader->loadLastEnsemble(_menu->moveup) && _segyloader->numTraces() > 0) {
+            showRecord(true);
+            setLastEnsemble(false);
+        } else {
+            enableBackKey(false);
+        }
+    }
+    _dataReady = true;
+}
+
+void MainWindow::firstRecord()
+{
+    if (!_segyloader) return;
+    _segyloader->setEnsemble(-_menu->moveup);
+    nextRecord();
+}
+
+void MainWindow::seekRecord()
+{
+    tellNotBuilt("Seeking a record");
+}
+
+void MainWindow::segyMenu()
+{
+    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    const QString folder = settings.value("lastfolder").toString();
+    const QString name = QFileDialog::getOpenFileName(this, "SEGY File Loader", folder,
+                                                      "SEG-Y (*.sgy *.segy *.SGY *.SEGY);;All files (*)");
+    if (name.isEmpty()) return;
+    settings.setValue("lastfolder", QFileInfo(name).absolutePath());
+    openSegy(name);
+}
+
+void MainWindow::makeRecentMenu()
+{
+    auto* recent = new QMenu("&Recent Files", this);
+    recent->setObjectName("recentMenu");
+    _actions->menu("&File")->insertMenu(_actions->action("printAct"), recent);
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] {
+        recent->clear();
+        QSettings settings("Brenlake", "SEISMICDISPLAY");
+        for (const QString& name : readRecentFiles(&settings))
+            recent->addAction(name, this, [this, name] { openSegy(name); });
+        if (recent->isEmpty()) recent->addAction("No files yet")->setEnabled(false);
+    });
+}

@@ -1,0 +1,71 @@
+#include "frame/startmeridune.h"
+
+#include "display/myqwtplotcanvas.h"
+#include "display/seismicdisplay.h"
+#include "frame/mainwindow.h"
+#include "host/home.h"
+
+#include <QApplication>
+
+#include <chrono>
+#include <clocale>
+#include <cstdio>
+#include <memory>
+
+static int meriduneac = 0;
+static char** meriduneav = nullptr;
+static parmmenu* meridunemenu = nullptr;
+static velSemblanceStruct* meridunevelsemblance = nullptr;
+static fbPickMenuStruct* meridunefbpickmenu = nullptr;
+static std::chrono::steady_clock::time_point startTime;
+
+int startMeridune(int ac, char** av, parmmenu* menu, velSemblanceStruct* velsemblance,
+                  fbPickMenuStruct* fbpickmenu)
+{
+    startTime = std::chrono::steady_clock::now();
+    meriduneac = ac;
+    meriduneav = av;
+    meridunemenu = menu;
+    meridunevelsemblance = velsemblance;
+    meridunefbpickmenu = fbpickmenu;
+    return 0;
+}
+
+static void sayTime(const char* what)
+{
+    const std::chrono::duration<double, std::milli> ms = std::chrono::steady_clock::now() - startTime;
+    std::printf("MERIDUNE: %s after %.1f ms\n", what, ms.count());
+    std::fflush(stdout);
+}
+
+/// With MERIDUNE_TIMING=1 the first paint of the empty window and of the first ensemble are told.
+static void watchTiming(MainWindow* window)
+{
+    if (qgetenv("MERIDUNE_TIMING") != "1") return;
+    SeismicDisplay* display = window->display();
+    QObject::connect(display->myCanvas(), &MyQwtPlotCanvas::rendered, window, [display] {
+        static bool toldEmpty = false, toldEnsemble = false;
+        if (!toldEmpty) sayTime("empty window on screen");
+        toldEmpty = true;
+        if (toldEnsemble || display->traceCount() == 0) return;
+        toldEnsemble = true;
+        sayTime("first ensemble on screen");
+    });
+}
+
+int aloneMeriduneSEGY()
+{
+    QApplication app(meriduneac, meriduneav);
+    // The formats of files and of the status line have points, whatever the user's locale.
+    std::setlocale(LC_NUMERIC, "C");
+    makeHome();
+    MainWindow window(nullptr, meridunemenu);
+    window.setVelSemblance(meridunevelsemblance);
+    window.setFBPickMenu(meridunefbpickmenu);
+    window.buildMainPlot();
+    watchTiming(&window);
+    window.show();
+    QCoreApplication::processEvents();
+    if (!window.showSegyMenu(true, false)) return 0;
+    return QApplication::exec();
+}

@@ -1,0 +1,31 @@
+#include "frame/windowsettings.h"
+
+#include <QSettings>
+
+WindowSettings defaultWindowSettings(const QRect& screen)
+{
+    const int w = screen.width() > 2000 ? screen.width() / 2 : screen.width();
+    const int h = screen.height();
+    WindowSettings window;
+    window.size = QSize(int(w * 0.9), int(h * 0.9));
+    window.pos = QPoint((w - window.size.width()) / 4, (h - window.size.height()) / 4);
+    return window;
+}
+
+WindowSettings readWindowSettings(QSettings* settings, const QRect& screen, bool reset)
+{
+    WindowSettings window = defaultWindowSettings(screen);
+    if (!reset) {
+        window.pos = settings->value("pos", window.pos).toPoint();
+        window.size = settings->value("size", window.size).toSize();
+    }
+    window.colormap = settings->value("colormap").toString();
+    return window;
+}
+
+void writeWindowSettings(QSettings* settings, const WindowSettings& window)
+{
+    settings->setValue("pos", window.pos);
+    settings->setValue("size", window.size);
+    settings->setValue("colormap", window.colormap);
+}

@@ -1,0 +1,27 @@
+/// Position, size and colour map of the main window, kept from session to session.
+#ifndef WINDOWSETTINGS_H
+#define WINDOWSETTINGS_H
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+#include <QString>
+
+class QSettings;
+
+struct WindowSettings {
+    QPoint pos;
+    QSize size;
+    QString colormap;  ///< colour file, empty for the built-in map
+};
+
+/// Nine tenths of the screen, a quarter of the free space from its corner. A screen wider than 2000 pixels
+/// counts as two monitors side by side, of which one is used.
+WindowSettings defaultWindowSettings(const QRect& screen);
+
+/// The stored settings, the defaults where there are none. With reset the stored position and size are
+/// ignored; the colour map never is.
+WindowSettings readWindowSettings(QSettings* settings, const QRect& screen, bool reset);
+void writeWindowSettings(QSettings* settings, const WindowSettings& window);
+
+#endif

@@ -1,0 +1,15 @@
+/// The folder of the installation's own files, and the users' lines.
+#ifndef HOME_H
+#define HOME_H
+
+#include <string>
+
+/// $TREVIA_HOME, else the folder "trevia" in the user's data folder ($XDG_DATA_HOME, else
+/// ~/.local/share). Without trailing slash; not made here.
+const char* GetHome();
+
+/// Makes GetHome() and its folders for colours, remap tables and settings where they are missing.
+/// Returns 1, or 0 when they can't be made.
+int makeHome();
+
+#endif

@@ -1,0 +1,324 @@
+/// The main window on real files: opening, paging, and what happens when a file is not what it should be.
+#include "display/colorbarframe.h"
+#include "frame/mainwindow.h"
+#include "frame/menudefaults.h"
+#include "frame/windowactions.h"
+#include "sources/segyloader.h"
+#include "sources/segyloadparm.h"
+#include "tests/gui/displayfixture.h"
+#include "tests/testdata.h"
+#include "tracedata/parmmenu.h"
+#include "tracedata/seismicdata.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QToolBar>
+#include <QtTest>
+
+class MainWindowTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void theActionsStandInTheirMenusWithTheirKeys();
+    void theToolBarStandsInOrder();
+    void aFileIsShownAndNextPagesThroughIt();
+    void nextPastTheEndKeepsTheLastEnsemble();
+    void withoutAnIndexPreviousIsDisabledAndSaysWhy();
+    void withAnIndexPreviousGoesBack();
+    void aBackgroundIndexEnablesPreviousAndNextGoesOnFromTheScreen();
+    void aFileThatCannotBeReadLeavesTheOneOnTheScreen();
+    void aBadReelAsksForTheFileType();
+    void aDroppedFileOpens();
+    void theExitChoicesSetTheRunState();
+    void theMouseModesFollowTheRadioButtons();
+    void showImagesWithoutImagesUnchecksItself();
+    void aboutNamesTheCompany();
+
+private:
+    QTemporaryDir _home;
+};
+
+/// A window of its own with the defaults, shown.
+struct WindowFixture {
+    std::unique_ptr<parmmenu> menu = std::make_unique<parmmenu>();
+    std::unique_ptr<MainWindow> window;
+
+    WindowFixture()
+    {
+        setDisplayDefaults(menu.get());
+        window = std::make_unique<MainWindow>(nullptr, menu.get());
+        window->buildMainPlot();
+        window->show();
+    }
+    int open(const QString& name, int isort = 0, int indexbuilt = 0)
+    {
+        SegyLoadParm parm;
+        parm.files = name;
+        parm.isort = isort;
+        parm.indexbuilt = indexbuilt;
+        return window->loadSegyFile(parm);
+    }
+    QAction* action(const char* name) { return window->actionTable()->action(name); }
+    int traces() { return window->display()->traceCount(); }
+    QString shownKey() { return window->display()->axisTitle(QwtPlot::xTop).text().simplified(); }
+};
+
+static QString dataFile(const char* name)
+{
+    return QString::fromStdString(testDataFile(name));
+}
+
+#define NEEDS_TEST_DATA() \
+    if (!hasTestData()) QSKIP("no real data files")
+
+/// Accepts the message boxes that come up until it goes, and keeps their titles and texts.
+class BoxWatcher : public QObject
+{
+public:
+    BoxWatcher()
+    {
+        connect(&_timer, &QTimer::timeout, this, [this] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box) return;
+            titles.append(box->windowTitle());
+            texts.append(box->text());
+            box->accept();
+        });
+        _timer.start(10);
+    }
+    QStringList titles, texts;
+
+private:
+    QTimer _timer;
+};
+
+void MainWindowTest::initTestCase()
+{
+    QVERIFY(_home.isValid());
+    qputenv("TREVIA_HOME", _home.path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", _home.path().toLocal8Bit());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _home.path());
+}
+
+void MainWindowTest::theActionsStandInTheirMenusWithTheirKeys()
+{
+    WindowFixture fixture;
+    const struct {
+        const char* name;
+        const char* text;
+        const char* key;
+        const char* menu;
+    } rows[] = {
+        {"printAct", "&Print", "Ctrl+P", "&File"},
+        {"pdfAct", "E&xport PDF", "Ctrl+X", "&File"},
+        {"exitContAct", "Exit/&Continue Flow", "Ctrl+C", "&File"},
+        {"exitAct", "&Exit", "Ctrl+E", "&File"},
+        {"parmAct", "Parameters Men&u", "Ctrl+U", "&Tools"},
+        {"pickAct", "&Application Menu", "Ctrl+A", "&Tools"},
+        {"dispAct", "&Add New Display\tCtrl+A", "", "&Dataset"},
+        {"segyAct", "SEG&Y Menu", "Ctrl+L", "&Dataset"},
+        {"mapAct", "View &Map", "Ctrl+M", "&Map"},
+        {"aboutAct", "&About", "", "&Help"},
+    };
+    for (const auto& row : rows) {
+        QAction* action = fixture.action(row.name);
+        QVERIFY2(action, row.name);
+        QCOMPARE(action->text(), QString(row.text));
+        QCOMPARE(action->shortcut().toString(), QString(row.key));
+        QVERIFY(fixture.window->actionTable()->menu(row.menu)->actions().contains(action));
+    }
+    QCOMPARE(fixture.action("viewAct")->text(), QString("3D &Viewer"));  // stands in no menu
+    QVERIFY(fixture.action("forwardAct")->shortcut().isEmpty());
+    QCOMPARE(fixture.action("seekAct")->shortcut().toString(), QString("Ctrl+S"));
+}
+
+void MainWindowTest::theToolBarStandsInOrder()
+{
+    WindowFixture fixture;
+    QStringList names;
+    for (QAction* action : fixture.window->actionTable()->fileToolBar()->actions())
+        if (!action->objectName().isEmpty()) names.append(action->objectName());
+    QCOMPARE(names, QStringList({"exitAct", "contentAct", "printAct", "pdfAct", "imageAct", "screenAct", "backAct",
+                                 "forwardAct", "seekAct", "parmAct", "pickAct", "mapAct"}));
+    for (const char* name : {"exitAct", "printAct", "forwardAct", "mapAct"})
+        QVERIFY2(!fixture.action(name)->icon().pixmap(24, 24).isNull(), name);
+    QVERIFY(!fixture.window->actionTable()->box("differBox")->isVisible());
+}
+
+void MainWindowTest::aFileIsShownAndNextPagesThroughIt()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    QCOMPARE(fixture.open(dataFile("prestack-marine/viking_small.segy")), 1);
+    QCOMPARE(fixture.traces(), 120);
+    QCOMPARE(fixture.shownKey(), QString("FFID :3"));
+    QVERIFY(fixture.window->windowTitle().contains("viking_small.segy"));
+    fixture.action("forwardAct")->trigger();
+    QCOMPARE(fixture.shownKey(), QString("FFID :4"));
+    QCOMPARE(fixture.traces(), 120);
+}
+
+void MainWindowTest::nextPastTheEndKeepsTheLastEnsemble()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    fixture.open(dataFile("prestack-marine/viking_small.segy"));
+    for (int i = 0; i < 4; ++i) fixture.action("forwardAct")->trigger();
+    QCOMPARE(fixture.shownKey(), QString("FFID :6"));
+    QCOMPARE(fixture.traces(), 120);
+    QVERIFY(!fixture.action("forwardAct")->isEnabled());
+}
+
+void MainWindowTest::withoutAnIndexPreviousIsDisabledAndSaysWhy()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    fixture.open(dataFile("prestack-marine/viking_small.segy"));
+    QVERIFY(!fixture.action("backAct")->isEnabled());
+    QVERIFY(!fixture.action("seekAct")->isEnabled());
+    QVERIFY(fixture.action("backAct")->toolTip().contains("Build Now"));
+}
+
+void MainWindowTest::withAnIndexPreviousGoesBack()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    fixture.open(dataFile("prestack-marine/viking_small.segy"), 1, 1);
+    QCOMPARE(fixture.window->numberOfRecords(), 4);
+    fixture.action("forwardAct")->trigger();
+    QVERIFY(fixture.action("backAct")->isEnabled());
+    fixture.action("backAct")->trigger();
+    QCOMPARE(fixture.shownKey(), QString("FFID :3"));
+    fixture.window->nextRecord();
+    fixture.window->nextRecord();
+    fixture.window->firstRecord();
+    QCOMPARE(fixture.shownKey(), QString("FFID :3"));
+}
+
+void MainWindowTest::aBackgroundIndexEnablesPreviousAndNextGoesOnFromTheScreen()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    fixture.open(dataFile("prestack-marine/viking_small.segy"), 1);
+    fixture.window->nextRecord();
+    QCOMPARE(fixture.shownKey(), QString("FFID :4"));
+    QVERIFY(fixture.window->segyLoader()->startIndexBuild());
+    QTRY_VERIFY(fixture.action("backAct")->isEnabled());
+    fixture.window->nextRecord();
+    QCOMPARE(fixture.shownKey(), QString("FFID :5"));
+    fixture.window->previousRecord();
+    QCOMPARE(fixture.shownKey(), QString("FFID :4"));
+}
+
+void MainWindowTest::aFileThatCannotBeReadLeavesTheOneOnTheScreen()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    fixture.open(dataFile("prestack-marine/viking_small.segy"), 1, 1);
+    BoxWatcher boxes;
+    QCOMPARE(fixture.open("/nowhere/none.sgy"), 0);
+    QCOMPARE(boxes.titles, QStringList({"SEGY Load Error"}));
+    QCOMPARE(boxes.texts, QStringList({"Error while open or read from file: /nowhere/none.sgy"}));
+    QCOMPARE(fixture.traces(), 120);
+    fixture.action("forwardAct")->trigger();
+    QCOMPARE(fixture.shownKey(), QString("FFID :4"));
+    QVERIFY(fixture.window->windowTitle().contains("viking_small.segy"));
+}
+
+void MainWindowTest::aBadReelAsksForTheFileType()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    BoxWatcher boxes;
+    QCOMPARE(fixture.open(dataFile("not-segy/small.su")), 0);
+    QVERIFY(boxes.titles.contains("SEGY Load Error"));
+    QCOMPARE(fixture.traces(), 0);
+}
+
+void MainWindowTest::aDroppedFileOpens()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(dataFile("prestack-marine/viking_small.segy"))});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(fixture.window.get(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(fixture.window.get(), &drop);
+    QCOMPARE(fixture.traces(), 120);
+}
+
+void MainWindowTest::theExitChoicesSetTheRunState()
+{
+    {
+        WindowFixture fixture;
+        fixture.action("exitAct")->trigger();
+        QVERIFY(fixture.window->atExit());
+        QCOMPARE(fixture.window->resetDirection(), 99);
+    }
+    {
+        WindowFixture fixture;
+        fixture.action("exitContAct")->trigger();
+        QVERIFY(fixture.window->atExit());
+        QCOMPARE(fixture.window->resetDirection(), 98);
+    }
+    {
+        WindowFixture fixture;
+        fixture.action("exitProcHideAct")->trigger();
+        QVERIFY(!fixture.window->isVisible());
+        QCOMPARE(fixture.window->getDirection(), 2);
+        QCOMPARE(fixture.window->resetDirection(), 97);
+    }
+}
+
+void MainWindowTest::theMouseModesFollowTheRadioButtons()
+{
+    WindowFixture fixture;
+    fixture.window->actionTable()->radio("radioSpectrum")->click();
+    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Spectrum);
+    fixture.window->actionTable()->box("showFBPickerBox")->setChecked(true);
+    fixture.window->checkRadioButtons();
+    QVERIFY(!fixture.window->actionTable()->radioBox()->isEnabled());
+    fixture.window->actionTable()->box("showFBPickerBox")->setChecked(false);
+    fixture.window->checkRadioButtons();
+    QVERIFY(fixture.window->actionTable()->radioBox()->isEnabled());
+}
+
+void MainWindowTest::showImagesWithoutImagesUnchecksItself()
+{
+    WindowFixture fixture;
+    BoxWatcher boxes;
+    fixture.window->actionTable()->box("showImageBox")->click();
+    QCOMPARE(boxes.titles, QStringList({"Image Error"}));
+    QCOMPARE(boxes.texts, QStringList({"No images are saved."}));
+    QVERIFY(!fixture.window->actionTable()->box("showImageBox")->isChecked());
+}
+
+void MainWindowTest::aboutNamesTheCompany()
+{
+    {
+        WindowFixture fixture;
+        QCOMPARE(fixture.window->companyName(), QString());
+    }
+    QDir().mkpath(_home.path() + "/linux/lib");
+    QFile file(_home.path() + "/linux/lib/company.txt");
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("Aurora Geoservices\nsecond line\n");
+    file.close();
+    WindowFixture fixture;
+    QCOMPARE(fixture.window->companyName(), QString("Aurora Geoservices"));
+    BoxWatcher boxes;
+    fixture.window->about();
+    QCOMPARE(boxes.titles, QStringList({"About Seismic Display"}));
+    QVERIFY(boxes.texts.first().contains("Aurora Geoservices"));
+}
+
+QTEST_MAIN(MainWindowTest)
+#include "mainwindowtest.moc"

@@ -1,0 +1,359 @@
+/// The display widget: load, axes, read-out, zoom and pan, as a user meets them.
+#include "display/myqwtplotcanvas.h"
+#include "display/seismicplot.h"
+#include "tests/gui/displayfixture.h"
+#include "tracedata/seismicdata.h"
+
+#include <qwt_scale_div.h>
+#include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
+
+class SeismicDisplayTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theFirstEnsembleFillsTheAxes();
+    void anEmptyBatchLeavesTheFormerTraces();
+    void theReadOutNamesTheTraceAndSampleUnderTheMouse();
+    void leavingTheCanvasClearsTheReadOut();
+    void mouseMovesWithoutDataAreEaten();
+    void aDragZoomsAndTheRightButtonGoesBack();
+    void timeZoomSpreadsAndTraceZoomStays();
+    void aDragOnTheTimeAxisZoomsInTimeOnly();
+    void aDragOfTwoSamplesOnAnAxisDoesNothing();
+    void aRightPressOnAnAxisResetsThisDisplayOnly();
+    void panningStopsAtTheEndsOfTheData();
+    void verticalPanIsCarriedOverHorizontalIsNot();
+    void theWheelKeepsTheDisplaysSteps();
+    void plusAndMinusKeysMagnify();
+    void anEnsembleThatFollowsKeepsTheZoom();
+    void aTimeWindowShowsItsOwnTimes();
+    void onlyLiveTracesAreMeasured();
+    void editedHeadersGoBackOnlyWhenChanged();
+    void storedSamplesAreNeverTouchedByConditioning();
+    void loadingPaintsTheCanvasOnce();
+    void theControlLineFollowsTheMouseMode();
+    void deviceRatioDoesNotMoveTheReadOut();
+};
+
+static QwtInterval shown(SeismicDisplay* display, int axis)
+{
+    return display->axisScaleDiv(axis).interval().normalized();
+}
+
+static QPoint pixelOf(SeismicDisplay* display, double trace, double ms)
+{
+    return QPoint(qRound(display->canvasMap(QwtPlot::xTop).transform(trace)),
+                  qRound(display->canvasMap(QwtPlot::yLeft).transform(ms)));
+}
+
+void SeismicDisplayTest::theFirstEnsembleFillsTheAxes()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    QCOMPARE(fixture.load(ensemble), 0);
+    const QwtInterval x = shown(fixture[0], QwtPlot::xTop), y = shown(fixture[0], QwtPlot::yLeft);
+    QCOMPARE(x.minValue(), 0.0);
+    QVERIFY(qAbs(x.maxValue() - 21.0) < 1e-3);  // a width more than there are traces
+    QCOMPARE(y.minValue(), 0.0);
+    QVERIFY(qAbs(y.maxValue() - 2000.0) < 0.1);
+    QVERIFY(!fixture[0]->isZoomed());
+    QVERIFY(!fixture[0]->isPanned());
+    QCOMPARE(fixture[0]->axisTitle(QwtPlot::xTop).text(), QString("FFID    :7    "));
+    QCOMPARE(fixture[0]->axisTitle(QwtPlot::yLeft).text(), QString("Time (msec)"));
+    QCOMPARE(fixture[0]->axisScaleDraw(QwtPlot::xTop)->label(3.0).text(), QString("103"));
+}
+
+void SeismicDisplayTest::anEmptyBatchLeavesTheFormerTraces()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    QVERIFY(!fixture[0]->lastEnsemble());
+    QCOMPARE(fixture[0]->loadSeismicData(nullptr, nullptr, 0, true), 0);
+    QVERIFY(fixture[0]->lastEnsemble());
+    QCOMPARE(fixture[0]->seismicData()->traceCount(), 20);
+}
+
+void SeismicDisplayTest::theReadOutNamesTheTraceAndSampleUnderTheMouse()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    QTest::mouseMove(fixture[0]->canvas(), pixelOf(fixture[0], 6.0, 801.0));
+    QTRY_VERIFY(fixture.status.currentMessage().startsWith("FFID    :        7     CHAN    :      106"));
+    // The pixel is within a few ms of 801: the sample that the line names must hold the amplitude beside it.
+    const QString line = fixture[0]->readoutAt(pixelOf(fixture[0], 6.0, 801.0));
+    const double ms = line.section("Time (msec):", 1).section("Amp:", 0, 0).trimmed().toDouble();
+    const double amplitude = line.section("Amp:", 1).trimmed().toDouble();
+    QVERIFY(qAbs(ms - 801.0) < 6.0);
+    QCOMPARE(amplitude, 5000.0 + ms / 4.0);
+}
+
+void SeismicDisplayTest::leavingTheCanvasClearsTheReadOut()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    fixture.status.showMessage("something");
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(fixture[0]->canvas(), &leave);
+    QCOMPARE(fixture.status.currentMessage(), QString());
+}
+
+void SeismicDisplayTest::mouseMovesWithoutDataAreEaten()
+{
+    DisplayFixture fixture;
+    QMouseEvent move(QEvent::MouseMove, QPoint(50, 50), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QVERIFY(fixture[0]->eventFilter(fixture[0]->canvas(), &move));
+    QCOMPARE(fixture[0]->readoutAt(QPoint(50, 50)), QString());
+}
+
+void SeismicDisplayTest::aDragZoomsAndTheRightButtonGoesBack()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    QWidget* canvas = fixture[0]->canvas();
+    dragMouse(canvas, pixelOf(fixture[0], 5.0, 400.0), pixelOf(fixture[0], 10.0, 1200.0), Qt::LeftButton);
+    QVERIFY(fixture[0]->isZoomed());
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).minValue() - 5.0) < 0.1);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).maxValue() - 1200.0) < 5.0);
+    QVERIFY(fixture[0]->axisScaleDiv(QwtPlot::yLeft).lowerBound() > fixture[0]->axisScaleDiv(QwtPlot::yLeft).upperBound());
+    QCOMPARE(shown(fixture[0], QwtPlot::xBottom).minValue(), shown(fixture[0], QwtPlot::xTop).minValue());
+    QTest::mouseClick(canvas, Qt::RightButton, Qt::NoModifier, QPoint(50, 50));
+    QVERIFY(!fixture[0]->isZoomed());
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).maxValue() - 2000.0) < 0.1);
+}
+
+void SeismicDisplayTest::timeZoomSpreadsAndTraceZoomStays()
+{
+    DisplayFixture fixture(2);
+    TestEnsemble ensemble(20, 500), wider(30, 500);
+    fixture.load(ensemble, 0);
+    fixture.load(wider, 1);
+    dragMouse(fixture[0]->canvas(), pixelOf(fixture[0], 5.0, 400.0), pixelOf(fixture[0], 10.0, 1200.0), Qt::LeftButton);
+    QVERIFY(qAbs(shown(fixture[1], QwtPlot::yLeft).minValue() - 400.0) < 5.0);
+    QVERIFY(qAbs(shown(fixture[1], QwtPlot::xTop).width() - 31.0) < 1e-3);
+    QTest::mouseClick(fixture[0]->canvas(), Qt::RightButton, Qt::NoModifier, QPoint(50, 50));
+    QVERIFY(!fixture[1]->isZoomed());
+    QCOMPARE(shown(fixture[1], QwtPlot::yLeft).minValue(), 0.0);
+}
+
+void SeismicDisplayTest::aDragOnTheTimeAxisZoomsInTimeOnly()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    QWidget* axis = fixture[0]->axisWidget(QwtPlot::yLeft);
+    const auto onAxis = [&](double ms) {
+        const QPoint onCanvas(0, pixelOf(fixture[0], 0.0, ms).y());
+        return QPoint(5, axis->mapFrom(fixture[0], fixture[0]->canvas()->mapTo(fixture[0], onCanvas)).y());
+    };
+    dragMouse(axis, onAxis(500.0), onAxis(1000.0), Qt::LeftButton);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).minValue() - 500.0) < 5.0);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).maxValue() - 1000.0) < 5.0);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).width() - 21.0) < 1e-3);
+}
+
+void SeismicDisplayTest::aDragOfTwoSamplesOnAnAxisDoesNothing()
+{
+    DisplayFixture fixture(1, 50, 4.0f);
+    TestEnsemble ensemble(20, 50);
+    fixture.load(ensemble);
+    QWidget* axis = fixture[0]->axisWidget(QwtPlot::yLeft);
+    const int top = axis->mapFrom(fixture[0], fixture[0]->canvas()->mapTo(fixture[0], QPoint(0, 0))).y();
+    // 200 ms over the canvas: 7 ms are less than two samples.
+    const int pixels = int(7.0 / 200.0 * fixture[0]->canvas()->height());
+    dragMouse(axis, QPoint(5, top + 50), QPoint(5, top + 50 + pixels), Qt::LeftButton);
+    QVERIFY(!fixture[0]->isZoomed());
+    QWidget* traces = fixture[0]->axisWidget(QwtPlot::xTop);
+    const int perTrace = fixture[0]->canvas()->width() / 21;
+    dragMouse(traces, QPoint(200, 5), QPoint(200 + perTrace - 1, 5), Qt::LeftButton);
+    QVERIFY(!fixture[0]->isZoomed());
+}
+
+void SeismicDisplayTest::aRightPressOnAnAxisResetsThisDisplayOnly()
+{
+    DisplayFixture fixture(2);
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble, 0);
+    fixture.load(ensemble, 1);
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 5.0, 800.0));
+    QVERIFY(fixture[0]->isZoomed());
+    QVERIFY(fixture[1]->isZoomed());
+    QTest::mousePress(fixture[0]->axisWidget(QwtPlot::yLeft), Qt::RightButton, Qt::NoModifier, QPoint(5, 100));
+    QVERIFY(!fixture[0]->isZoomed());
+    QVERIFY(fixture[1]->isZoomed());
+}
+
+void SeismicDisplayTest::panningStopsAtTheEndsOfTheData()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 5.0, 800.0));
+    fixture[0]->panVertically(100000);  // down: towards earlier times
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).minValue()) < 1e-9);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 800.0) < 1e-6);
+    fixture[0]->panVertically(-100000);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).maxValue() - 2000.0) < 0.1);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 800.0) < 1e-6);
+}
+
+void SeismicDisplayTest::verticalPanIsCarriedOverHorizontalIsNot()
+{
+    DisplayFixture fixture(2);
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble, 0);
+    fixture.load(ensemble, 1);
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 5.0, 800.0));
+    const double traceBefore = shown(fixture[1], QwtPlot::xTop).minValue();
+    const double timeBefore = shown(fixture[1], QwtPlot::yLeft).minValue();
+    dragMouse(fixture[0]->canvas(), QPoint(200, 200), QPoint(150, 150), Qt::MiddleButton);
+    QVERIFY(shown(fixture[0], QwtPlot::xTop).minValue() > 5.0);
+    QVERIFY(shown(fixture[1], QwtPlot::yLeft).minValue() > timeBefore);
+    QCOMPARE(shown(fixture[1], QwtPlot::xTop).minValue(), traceBefore);
+}
+
+void SeismicDisplayTest::theWheelKeepsTheDisplaysSteps()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(100, 2000);
+    fixture.menu->_orvinruntime.numsmp = 2000;
+    fixture[0]->setMenu(fixture.menu.get());
+    fixture.load(ensemble);
+    QWheelEvent wheel(QPointF(100, 100), QPointF(100, 100), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(fixture[0]->canvas(), &wheel);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 7200.0) < 0.5);  // 8000 ms times 0.9
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).width() - 90.9) < 0.01);
+    const QList<double> ticks = fixture[0]->axisScaleDiv(QwtPlot::yLeft).ticks(QwtScaleDiv::MajorTick);
+    QVERIFY(ticks.size() >= 2);
+    QCOMPARE(qAbs(ticks[1] - ticks[0]), 500.0);
+}
+
+void SeismicDisplayTest::plusAndMinusKeysMagnify()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    QTest::keyClick(fixture[0]->canvas(), Qt::Key_Plus);
+    QVERIFY2(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 1800.0) < 0.5, qPrintable(QString::number(shown(fixture[0], QwtPlot::yLeft).width())));
+    QTest::keyClick(fixture[0]->canvas(), Qt::Key_Minus);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 2000.0) < 0.5);
+}
+
+void SeismicDisplayTest::anEnsembleThatFollowsKeepsTheZoom()
+{
+    DisplayFixture fixture;
+    TestEnsemble first(20, 500), second(24, 500);
+    fixture.load(first);
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 5.0, 800.0));
+    fixture.load(second);
+    QVERIFY(fixture[0]->isZoomed());
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).minValue() - 400.0) < 1e-6);
+    QTest::mouseClick(fixture[0]->canvas(), Qt::RightButton, Qt::NoModifier, QPoint(50, 50));
+    QVERIFY(!fixture[0]->isZoomed());
+    fixture.load(second);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).maxValue() - 25.0) < 1e-3);
+}
+
+void SeismicDisplayTest::aTimeWindowShowsItsOwnTimes()
+{
+    DisplayFixture fixture;
+    fixture.menu->stime = 400;
+    fixture.menu->etime = 1200;
+    fixture[0]->setMenu(fixture.menu.get());
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    QCOMPARE(fixture[0]->seismicData()->sampleCount(), 200);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).minValue() - 400.0) < 1e-6);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).maxValue() - 1200.0) < 0.1);
+    QVERIFY(!fixture[0]->isPanned());
+    const QString line = fixture[0]->readoutAt(pixelOf(fixture[0], 3.0, 800.5));
+    const double ms = line.section("Time (msec):", 1).section("Amp:", 0, 0).trimmed().toDouble();
+    QVERIFY(qAbs(ms - 800.0) < 5.0);
+    QCOMPARE(line.section("Amp:", 1).trimmed().toDouble(), 2000.0 + ms / 4.0);
+}
+
+void SeismicDisplayTest::onlyLiveTracesAreMeasured()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(2, 500);
+    std::fill(ensemble.samples[0].begin(), ensemble.samples[0].end(), -3.0f);
+    std::fill(ensemble.samples[1].begin(), ensemble.samples[1].end(), 900.0f);  // its TRC_TYPE is 2
+    fixture.load(ensemble);
+    QCOMPARE(fixture[0]->computeRMS(true), 3.0f);
+    QCOMPARE(fixture[0]->seismicPlot()->rms(), 3.0f);
+}
+
+void SeismicDisplayTest::editedHeadersGoBackOnlyWhenChanged()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(2, 500);
+    fixture.load(ensemble);
+    fixture[0]->seismicData()->getTraceHeaders()[1][5] = 77;
+    fixture[0]->saveSeismicData(ensemble.traces.data(), ensemble.headers.data(), 2);
+    QCOMPARE(ensemble.words[1][5], 0);
+    fixture[0]->seismicData()->setChanged(true);
+    fixture[0]->saveSeismicData(ensemble.traces.data(), ensemble.headers.data(), 2);
+    QCOMPARE(ensemble.words[1][5], 77);
+}
+
+void SeismicDisplayTest::storedSamplesAreNeverTouchedByConditioning()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(4, 500);
+    fixture.load(ensemble);
+    fixture[0]->seismicPlot()->applyAGC(true, 200);
+    fixture[0]->seismicPlot()->applyFilter(true, 4, 12, 50, 60, false);
+    fixture[0]->seismicPlot()->computeNormalizer();
+    fixture[0]->rePlot();
+    fixture[0]->grab();
+    for (int i = 0; i < 4; ++i)
+        for (int j = 0; j < 500; ++j)
+            QCOMPARE(*fixture[0]->seismicData()->getTraceValues(i, j), ensemble.samples[i][j]);
+}
+
+void SeismicDisplayTest::loadingPaintsTheCanvasOnce()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    QTRY_VERIFY(fixture[0]->myCanvas()->renderCount() > 0);
+    QTest::qWait(50);
+    const int before = fixture[0]->myCanvas()->renderCount();
+    fixture.load(ensemble);
+    QTRY_COMPARE(fixture[0]->myCanvas()->renderCount(), before + 1);
+    QTest::qWait(50);
+    QCOMPARE(fixture[0]->myCanvas()->renderCount(), before + 1);
+}
+
+void SeismicDisplayTest::theControlLineFollowsTheMouseMode()
+{
+    DisplayFixture fixture;
+    QCOMPARE(fixture.control.currentMessage(),
+             QString("MB1 down and drag: zoom,   MB2 down and drag: pann,    MB3 down: unzoom"));
+    fixture[0]->setMouseMode(MouseMode::FirstBreaks, true);
+    QVERIFY(fixture.control.currentMessage().startsWith("CTRL MB1 down and drag: zoom"));
+    QVERIFY(fixture.control.currentMessage().endsWith("   First break picking is on"));
+    fixture[0]->setMouseMode(MouseMode::FirstBreaks, false);
+    QVERIFY(fixture.control.currentMessage().startsWith("MB1 down"));
+}
+
+void SeismicDisplayTest::deviceRatioDoesNotMoveTheReadOut()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    // Each trace's own pixel column is named after it, at every trace.
+    for (int i = 1; i <= 20; ++i) {
+        const QString line = fixture[0]->readoutAt(pixelOf(fixture[0], i, 1000.0));
+        QCOMPARE(line.section("CHAN    :", 1).trimmed().section(' ', 0, 0).toInt(), 100 + i);
+    }
+}
+
+QTEST_MAIN(SeismicDisplayTest)
+#include "seismicdisplaytest.moc"
