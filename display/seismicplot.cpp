@@ -198,7 +198,7 @@ struct OwnerTap : TraceTap {
     PlotOwner* owner;
 };
 
-QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y) const
+QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y, double pixelRatio) const
 {
     static const ColorTable blackAndWhite;
     RasterParm parm;
@@ -212,6 +212,7 @@ QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y) const
     parm.startSample = _startSample;
     parm.x = x;
     parm.y = y;
+    parm.pixelRatio = pixelRatio;
     parm.timeDirection = timeDirection();
     parm.displayType = _displayType;
     parm.plotDirection = _plotDirection;
@@ -241,7 +242,7 @@ QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y) const
 QImage SeismicPlot::renderImage2(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& area) const
 {
     if (!_dataLoaded || !(area.width() > 0.0 && area.height() > 0.0)) return QImage();
-    return renderMaps(axisMap(xMap), axisMap(yMap));
+    return renderMaps(axisMap(xMap), axisMap(yMap), 1.0);
 }
 
 QImage SeismicPlot::saveImage(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& rect) const
@@ -295,16 +296,15 @@ void SeismicPlot::drawRendered(QPainter* painter, const QwtScaleMap& xMap, const
     const QRectF area = QwtScaleMap::invTransform(xMap, yMap, canvasRect);
     if (!(area.width() > 0.0 && area.height() > 0.0)) return;
     const double ratio = painter->device()->devicePixelRatioF();
-    QImage image = renderMaps(deviceMap(xMap, canvasRect.left(), ratio), deviceMap(yMap, canvasRect.top(), ratio));
+    const QImage image = renderMaps(deviceMap(xMap, canvasRect.left(), ratio),
+                                    deviceMap(yMap, canvasRect.top(), ratio), ratio);
     if (image.isNull()) return;
     const QSizeF size(image.width() / ratio, image.height() / ratio);
     const QSizeF shown = size.boundedTo(canvasRect.size());
-    if (shown == size) {
-        image.setDevicePixelRatio(ratio);  // so that it is painted pixel for pixel
-        painter->drawImage(canvasRect.topLeft(), image);
-    } else {
+    if (shown == size)
+        painter->drawImage(canvasRect.topLeft(), image);  // pixel for pixel
+    else
         painter->drawImage(QRectF(canvasRect.topLeft(), shown), image, QRectF(image.rect()));
-    }
 }
 
 QRect storedPictureCrop(const QSize& picture, const AxisMap& savedX, const AxisMap& savedY, const AxisMap& x,

@@ -157,7 +157,7 @@ protected:
 
 private:
     int timeDirection() const;
-    QImage renderMaps(const AxisMap& x, const AxisMap& y) const;
+    QImage renderMaps(const AxisMap& x, const AxisMap& y, double pixelRatio) const;
     void drawRendered(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
                       const QRectF& canvasRect) const;
     void drawStored(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,

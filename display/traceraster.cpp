@@ -231,6 +231,7 @@ QImage TraceRaster::render(const RasterParm& parm, TraceTap* tap)
     if (_image.width() != window.width || _image.height() != window.height || !_image.isDetached())
         _image = QImage(window.width, window.height, QImage::Format_RGB32);
     if (_image.isNull()) return QImage();
+    _image.setDevicePixelRatio(parm.pixelRatio);
     _image.fill(0xff000000u | parm.background);
     if (window.count < 1 || window.height <= window.top) return _image;
 

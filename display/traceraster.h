@@ -46,6 +46,7 @@ struct RasterParm {
 
     const ColorTable* colors = nullptr;  ///< never null
     QRgb background = 0xffffffffu;
+    double pixelRatio = 1.0;  ///< of the paint device; the picture gets it, the maps hold it already
 };
 
 /// The window of the data that a render shows, and its measures in pixels.
