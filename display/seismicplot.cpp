@@ -131,7 +131,8 @@ void SeismicPlot::computeNormalizer()
 {
     _conditioner.computeNormalizer(*_data);
     setRMS(_conditioner.rms());
-    const bool isFirstRange = _firstTime && _displayType != ColorB && _displayType != ColorWiggle && _displayType != Map;
+    const bool isFirstRange =
+        _firstTime && _displayType != ColorB && _displayType != ColorWiggle && _displayType != Map;
     if (_conditioner.countedTraces() > 0 && (_autoGain || isFirstRange)) {
         const bool isScaled = _normalize != Normalize::None;
         _rangeMin = isScaled ? -_peak : _conditioner.minimum();
@@ -231,8 +232,8 @@ QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y, double pixelR
 
     std::vector<float> offsets;
     if (_owner && _applyMoveout != 0 && _velocity > 0.0f) {
-        offsets.resize(parm.nDataTraces);
-        _owner->traceOffsets(*_data, parm.nDataTraces, offsets.data());
+        offsets.resize(parm.nDataTraces);  // of the conditioned copy, which may be older than the data
+        _owner->traceOffsets(*_data, std::min(_data->traceCount(), parm.nDataTraces), offsets.data());
         parm.offsets = offsets.data();
     }
     OwnerTap tap(_owner);
@@ -323,7 +324,8 @@ void SeismicPlot::drawStored(QPainter* painter, const QwtScaleMap& xMap, const Q
     const QPixmap* pixmap = _doDrawBitmap ? &_bitmap : _doDrawPixmap ? &_pixmap : nullptr;
     const QSize size = pixmap ? pixmap->size() : _image.size();
     const double yStart = _owner && _owner->timeDirection() == 0 ? yMap.s1() : yMap.s2();
-    QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart, _shiftTime);
+    QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart,
+                                   _shiftTime);
     if (crop.isEmpty()) crop = QRect(QPoint(0, 0), size);
     if (pixmap)
         painter->drawPixmap(canvasRect.topLeft(), *pixmap, QRectF(crop));
