@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstring>
 #include <numbers>
+#include <xmmintrin.h>
 
 constexpr int nTaps = 8;
 constexpr int nFractions = 513;
@@ -140,7 +141,7 @@ static inline MERIDUNE_KERNEL void sumBlock(const Input& in, const float (*table
             const Four sum = __builtin_shufflevector(ab02, cd02, 0, 1, 4, 5) +
                              __builtin_shufflevector(ab02, cd02, 2, 3, 6, 7);
             const FourInt finite = (sum - sum) == Four{};
-            if ((finite[0] & finite[1] & finite[2] & finite[3]) != 0) {
+            if (_mm_movemask_ps(reinterpret_cast<__m128>(finite)) == 15) {
                 *reinterpret_cast<AnyFour*>(yout + i) = sum;
                 continue;
             }
