@@ -19,6 +19,7 @@ class DisplayHost;
 class MyQwtPlotMagnifier;
 class MyQwtPlotPanner;
 class MyQwtPlotZoomer;
+class PlotScrollBars;
 class QStatusBar;
 class RecordAxisScaleDraw;
 class SeismicAxisScaleDraw;
@@ -123,6 +124,10 @@ public:
 public slots:
     void catchZoom(const QRectF& rect);
     void catchPan(int dx, int dy);
+    /// Brings the scroll bars up to what the axes show.
+    void synchronizeScrollBars();
+    void horizontalScrollerMoved(double from);
+    void verticalScrollerMoved(double from);
 
 signals:
     /// A new ensemble is on the screen.
@@ -152,6 +157,7 @@ private:
     MyQwtPlotPanner* _panner;
     MyQwtPlotMagnifier* _magnifier;
     AxisDrag* _axisDrag;
+    PlotScrollBars* _scrollBars;
     RecordAxisScaleDraw* _recordaxis;  // owned by the axes
     SeismicAxisScaleDraw* _seismicaxisl;
     SeismicAxisScaleDraw* _seismicaxisr;

@@ -6,6 +6,7 @@
 #include "display/myqwtplotmagnifier.h"
 #include "display/myqwtplotpanner.h"
 #include "display/myqwtplotzoomer.h"
+#include "display/plotscrollbars.h"
 #include "display/recordaxisscaledraw.h"
 #include "display/seismicaxisscaledraw.h"
 #include "display/seismicplot.h"
@@ -164,5 +165,7 @@ void SeismicDisplay::rePlot()
 void SeismicDisplay::resizeEvent(QResizeEvent* event)
 {
     MyQwtPlot::resizeEvent(event);
-    rebuildDisplay(false);
+    _scrollBars->place();
+    // A scroll bar that comes or goes only changes the margins.
+    if (event->size() != event->oldSize()) rebuildDisplay(false);
 }

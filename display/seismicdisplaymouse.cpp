@@ -6,14 +6,18 @@
 #include "display/myqwtplotmagnifier.h"
 #include "display/myqwtplotpanner.h"
 #include "display/myqwtplotzoomer.h"
+#include "display/plotscrollbars.h"
 #include "display/readout.h"
 #include "display/seismicplot.h"
 #include "tracedata/seismicdata.h"
 
 #include <QMouseEvent>
 #include <QStatusBar>
+#include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
 
+#include <algorithm>
 #include <cmath>
 
 constexpr int sliceDomain = 8;
@@ -36,6 +40,11 @@ void SeismicDisplay::makeMouseTools()
         (onTraceAxis ? _traceZoomOnly : _timeZoomOnly) = true;
         setZoomRect(rect);
     });
+    _scrollBars = new PlotScrollBars(this);
+    connect(_scrollBars, &PlotScrollBars::horizontalMoved, this, &SeismicDisplay::horizontalScrollerMoved);
+    connect(_scrollBars, &PlotScrollBars::verticalMoved, this, &SeismicDisplay::verticalScrollerMoved);
+    for (const int axis : {xTop, yLeft})
+        connect(axisWidget(axis), &QwtScaleWidget::scaleDivChanged, this, &SeismicDisplay::synchronizeScrollBars);
     // Installed last, so it sees the mouse before the zoomers do.
     canvas()->installEventFilter(this);
 }
@@ -127,6 +136,40 @@ void SeismicDisplay::catchZoom(const QRectF& rect)
 void SeismicDisplay::catchPan(int /*dx*/, int dy)
 {
     _zoomLink.spreadPan(this, dy);
+}
+
+void SeismicDisplay::synchronizeScrollBars()
+{
+    if (!_loadTraces) return;
+    const QwtInterval x = axisScaleDiv(xTop).interval().normalized();
+    const QwtInterval y = axisScaleDiv(yLeft).interval().normalized();
+    const double traces = std::max(_panTraces, _seismicdata->traceCount() + 1.0);
+    const double times = std::max(_panSamples, double(_numsmp) * _samprat);
+    _scrollBars->synchronize({0.0, traces, x.minValue(), x.width()}, {_shiftTime, times, y.minValue(), y.width()});
+}
+
+/// Moves the axes of one direction, with their steps.
+static void moveAxes(SeismicDisplay* display, int first, int second, double from)
+{
+    const QwtScaleDiv& div = display->axisScaleDiv(first);
+    const double span = std::fabs(div.range()), step = display->axisStepSize(first);
+    for (const int axis : {first, second}) {
+        if (div.isIncreasing())
+            display->setAxisScale(axis, from, from + span, step);
+        else
+            display->setAxisScale(axis, from + span, from, step);
+    }
+    display->rePlot();
+}
+
+void SeismicDisplay::horizontalScrollerMoved(double from)
+{
+    moveAxes(this, xTop, xBottom, from);
+}
+
+void SeismicDisplay::verticalScrollerMoved(double from)
+{
+    moveAxes(this, yLeft, yRight, from);
 }
 
 QString SeismicDisplay::readoutAt(const QPoint& pos) const
