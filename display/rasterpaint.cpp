@@ -175,11 +175,11 @@ void paintTraces(const RasterPainting& p)
     const TraceGeometry geometry(p);
     const auto paint = cpuVariant() == CpuVariant::V3 ? paintBandV3 : paintBandPlain;
     const int nBands = (p.nRows + rasterBand - 1) / rasterBand;
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
     for (int band = 0; band < nBands; ++band)
         paint(p, geometry, band * rasterBand, std::min(rasterBand, p.nRows - band * rasterBand));
     if (!hasLines(p.displayType)) return;
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
     for (int band = 1; band < nBands; ++band)  // only now is the last row of each band done
         paintUpper(p, geometry, band * rasterBand, 0, 1);
 }
@@ -260,7 +260,7 @@ void paintMap(const RasterPainting& p)
     const MapGeometry geometry(p);
     if (geometry.columns < 1) return;
     const int nBands = (p.nRows + rasterBand - 1) / rasterBand;
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
     for (int band = 0; band < nBands; ++band)
         paintMapBand(p, geometry, band * rasterBand, std::min(rasterBand, p.nRows - band * rasterBand));
 }
