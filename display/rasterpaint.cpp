@@ -15,13 +15,6 @@ typedef float FloatBand __attribute__((vector_size(rasterBand * sizeof(float))))
 typedef int IntBand __attribute__((vector_size(rasterBand * sizeof(int))));
 typedef double DoubleBand __attribute__((vector_size(rasterBand * sizeof(double))));
 
-PixelRun upperRun(int x0, int x1, int width)
-{
-    const int first = x1 < x0 ? x1 + 1 : x0;
-    const int last = x1 > x0 ? x1 - 1 : x0;
-    return {std::max(first, 0), std::min(last, width - 1)};
-}
-
 /// Excursions in whole pixels, limited; 0 for NaN.
 static inline MERIDUNE_KERNEL IntBand excursions(const float* values, float pixPerTrace, float clipPix)
 {
