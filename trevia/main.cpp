@@ -1,5 +1,7 @@
 /// The `trevia` program: lines, datasets, tables and flows of the embedded host, without widgets.
-int main()
+#include "trevia/subcommands.h"
+
+int main(int argc, char** argv)
 {
-    return 0;
+    return runTrevia({argv + 1, argv + argc});
 }

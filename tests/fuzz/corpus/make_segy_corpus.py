@@ -1,0 +1,67 @@
+#!/usr/bin/env python3
+"""Makes the seeds of the SEG-Y fuzz targets: small files, good ones and nasty ones. Run it in this folder."""
+import os
+import struct
+
+
+def reel(nsamp=10, nsr=2000, fmt=5, sort=1, order=">", text=b"\x40"):
+    head = bytearray((text * 3200)[:3200] + bytes(400))
+    struct.pack_into(order + "hhhhhhh", head, 3212, 3, 0, nsr, 0, nsamp, 0, fmt)
+    struct.pack_into(order + "h", head, 3228, sort)
+    return bytes(head)
+
+
+def trace(data, nsampt=0, nsrt=0, ffid=1, chan=1, weight=0, order=">"):
+    head = bytearray(240)
+    struct.pack_into(order + "iiii", head, 0, chan, chan, ffid, chan)
+    struct.pack_into(order + "h", head, 70, -10)
+    struct.pack_into(order + "hh", head, 114, nsampt, nsrt)
+    struct.pack_into(order + "h", head, 168, weight)
+    return bytes(head) + data
+
+
+def save(target, name, content):
+    os.makedirs(target, exist_ok=True)
+    with open(os.path.join(target, name), "wb") as out:
+        out.write(content)
+
+
+ieee = struct.pack(">10f", *range(10))
+good = reel() + b"".join(trace(ieee, 10, 2000, i // 2, i) for i in range(6))
+little = reel(order="<") + b"".join(trace(ieee, 10, 2000, i // 2, i, order="<") for i in range(6))
+nan = reel() + trace(struct.pack(">10I", *[0x7fc00000] * 10), 10)
+nasty = {
+    "empty": b"", "reelonly": reel(), "short": reel()[:3599], "good": good, "little": little, "nan": nan,
+    "zero": reel(0, 0) + trace(ieee, 10, 2000), "negative": reel(-1, -1) + trace(ieee, -1, -1),
+    "zeroshort": reel(0, 0) + bytes(239), "cutheader": good[:-150], "cutsample": good[:-1], "tail": good + b"\x1a" * 17,
+    "unsigned": reel(-32000) + trace(bytes(4 * 33536)), "manysamples": reel(32767) + trace(ieee),
+    "ibm": reel(fmt=1) + trace(bytes.fromhex("7fffffffffffffff") * 5, 10), "gain": reel(fmt=4) + trace(ieee, 10),
+    "weight": reel(20, fmt=3) + trace(ieee, 20, weight=-32768), "bytes": reel(40, fmt=6) + trace(ieee, 40, weight=32767),
+    "longer": reel() + trace(ieee * 12, 120) + trace(ieee, 10), "toolong": reel(2) + trace(ieee * 300, 3000) + trace(ieee, 2),
+    "claims": reel(2) + trace(ieee, 32767) + trace(ieee, 32767), "backward": reel(30) + trace(ieee * 3) * 4,
+    "onesample": reel(1, fmt=6) + trace(b"\x01") * 6, "nocount": reel(100) + trace(bytes(160)) * 3,
+    "garbage": bytes(range(256)) * 20,
+}
+big = {"unsigned"}
+for name, content in nasty.items():
+    save("segyreelfuzz", name, content)
+    if name in big:
+        continue
+    for choice in (0x01, 0x41, 0x61):
+        save("segyfixedfuzz", "%s-%02x" % (name, choice), bytes([choice]) + content)
+        save("segyvariablefuzz", "%s-%02x" % (name, choice), bytes([choice]) + content)
+for code in range(7):
+    save("segyfixedfuzz", "format-%d" % code, bytes([0x21 | code << 2]) + good)
+    save("segyvariablefuzz", "format-%d" % code, bytes([0x21 | code << 2]) + good)
+
+header = bytes(range(240))
+rows = {
+    "good": "SOU_SLOC,4I,IEEE,197\nCDP     ,2I,IEEE,9\nSOU_X,4R,IBM,73\n", "ends": "CDP,8R,IEEE,240\nCDP,8R,,232\nCDP,1I,,239\n",
+    "text": "CDP,A4,IEEE,100\nCDP,A999999999999,IEEE,1\nCDP,A-5,IEEE,1\nCDP,A,IEEE,240\nSOU_X,A240,,1\n",
+    "commas": ",,,,,,\n,4I,,9\nCDP,,IEEE,9\n", "many": "CDP,4I,IEEE,9\n" * 40, "empty": "", "crlf": "CDP,4I,IEEE,9\r\nFFID,4R,IBM,1\r\n",
+    "number": "CDP,4I,IEEE,99999999999\nCDP,4I,IEEE,-1\nCDP,4I,IEEE, 9 \n", "nul": "CDP\0,4I,IEEE,9\n",
+}
+for name, text in rows.items():
+    save("segyremapfuzz", name, header + text.encode())
+save("segyremapfuzz", "latin", header + b"\xff\xfeC\0D\0P\0,4I,IEEE,9")
+save("segyremapfuzz", "nothing", b"")

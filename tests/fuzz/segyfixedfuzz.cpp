@@ -1,0 +1,8 @@
+/// Traces of fixed length: map, sort and every trace.
+#include "tests/fuzz/segymapfuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t n)
+{
+    fuzzMap(bytes, n, 0);
+    return 0;
+}
