@@ -1,5 +1,6 @@
 #include "display/traceconditioner.h"
 
+#include "display/rasternumber.h"
 #include "host/cpuvariant.h"
 #include "host/signal/bandpassfilter.h"
 #include "host/signal/orvinagc.h"
@@ -161,7 +162,7 @@ void TraceConditioner::computeNormalizer(const SeismicData& data)
     if (nAll > 0) prepare(_nSamples, data.sampleRate());
 
     std::vector<TraceMeasure> measures(_nTraces);
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (isWorthThreads(_nSamples, _nTraces))
     for (int i = 0; i < _nTraces; ++i) {
         float* const trace = _tempData.data() + size_t(i) * _nSamples;
         if (_nSamples > 0) {
