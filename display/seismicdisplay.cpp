@@ -147,6 +147,8 @@ void SeismicDisplay::setMenu(parmmenu* menu)
     _seismicplot->setClip(menu->clip);
     _seismicplot->setBias(menu->bias);
     _seismicplot->applyAGC(menu->iagc != 0, menu->agcwinlen);
+    setOverlayMode(menu->ioverlay != 0);
+    if (menu->ioverlay != 0) _lastOverlay = true;
 
     _keys = {menu->ipkey - 1, menu->ipkeyreal - 1, menu->iskey - 1, menu->iskeyreal - 1};
     _iskeyinc = menu->iskeyinc;
@@ -215,6 +217,7 @@ QRectF SeismicDisplay::canvasRectangle() const
 void SeismicDisplay::setWholeAxes()
 {
     _seismicplot->setOutputBuffers(canvasRectangle().toRect());
+    if (_overlayplot) _overlayplot->setOutputBuffers(canvasRectangle().toRect());
     setTraceIncrement(_traceIncr);
     setTimeIncrement(_timeIncr);
 }
@@ -233,7 +236,10 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
         _lastEnsemble = true;
         return 0;
     }
-    if (!(_loadTraces = loadTraces(traces, heads, n))) return 1;
+    if (_menu->ioverlay != 0 && _loadTraces && !_lastOverlay) return loadOverlayData(traces, heads, n, replot);
+    _lastOverlay = false;
+    if (!loadTraces(traces, heads, n)) return 1;
+    _loadTraces = true;
     _lastEnsemble = false;
     if (_firstTime && _idomain == sliceDomain && _isTrevia) setSliceAxis();
     _seismicplot->invalidateImage();

@@ -62,6 +62,11 @@ public:
     int loadSeismicData(float** traces, int** heads, int n, bool replot);
     /// Only copies the batch. Returns 1, or 0 when memory ran out.
     int loadTraces(float** traces, int** heads, int n);
+    /// Shows a batch over the data on the screen, translucent, in colours of its own. Always 0, or 1 when memory
+    /// ran out.
+    int loadOverlayData(float** traces, int** heads, int n, bool replot);
+    /// With on, the next batch goes over the data on the screen, and from then on every second one.
+    void setOverlayMode(bool on);
     /// Copies edited header words back into heads, if the data are marked changed; always 0.
     int saveSeismicData(float** traces, int** heads, int n);
     /// Copies trace i, counted from 0, and its header out.
@@ -109,6 +114,9 @@ public:
     /// Traces shown; 0 before the first load.
     int traceCount() const { return _loadTraces ? _headerAxis.traceCount() : 0; }
     SeismicPlot* seismicPlot() const { return _seismicplot; }
+    /// Null until an overlay was first loaded.
+    SeismicData* overlayData() const { return _overlaydata.get(); }
+    SeismicPlot* overlayPlot() const { return _overlayplot; }
     const HeaderAxis& headerAxis() const { return _headerAxis; }
     bool lastEnsemble() const { return _lastEnsemble; }
     int windowNumber() const { return _windowNumber; }
@@ -137,6 +145,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void makeOverlay();
+    void measureOverlay();
     void makeAxes(bool enableLeft, bool enableRight);
     void makeMouseTools();
     void setTimeWindow();
@@ -166,6 +176,10 @@ private:
     EnsembleCopy _copy;
     HeaderAxis _headerAxis;
     SeismicPlot* _seismicplot;  // attached to the plot, which deletes it
+    std::unique_ptr<SeismicData> _overlaydata;
+    EnsembleCopy _overlayCopy;
+    SeismicPlot* _overlayplot = nullptr;  // attached to the plot, which deletes it
+    bool _lastOverlay = false;            // the last batch was an overlay
     parmmenu* _menu = nullptr;  // lent
 
     float _samprat = 2.0f;  // ms

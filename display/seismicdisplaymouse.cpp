@@ -9,6 +9,7 @@
 #include "display/plotscrollbars.h"
 #include "display/readout.h"
 #include "display/seismicplot.h"
+#include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 
 #include <QMouseEvent>
@@ -185,8 +186,12 @@ QString SeismicDisplay::readoutAt(const QPoint& pos) const
                                 _stime};
     const double x = canvasMap(xTop).invTransform(pos.x()), y = canvasMap(yLeft).invTransform(pos.y());
     const ReadoutPosition at = readoutPosition(frame, x, y);
-    return readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis) +
-           amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
+    QString line = readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis) +
+                   amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
+    if (_menu->ioverlay != 0 && _overlaydata && at.trace < _overlaydata->traceCount() &&
+        at.sample < _overlaydata->sampleCount())
+        line += amplitudeText("Overlay Amp", *_overlaydata->getTraceValues(at.trace, at.sample));
+    return line;
 }
 
 bool SeismicDisplay::eventFilter(QObject* object, QEvent* event)

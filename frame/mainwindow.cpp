@@ -233,7 +233,23 @@ void MainWindow::contentHelp() { tellNotBuilt("The help viewer"); }
 
 void MainWindow::showOverlay(int state)
 {
-    if (state) tellNotBuilt("The overlay");
+    if (!_displaylist.isEmpty()) _displaylist.first()->setOverlayMode(state != 0);
+}
+
+ColorBarFrame* MainWindow::overlayColorBarFrame()
+{
+    if (!_overlayColorBarFrame) {
+        _overlayColorBarFrame = new ColorBarFrame;
+        _overlayColorBarFrame->setObjectName("overlayColorBarFrame");
+        _cvLayout->addWidget(_overlayColorBarFrame);
+        _cvLayout->addStretch();
+    }
+    return _overlayColorBarFrame;
+}
+
+void MainWindow::setOverlayMode(bool on)
+{
+    overlayColorBarFrame()->setVisible(on);
 }
 
 void MainWindow::plotDifference(int state)

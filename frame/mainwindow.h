@@ -79,6 +79,8 @@ public:
     bool isZooming() const override { return _isZoom; }
     void setZooming(bool on) override { _isZoom = on; }
     const HeaderTable* headerTable() const override { return &_headerTable; }
+    void setOverlayMode(bool on) override;
+    ColorBarFrame* overlayColorBarFrame() override;
     void doFBPicking(bool on) override;
     void pickTraceChange(const float* trace, int start, int n, int iTrace) override;
 
@@ -141,6 +143,7 @@ private:
     QSplitter* _splitter = nullptr;
     QStatusBar* _controlStatus = nullptr;
     ColorBarFrame* _colorBarFrame = nullptr;
+    ColorBarFrame* _overlayColorBarFrame = nullptr;  // child, made for the first overlay
     std::unique_ptr<WindowActions> _actions;
     std::unique_ptr<WindowReport> _report;
     QList<SeismicDisplay*> _displaylist;
