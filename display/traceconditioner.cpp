@@ -42,8 +42,8 @@ static inline MERIDUNE_KERNEL void addLanes(FloatLanes v, LaneMeasure* measure)
 {
     const IntLanes counted = (v - v == 0.0f) & (v != 0.0f);
     measure->counts -= counted;
-    measure->least = counted & (v < measure->least) ? v : measure->least;
-    measure->largest = counted & (v > measure->largest) ? v : measure->largest;
+    measure->least = (counted & (v < measure->least)) ? v : measure->least;
+    measure->largest = (counted & (v > measure->largest)) ? v : measure->largest;
     v = counted ? v : FloatLanes{};
     const FloatLanes magnitude = v < 0.0f ? -v : v;
     measure->sums += __builtin_convertvector(magnitude, DoubleLanes);
