@@ -36,7 +36,8 @@ Section::Section(int traces, int samples, DisplayType type)
     std::normal_distribution<float> normal;
     for (int i = 0; i < traces; ++i) {
         float previous = 0.0f;
-        for (int j = 0; j < samples; ++j) values[size_t(i) * samples + j] = previous = 0.8f * previous + normal(random);
+        for (int j = 0; j < samples; ++j)
+            values[size_t(i) * samples + j] = previous = 0.8f * previous + normal(random);
         divisors.push_back(2.5f + 0.001f * i);
     }
     colors.setColorType(ColorYes);
@@ -77,8 +78,9 @@ void Section::paintPlain()
                       &out[size_t(i) * window.height]);
     }
     std::fill(pixels.begin(), pixels.end(), 0xffffffffu);
-    const PlainPicture picture = {out.data(),    size_t(window.height), nTraces,            window.width, window.height,
-                                  window.xbase,  window.clipPix,        window.pixPerTrace, pixels.data()};
+    const PlainPicture picture = {out.data(),     size_t(window.height), nTraces,
+                                  window.width,   window.height,         window.xbase,
+                                  window.clipPix, window.pixPerTrace,    pixels.data()};
     if (parm.displayType == WiggleVA)
         plainWiggle(picture);
     else
@@ -97,7 +99,8 @@ static int measure(const char* name, int nTraces, int nSamples, DisplayType type
     Section section(nTraces, nSamples, type);
     section.paintPlain();
     const QImage image = section.paint();
-    if (section.sumOf(reinterpret_cast<const unsigned*>(image.constBits())) != section.sumOf(section.pixels.data())) {
+    if (section.sumOf(reinterpret_cast<const unsigned*>(image.constBits())) !=
+        section.sumOf(section.pixels.data())) {
         std::printf("%s: the pictures differ\n", name);
         return 1;
     }

@@ -28,9 +28,7 @@ QVector<ColorBarNumber> colorBarNumbers(float minValue, float maxValue, int heig
     return numbers;
 }
 
-ColorBarFrame::ColorBarFrame(QWidget* parent) : ColorBarFrame(ColorMap::seismicColor(), parent)
-{
-}
+ColorBarFrame::ColorBarFrame(QWidget* parent) : ColorBarFrame(ColorMap::seismicColor(), parent) {}
 
 ColorBarFrame::ColorBarFrame(const ColorMap& map, QWidget* parent)
     : QFrame(parent), _backRGB(QColor(Qt::white).rgb())

@@ -139,8 +139,8 @@ static inline MERIDUNE_KERNEL void paintUpper(const RasterPainting& p, const Tra
 
 /// A band of rows, with the segments' parts inside the band.
 template <DisplayType type>
-static inline MERIDUNE_KERNEL void paintWholeBand(const RasterPainting& p, const TraceGeometry& geometry, int r0,
-                                                  int nRows)
+static inline MERIDUNE_KERNEL void paintWholeBand(const RasterPainting& p, const TraceGeometry& geometry,
+                                                  int r0, int nRows)
 {
     paintBand<type>(p, geometry, r0, nRows);
     if constexpr (hasLines(type)) paintUpper(p, geometry, r0, 1, nRows);
@@ -179,9 +179,9 @@ void paintTraces(const RasterPainting& p)
     for (int band = 0; band < nBands; ++band)
         paint(p, geometry, band * rasterBand, std::min(rasterBand, p.nRows - band * rasterBand));
     if (!hasLines(p.displayType)) return;
-    // Only now is the last row of each band done.
 #pragma omp parallel for schedule(static)
-    for (int band = 1; band < nBands; ++band) paintUpper(p, geometry, band * rasterBand, 0, 1);
+    for (int band = 1; band < nBands; ++band)  // only now is the last row of each band done
+        paintUpper(p, geometry, band * rasterBand, 0, 1);
 }
 
 /// Positions of a map: of its traces in pixels, and of its pixels.
@@ -214,8 +214,8 @@ static void gatherRows(const RasterPainting& p, int r0, int nRows, float* rows)
         for (int b = 0; b < nRows; ++b) rows[size_t(b) * count + k] = p.traces[k * p.stride + r0 + b];
 }
 
-static inline MERIDUNE_KERNEL void colorPixels(const RasterPainting& p, const float* values, int begin, int end,
-                                               QRgb* line)
+static inline MERIDUNE_KERNEL void colorPixels(const RasterPainting& p, const float* values, int begin,
+                                               int end, QRgb* line)
 {
     const QRgb* const table = p.colors->rgbArray();
     for (int k = begin; k < end; k += rasterBand) {
@@ -230,7 +230,8 @@ static void colorPixelsPlain(const RasterPainting& p, const float* values, int b
     colorPixels(p, values, begin, end, line);
 }
 
-MERIDUNE_V3 static void colorPixelsV3(const RasterPainting& p, const float* values, int begin, int end, QRgb* line)
+MERIDUNE_V3 static void colorPixelsV3(const RasterPainting& p, const float* values, int begin, int end,
+                                      QRgb* line)
 {
     colorPixels(p, values, begin, end, line);
 }
@@ -247,8 +248,8 @@ static void paintMapBand(const RasterPainting& p, const MapGeometry& geometry, i
     const int end = std::clamp(p.window.width - p.window.xbase, begin, columns);
     for (int b = 0; b < nRows; ++b) {
         const float* const row = work.traces.data() + size_t(b) * count;
-        intlin(count, geometry.traceAt.data(), row, columns, geometry.pixelAt.data(), work.pixels.data(), row[0],
-               row[count - 1]);
+        intlin(count, geometry.traceAt.data(), row, columns, geometry.pixelAt.data(), work.pixels.data(),
+               row[0], row[count - 1]);
         QRgb* const line = p.pixels + ptrdiff_t(p.window.top + r0 + b) * p.window.width + p.window.xbase;
         color(p, work.pixels.data(), begin, end, line);
     }

@@ -131,7 +131,8 @@ void SeismicPlot::computeNormalizer()
 {
     _conditioner.computeNormalizer(*_data);
     setRMS(_conditioner.rms());
-    const bool isFirstRange = _firstTime && _displayType != ColorB && _displayType != ColorWiggle && _displayType != Map;
+    const bool isFirstRange =
+        _firstTime && _displayType != ColorB && _displayType != ColorWiggle && _displayType != Map;
     if (_conditioner.countedTraces() > 0 && (_autoGain || isFirstRange)) {
         const bool isScaled = _normalize != Normalize::None;
         _rangeMin = isScaled ? -_peak : _conditioner.minimum();
@@ -198,7 +199,7 @@ struct OwnerTap : TraceTap {
     PlotOwner* owner;
 };
 
-QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y) const
+QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y, double pixelRatio) const
 {
     static const ColorTable blackAndWhite;
     RasterParm parm;
@@ -212,6 +213,7 @@ QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y) const
     parm.startSample = _startSample;
     parm.x = x;
     parm.y = y;
+    parm.pixelRatio = pixelRatio;
     parm.timeDirection = timeDirection();
     parm.displayType = _displayType;
     parm.plotDirection = _plotDirection;
@@ -230,8 +232,8 @@ QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y) const
 
     std::vector<float> offsets;
     if (_owner && _applyMoveout != 0 && _velocity > 0.0f) {
-        offsets.resize(parm.nDataTraces);
-        _owner->traceOffsets(*_data, parm.nDataTraces, offsets.data());
+        offsets.resize(parm.nDataTraces);  // of the conditioned copy, which may be older than the data
+        _owner->traceOffsets(*_data, std::min(_data->traceCount(), parm.nDataTraces), offsets.data());
         parm.offsets = offsets.data();
     }
     OwnerTap tap(_owner);
@@ -241,7 +243,7 @@ QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y) const
 QImage SeismicPlot::renderImage2(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& area) const
 {
     if (!_dataLoaded || !(area.width() > 0.0 && area.height() > 0.0)) return QImage();
-    return renderMaps(axisMap(xMap), axisMap(yMap));
+    return renderMaps(axisMap(xMap), axisMap(yMap), 1.0);
 }
 
 QImage SeismicPlot::saveImage(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& rect) const
@@ -295,16 +297,15 @@ void SeismicPlot::drawRendered(QPainter* painter, const QwtScaleMap& xMap, const
     const QRectF area = QwtScaleMap::invTransform(xMap, yMap, canvasRect);
     if (!(area.width() > 0.0 && area.height() > 0.0)) return;
     const double ratio = painter->device()->devicePixelRatioF();
-    QImage image = renderMaps(deviceMap(xMap, canvasRect.left(), ratio), deviceMap(yMap, canvasRect.top(), ratio));
+    const QImage image = renderMaps(deviceMap(xMap, canvasRect.left(), ratio),
+                                    deviceMap(yMap, canvasRect.top(), ratio), ratio);
     if (image.isNull()) return;
     const QSizeF size(image.width() / ratio, image.height() / ratio);
     const QSizeF shown = size.boundedTo(canvasRect.size());
-    if (shown == size) {
-        image.setDevicePixelRatio(ratio);  // so that it is painted pixel for pixel
-        painter->drawImage(canvasRect.topLeft(), image);
-    } else {
+    if (shown == size)
+        painter->drawImage(canvasRect.topLeft(), image);  // pixel for pixel
+    else
         painter->drawImage(QRectF(canvasRect.topLeft(), shown), image, QRectF(image.rect()));
-    }
 }
 
 QRect storedPictureCrop(const QSize& picture, const AxisMap& savedX, const AxisMap& savedY, const AxisMap& x,
@@ -323,7 +324,8 @@ void SeismicPlot::drawStored(QPainter* painter, const QwtScaleMap& xMap, const Q
     const QPixmap* pixmap = _doDrawBitmap ? &_bitmap : _doDrawPixmap ? &_pixmap : nullptr;
     const QSize size = pixmap ? pixmap->size() : _image.size();
     const double yStart = _owner && _owner->timeDirection() == 0 ? yMap.s1() : yMap.s2();
-    QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart, _shiftTime);
+    QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart,
+                                   _shiftTime);
     if (crop.isEmpty()) crop = QRect(QPoint(0, 0), size);
     if (pixmap)
         painter->drawPixmap(canvasRect.topLeft(), *pixmap, QRectF(crop));

@@ -18,8 +18,8 @@
 class PlotOwner;
 class SeismicData;
 
-/// Turns one SeismicData into a picture at each repaint. Conditioning is done once, by computeNormalizer, when
-/// the data or a conditioning parameter change; a repaint only scales and resamples.
+/// Turns one SeismicData into a picture at each repaint. Conditioning is done once, by computeNormalizer,
+/// when the data or a conditioning parameter change; a repaint only scales and resamples.
 ///
 /// Operations that don't say otherwise only store: the caller replots. A new ensemble takes setSeismicView,
 /// invalidateImage, computeNormalizer, setOutputBuffers and a replot, and setDataLoaded(true) the first time.
@@ -157,7 +157,7 @@ protected:
 
 private:
     int timeDirection() const;
-    QImage renderMaps(const AxisMap& x, const AxisMap& y) const;
+    QImage renderMaps(const AxisMap& x, const AxisMap& y, double pixelRatio) const;
     void drawRendered(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
                       const QRectF& canvasRect) const;
     void drawStored(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,

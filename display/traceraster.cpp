@@ -56,7 +56,8 @@ bool rasterWindow(const RasterParm& parm, RasterWindow* window)
     w.pixPerSample = float(w.height / w.nsamp);
     if (!(w.pixPerSample > 0.0f)) return false;
     const double left = parm.x.s1 != 0.0 ? w.pixPerTrace * (1.0 - (parm.x.s1 - w.firstTrace)) : w.pixPerTrace;
-    w.xbase = std::clamp(wholeOf(left), -mostShift, mostShift) + std::clamp(wholeOf(parm.x.p1), -mostShift, mostShift);
+    w.xbase = std::clamp(wholeOf(left), -mostShift, mostShift) +
+              std::clamp(wholeOf(parm.x.p1), -mostShift, mostShift);
     w.clipPix = wholeOf(w.pixPerTrace * parm.clip);
     *window = w;
     return true;
@@ -153,7 +154,8 @@ template <typename Number> static Number* atLeast(std::vector<Number>* buffer, s
 
 /// Positions in the work trace to read n samples from, so that the hyperbola of this offset becomes flat.
 /// @param first  sample that place 0 of the work trace stands for, counted from time 0
-static void hyperbolaPositions(double offset, double velocity, double dt, int64_t first, int n, float* positions)
+static void hyperbolaPositions(double offset, double velocity, double dt, int64_t first, int n,
+                               float* positions)
 {
     const double q = offset * offset / (velocity * velocity);
     for (int j = 0; j < n; ++j) {
@@ -176,8 +178,8 @@ void TraceRaster::resampleColumn(const RasterParm& parm, const RasterWindow& win
     if (isMoved) {
         const int nMoved = std::min(n, shown);
         float* positions = atLeast(&work->positions, nMoved);
-        hyperbolaPositions(parm.offsets ? parm.offsets[column.tr] : 0.0, parm.velocity, parm.sampleRate / 1000.0,
-                           column.first + parm.startSample, nMoved, positions);
+        hyperbolaPositions(parm.offsets ? parm.offsets[column.tr] : 0.0, parm.velocity,
+                           parm.sampleRate / 1000.0, column.first + parm.startSample, nMoved, positions);
         float* moved = atLeast(&work->moved, nMoved);
         ints8r(n, 1.0f, 0.0f, trace, 0.0f, 0.0f, nMoved, positions, moved);
         trace = moved;
@@ -231,6 +233,7 @@ QImage TraceRaster::render(const RasterParm& parm, TraceTap* tap)
     if (_image.width() != window.width || _image.height() != window.height || !_image.isDetached())
         _image = QImage(window.width, window.height, QImage::Format_RGB32);
     if (_image.isNull()) return QImage();
+    _image.setDevicePixelRatio(parm.pixelRatio);
     _image.fill(0xff000000u | parm.background);
     if (window.count < 1 || window.height <= window.top) return _image;
 

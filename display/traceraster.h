@@ -36,30 +36,31 @@ struct RasterParm {
     float gain = 1.0f;  ///< linear
     float bias = 0.0f;
     bool applyBias = false;
-    float clip = 2.0f;      ///< excursion limit in trace widths
+    float clip = 2.0f;  ///< excursion limit in trace widths
     bool antialias = false;
-    int bulkshift = 0;      ///< samples, positive moves traces to later times
-    int moveout = 0;        ///< 0 none, 1 linear, 2 hyperbolic
-    float velocity = 0.0f;  ///< of the move-out, lengths a second
+    int bulkshift = 0;               ///< samples, positive moves traces to later times
+    int moveout = 0;                 ///< 0 none, 1 linear, 2 hyperbolic
+    float velocity = 0.0f;           ///< of the move-out, lengths a second
     const float* offsets = nullptr;  ///< nDataTraces, in lengths; null is 0 for all
     float plotSampleCount = 0.0f;    ///< samples that the plot shows at the current spacing
 
     const ColorTable* colors = nullptr;  ///< never null
     QRgb background = 0xffffffffu;
+    double pixelRatio = 1.0;  ///< of the paint device; the picture gets it, the maps hold it already
 };
 
 /// The window of the data that a render shows, and its measures in pixels.
 struct RasterWindow {
-    double nsamp = 0.0;    ///< samples over the height of the plot
+    double nsamp = 0.0;  ///< samples over the height of the plot
     int firstSample = 0;
-    double ntr = 0.0;      ///< traces over the width of the plot
+    double ntr = 0.0;  ///< traces over the width of the plot
     int firstTrace = 0;
-    int count = 0;         ///< traces to paint
+    int count = 0;  ///< traces to paint
     int width = 0, height = 0;
-    int top = 0;           ///< first pixel row painted
-    int rowstride = 0;     ///< rows that a trace is resampled to
+    int top = 0;        ///< first pixel row painted
+    int rowstride = 0;  ///< rows that a trace is resampled to
     float pixPerTrace = 0.0f, pixPerSample = 0.0f;
-    int xbase = 0;         ///< axis of the first trace
+    int xbase = 0;  ///< axis of the first trace
     int clipPix = 0;
 };
 
@@ -88,8 +89,8 @@ private:
     /// A trace that is shown: its samples and where they stand in the work trace.
     struct Column {
         int tr = 0;
-        int start = 0;      ///< first sample taken
-        int dest = 0;       ///< its place in the work trace
+        int start = 0;  ///< first sample taken
+        int dest = 0;   ///< its place in the work trace
         int n = 0;
         int64_t first = 0;  ///< sample that place 0 of the work trace stands for; may lie before the trace
     };

@@ -222,8 +222,6 @@ void MainWindow::tellNotBuilt(const QString& what)
     statusBar()->showMessage(what + " is not built yet.");
 }
 
-void MainWindow::print() { tellNotBuilt("Printing"); }
-void MainWindow::exportPDF() { tellNotBuilt("The PDF export"); }
 void MainWindow::parameterMenu() { tellNotBuilt("The parameters menu"); }
 void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }
 void MainWindow::titleMenu() { tellNotBuilt("The title editor"); }
@@ -232,8 +230,6 @@ void MainWindow::addNewDisplay() { tellNotBuilt("Adding a display"); }
 void MainWindow::menuViewer() {}
 void MainWindow::getMapViewer() { tellNotBuilt("The map"); }
 void MainWindow::contentHelp() { tellNotBuilt("The help viewer"); }
-void MainWindow::exportImage() { tellNotBuilt("The image export"); }
-void MainWindow::exportScreen() { tellNotBuilt("The snapshot"); }
 
 void MainWindow::showOverlay(int state)
 {

@@ -4,7 +4,12 @@
 
 bool hasCpuV3()
 {
+#ifdef __clang__  // clang 14 doesn't know the level by name; no processor has these and lacks the rest of it
+    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2") &&
+           __builtin_cpu_supports("fma");
+#else
     return __builtin_cpu_supports("x86-64-v3");
+#endif
 }
 
 static std::atomic<CpuVariant> chosen = hasCpuV3() ? CpuVariant::V3 : CpuVariant::Plain;

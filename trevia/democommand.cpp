@@ -11,7 +11,7 @@
 #include <cstdio>
 #include <filesystem>
 
-constexpr int etaSamples = 1251, cdpSort = 2, stackSort = 4;
+constexpr int etaSamples = 1251;
 constexpr double cdpCoherent = 0.05;
 
 static const char* helpText =
@@ -206,7 +206,7 @@ static DemoFile cdpFile(const DemoWish& wish)
     DemoFile file;
     file.name = "demo_cdp.sgy";
     file.title = titleLines("CDP GATHERS");
-    file.sortCode = cdpSort;
+    file.sort = DemoByCdp;
     file.traces = demoCdpLine(wish.nShots);
     file.signal = [](const DemoTrace& t, int n, double* samples) { addLineSignal(t, cdpCoherent, n, samples); };
     return file;
@@ -217,7 +217,7 @@ static DemoFile etaFile()
     DemoFile file;
     file.name = "demo_eta.sgy";
     file.title = titleLines("ONE CDP, ANISOTROPIC");
-    file.sortCode = cdpSort;
+    file.sort = DemoByCdp;
     file.nSamples = etaSamples;
     file.traces = demoEtaGather();
     file.signal = addEtaSignal;
@@ -229,7 +229,7 @@ static DemoFile patchFile()
     DemoFile file;
     file.name = "demo_3d.sgy";
     file.title = titleLines("STACKED VOLUME");
-    file.sortCode = stackSort;
+    file.sort = DemoStacked;
     file.traces = demoPatch();
     file.signal = addPatchSignal;
     return file;

@@ -11,12 +11,15 @@
 
 constexpr int segyReelBytes = 3600, segyHeaderBytes = 240;
 
+/// Trace sort codes of the binary header.
+enum DemoSort { DemoAsRecorded = 1, DemoByCdp = 2, DemoStacked = 4 };
+
 /// What one file holds.
 struct DemoFile {
     std::string name;                ///< without folder
     std::vector<std::string> title;  ///< at most 36 lines of at most 76 characters for the text header
     int nSamples = DemoLine::sampleCount;
-    int sortCode = 1;  ///< 1 as recorded, 2 CDP ensembles, 4 stacked
+    DemoSort sort = DemoAsRecorded;
     std::vector<DemoTrace> traces;
     DemoSignal signal;
 };

@@ -74,7 +74,7 @@ DemoFile demoVelocityStacks(const DemoFile& cdpFile, double noiseDeviation)
     const auto stacks = std::make_shared<std::vector<float>>(size_t(nVelocities) * nCdps * n);
     DemoFile file;
     file.nSamples = n;
-    file.sortCode = 4;
+    file.sort = DemoStacked;
     file.traces.resize(size_t(nVelocities) * nCdps);
 #pragma omp parallel for schedule(dynamic, 8)
     for (int k = 0; k < nVelocities * nCdps; ++k) {

@@ -36,7 +36,8 @@ void intlin(int n, const float* x, const float* y, int m, const float* xout, flo
         } else {
             node = nodeBelow(n, x, position, node);
             const double below = counted(y[node]);
-            const double part = position == x[node] ? 0.0 : (double(position) - x[node]) / (double(x[node + 1]) - x[node]);
+            const double step = position == x[node] ? 1.0 : double(x[node + 1]) - x[node];
+            const double part = (double(position) - x[node]) / step;
             yout[i] = float(part == 0.0 ? below : below + part * (counted(y[node + 1]) - below));
         }
     }

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstring>
 #include <numbers>
+#include <xmmintrin.h>
 
 constexpr int nTaps = 8;
 constexpr int nFractions = 513;
@@ -135,12 +136,12 @@ static inline MERIDUNE_KERNEL void sumBlock(const Input& in, const float (*table
             const Four c = halfSums(in.yin + first[i + 2], table[row[i + 2]]);
             const Four d = halfSums(in.yin + first[i + 3], table[row[i + 3]]);
             // Transposed, so that the last two additions serve four outputs at once.
-            const Four ab02 = __builtin_shuffle(a, b, FourInt{0, 4, 1, 5}) + __builtin_shuffle(a, b, FourInt{2, 6, 3, 7});
-            const Four cd02 = __builtin_shuffle(c, d, FourInt{0, 4, 1, 5}) + __builtin_shuffle(c, d, FourInt{2, 6, 3, 7});
-            const Four sum = __builtin_shuffle(ab02, cd02, FourInt{0, 1, 4, 5}) +
-                             __builtin_shuffle(ab02, cd02, FourInt{2, 3, 6, 7});
+            const Four ab02 = __builtin_shufflevector(a, b, 0, 4, 1, 5) + __builtin_shufflevector(a, b, 2, 6, 3, 7);
+            const Four cd02 = __builtin_shufflevector(c, d, 0, 4, 1, 5) + __builtin_shufflevector(c, d, 2, 6, 3, 7);
+            const Four sum = __builtin_shufflevector(ab02, cd02, 0, 1, 4, 5) +
+                             __builtin_shufflevector(ab02, cd02, 2, 3, 6, 7);
             const FourInt finite = (sum - sum) == Four{};
-            if ((finite[0] & finite[1] & finite[2] & finite[3]) != 0) {
+            if (_mm_movemask_ps(reinterpret_cast<__m128>(finite)) == 15) {
                 *reinterpret_cast<AnyFour*>(yout + i) = sum;
                 continue;
             }

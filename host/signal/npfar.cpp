@@ -14,7 +14,8 @@ static std::vector<int> makeLengths()
             for (int five : {1, 5})
                 for (int seven : {1, 7})
                     for (int eleven : {1, 11})
-                        for (int thirteen : {1, 13}) lengths.push_back(2 * two * three * five * seven * eleven * thirteen);
+                        for (int thirteen : {1, 13})
+                            lengths.push_back(2 * two * three * five * seven * eleven * thirteen);
     std::sort(lengths.begin(), lengths.end());
     return lengths;
 }

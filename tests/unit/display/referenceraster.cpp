@@ -31,9 +31,9 @@ static QRgb colorOf(const ColorTable& colors, double value)
     return colors.rgbArray()[int(index)];
 }
 
-/// QPainter rounds steps of 190 pixels and more, and lines cut at the picture's edge, by its fixed-point slope:
-/// some then show a pixel beside the end. The former are drawn by the rule that holds for all others, the
-/// latter on a strip of their own that needs no cut.
+/// QPainter rounds steps of 190 pixels and more, and lines cut at the picture's edge, by its fixed-point
+/// slope: some then show a pixel beside the end. The former are drawn by the rule that holds for all others,
+/// the latter on a strip of their own that needs no cut.
 static constexpr int longestExactStep = 189;
 
 template <typename Put> static void drawSegment(int x0, int x1, int y, Put put)
@@ -153,14 +153,16 @@ ReferencePicture referenceRender(const RasterParm& parm)
             intlin(m, nodes.data(), trace.data(), rowstride, rows.data(), out, trace[0], trace[m - 1]);
         } else {
             std::vector<float> low(trace);
-            if (parm.antialias && pixPerSample < 1.0f) antialias(pixPerSample, 0, m, trace.data(), low.data());
+            if (parm.antialias && pixPerSample < 1.0f)
+                antialias(pixPerSample, 0, m, trace.data(), low.data());
             ress8r(m, pixPerSample, 0.0f, low.data(), low[0], 0.0f, rowstride, 1.0f, 0.0f, out);
         }
         col += rowstride;
     }
 
     QPainter painter;
-    const bool lines = parm.displayType == WiggleVA || parm.displayType == Wiggle || parm.displayType == ColorWiggle;
+    const bool lines =
+        parm.displayType == WiggleVA || parm.displayType == Wiggle || parm.displayType == ColorWiggle;
     if (lines) {
         painter.begin(&result.image);
         painter.setPen(QPen(Qt::black, 0));
@@ -171,7 +173,9 @@ ReferencePicture referenceRender(const RasterParm& parm)
     const auto put = [&](int x, int y, QRgb color) {
         if (x >= 0 && x < width && y >= 0 && y < height) result.image.setPixel(x, y, color);
     };
-    const auto valueAt = [&](int r, int k) { return r < rowstride ? outdata[r + size_t(k) * rowstride] : 0.0f; };
+    const auto valueAt = [&](int r, int k) {
+        return r < rowstride ? outdata[r + size_t(k) * rowstride] : 0.0f;
+    };
     for (int r = 0; r < height - top; ++r) {
         const int y = top + r;
         if (map) {
@@ -181,7 +185,8 @@ ReferencePicture referenceRender(const RasterParm& parm)
                 values[k] = valueAt(r, k);
             }
             for (int k = 0; k < columns; ++k) x[k] = k;
-            intlin(count, at.data(), values.data(), columns, x.data(), spread.data(), values[0], values[count - 1]);
+            intlin(count, at.data(), values.data(), columns, x.data(), spread.data(), values[0],
+                   values[count - 1]);
             for (int k = 0; k < columns; ++k) put(k + xbase, y, colorOf(*parm.colors, spread[k]));
             continue;
         }
@@ -201,7 +206,8 @@ ReferencePicture referenceRender(const RasterParm& parm)
             case ColorB:
             case ColorWiggle:
                 if (value > 0) {
-                    for (int x = std::max(axis, prevEnd); x <= end; ++x) put(x, y, colorOf(*parm.colors, value));
+                    for (int x = std::max(axis, prevEnd); x <= end; ++x)
+                        put(x, y, colorOf(*parm.colors, value));
                 } else if (end <= axis) {
                     for (int x = end; x <= axis; ++x) put(x, y, colorOf(*parm.colors, value));
                 }

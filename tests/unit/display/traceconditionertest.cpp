@@ -48,10 +48,10 @@ TEST(TraceConditioner, MeasuresTwiceTheMeanAbsoluteAmplitude)
     Ensemble ensemble({{1, -2, 3, -4, 0, 0, 0}, {10, 10, -10, 10, NAN, INFINITY, -INFINITY}});
     TraceConditioner conditioner;
     conditioner.computeNormalizer(ensemble.data);
-    EXPECT_FLOAT_EQ(conditioner.divTrace()[0], 5.0f);   // 2 times 10 / 4
+    EXPECT_FLOAT_EQ(conditioner.divTrace()[0], 5.0f);  // 2 times 10 / 4
     EXPECT_FLOAT_EQ(conditioner.divTrace()[1], 20.0f);
     EXPECT_FLOAT_EQ(conditioner.divRecord(), 12.5f);
-    EXPECT_FLOAT_EQ(conditioner.rms(), 6.25f);          // mean of 2.5 and 10
+    EXPECT_FLOAT_EQ(conditioner.rms(), 6.25f);  // mean of 2.5 and 10
     EXPECT_EQ(conditioner.countedTraces(), 2);
     EXPECT_EQ(conditioner.minimum(), -10.0f);
     EXPECT_EQ(conditioner.maximum(), 10.0f);
@@ -107,7 +107,8 @@ TEST(TraceConditioner, MeasuresAsAPlainLoopAtEveryLength)
     std::mt19937 random(2);
     for (int n = 0; n < 70; ++n) {
         std::vector<float> trace(n);
-        for (float& v : trace) v = random() % 4 == 0 ? 0.0f : random() % 9 == 0 ? NAN : float(int(random() % 2001) - 1000);
+        for (float& v : trace)
+            v = random() % 4 == 0 ? 0.0f : random() % 9 == 0 ? NAN : float(int(random() % 2001) - 1000);
         int count = 0;
         double sum = 0.0;
         float least = 3.4e38f, largest = -3.4e38f;

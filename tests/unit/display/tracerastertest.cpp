@@ -476,6 +476,11 @@ TEST(TraceRaster, WildMapsAndShiftsTouchNothingOutside)
                 const QImage image = raster.render(parm, nullptr);
                 EXPECT_TRUE(image.isNull() || image.width() > 0);
             }
+    RasterParm large = gather.parm(50, 40);
+    large.view.nTraces = 99;  // more than there are
+    large.view.nSamples = 99;
+    large.x.s2 = 100.0;
+    EXPECT_FALSE(raster.render(large, nullptr).isNull());
     for (int shift : {INT_MAX, INT_MIN, -29, -30, 1 << 25})
         for (int moveout : {0, 1, 2}) {
             RasterParm parm = gather.parm(50, 40);

@@ -1,0 +1,62 @@
+/// Prints and pictures of the main window.
+#include "frame/mainwindow.h"
+
+#include "display/seismicdisplay.h"
+#include "widgets/pictureexport.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QScreen>
+
+static const char pictureFilter[] = "Images (*.jpg,*.jpeg,*.png,*.tif,*.bmp);;All files (*)";
+
+/// Asks where to; empty when the user has changed his mind.
+static QString askName(QWidget* parent, const char* title, const char* file, const char* filter)
+{
+    return QFileDialog::getSaveFileName(parent, title, QDir::homePath() + file, filter);
+}
+
+static void tell(QWidget* parent, const char* title, const QString& error)
+{
+    QMessageBox::critical(parent, title, error);
+}
+
+void MainWindow::print()
+{
+    if (!_display) return;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    printer.setDocName(windowTitle());
+    printer.setCreator("Seismic Display");
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() == QDialog::Accepted) printPicture(_display->grab(), &printer);
+}
+
+void MainWindow::exportPDF()
+{
+    const QString name = askName(this, "PDF Export File Name", "/meridune.pdf", "PDF Documents (*.pdf)");
+    QString error;
+    if (!name.isEmpty() && !savePdf(grab(), name, &error)) tell(this, "PDF Export Error", error);
+}
+
+void MainWindow::exportImage()
+{
+    const QString name = askName(this, "Image Export File Name", "/meridune.png", pictureFilter);
+    QString error;
+    if (!name.isEmpty() && !savePicture(grab(), withPictureSuffix(name), &error))
+        tell(this, "Image Export Error", error);
+}
+
+void MainWindow::exportScreen()
+{
+    // Taken before the dialog opens, so that the dialog isn't in the picture.
+    const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(winId());
+    const QString name = askName(this, "Snap Shot File Name", "/meridune.png", pictureFilter);
+    QString error;
+    if (!name.isEmpty() && !savePicture(picture, withPictureSuffix(name), &error))
+        tell(this, "Snap Shot Error", error);
+}
