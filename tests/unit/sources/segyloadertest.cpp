@@ -14,6 +14,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 using Floats = std::vector<float>;
 using testing::ElementsAre;
 
@@ -741,6 +743,30 @@ TEST_F(SegyLoaderTest, TheWindowsTableHasAllWords)
     EXPECT_EQ(table.count(), 60);
     EXPECT_EQ(table._headerName[3], "FFID    ");
     l.loader.saveHeaders();
+}
+
+TEST_F(SegyLoaderTest, AReadErrorEndsTheEnsembleAndKeepsWhatWasRead)
+{
+    const SegyBuilder file = shots({4});
+    Loaded l({save(file)});
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.SegyData()->openSource(std::make_unique<FailingSource>(file.bytes, int64_t(file.traceStarts[2])), "disk");
+    l.loader.SegyData()->setPos(3600);
+    EXPECT_TRUE(l.loader.loadNextEnsemble(1));
+    EXPECT_THAT(l.firstSamples(), ElementsAre(11, 12));
+    EXPECT_TRUE(l.report.has("\nSegyLoader: Error, while reading trace data\n"));
+}
+
+TEST_F(SegyLoaderTest, AFileThatWasCutSinceTheIndexGivesFewerTraces)
+{
+    SegyBuilder file = shots({4});
+    LoaderParm parm{save(file)};
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    std::filesystem::resize_file(parm.files, file.traceStarts[2]);
+    EXPECT_TRUE(l.loader.loadNextEnsemble(1));
+    EXPECT_THAT(l.firstSamples(), ElementsAre(11, 12));
 }
 
 TEST_F(SegyLoaderTest, AFileWithoutTracesGivesAnEmptyEnsemble)
