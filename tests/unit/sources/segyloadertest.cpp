@@ -573,6 +573,32 @@ TEST_F(SegyLoaderTest, TheRemapWinsOverTheStandardMappingInMapAndEnsemble)
     EXPECT_EQ(l.loader.applyRemap(), 1);
 }
 
+TEST_F(SegyLoaderTest, WithTheShippedPresetTheSourceSortAndItsEndAgree)
+{
+    SegyBuilder file(1);
+    const int sources[] = {8, 7, 8, 7, 7};
+    for (int i = 0; i < 5; ++i) {
+        file.addTrace(Floats{float(i)});
+        file.setHeader<int32_t>(size_t(i), 16, sources[i]);
+        file.setHeader<int32_t>(size_t(i), 12, i);
+    }
+    SegyRemapTable preset;
+    QString error;
+    ASSERT_EQ(readRemapFile(QString(MERIDUNE_SOURCE_DIR) + "/resources/remap/source-at-byte-17", &preset, &error), 1);
+    LoaderParm parm{save(file)};
+    parm.isort = 2;
+    parm.iremap = 1;
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    l.loader.setRemapTable(1, preset);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_THAT(l.loader.priList(), ElementsAre("7", "8"));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(1, 3, 4));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(0, 2));
+}
+
 TEST_F(SegyLoaderTest, ATableWithoutUsableRowsSwitchesTheRemapOff)
 {
     LoaderParm parm{save(shots({1}))};
