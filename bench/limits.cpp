@@ -5,6 +5,8 @@
 
 #include <fftw3.h>
 
+#include <unistd.h>
+
 void plainCopy(void* to, const void* from, size_t nBytes)
 {
     std::memcpy(to, from, nBytes);
@@ -87,4 +89,36 @@ void plainTransforms(const float* in, int nTraces, int nSamples, int n, float* o
     }
     fftwf_free(real);
     fftwf_free(spectrum);
+}
+
+// SEG-Y.
+
+void plainHeaderSums(const unsigned char* file, int64_t nTraces, int64_t recordBytes, double* sums)
+{
+    static const int words[] = {12, 196, 20, 12, 36, -172, 188, 192, 8, 0, 180, 184, 72, 76, 80, 84};
+    for (int64_t i = 0; i < nTraces; ++i) {
+        const unsigned char* header = file + 3600 + i * recordBytes;
+        for (int slot = 0; slot < 16; ++slot) {
+            uint32_t word = 0;
+            uint16_t half = 0;
+            if (words[slot] < 0) {
+                std::memcpy(&half, header - words[slot], sizeof half);
+                sums[slot] += float(int16_t(__builtin_bswap16(half)));
+                continue;
+            }
+            std::memcpy(&word, header + words[slot], sizeof word);
+            sums[slot] += float(int32_t(words[slot] == 196 ? word : __builtin_bswap32(word)));
+        }
+    }
+}
+
+int64_t plainReadOfFile(int descriptor)
+{
+    static char block[1 << 20];
+    int64_t total = 0;
+    for (;;) {
+        const ssize_t got = ::pread(descriptor, block, sizeof block, total);
+        if (got <= 0) return got < 0 ? -1 : total;
+        total += got;
+    }
 }

@@ -4,6 +4,7 @@
 #define LIMITS_H
 
 #include <cstddef>
+#include <cstdint>
 
 /// Copies nBytes: what this machine's memory gives.
 void plainCopy(void* to, const void* from, size_t nBytes);
@@ -30,5 +31,12 @@ void plainWiggle(const PlainPicture& picture);
 
 /// Copies nTraces traces of nSamples and takes each through a transform of length n and back, all in FFTW.
 void plainTransforms(const float* in, int nTraces, int nSamples, int n, float* out);
+
+// SEG-Y.
+
+/// Adds up the 16 key values of each trace header of a mapped big-endian file, coordinates unscaled.
+void plainHeaderSums(const unsigned char* file, int64_t nTraces, int64_t recordBytes, double* sums);
+/// Reads a whole file in megabytes; returns its bytes, -1 on failure.
+int64_t plainReadOfFile(int descriptor);
 
 #endif

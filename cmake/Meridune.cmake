@@ -43,6 +43,12 @@ target_link_libraries(Qwt::Qwt INTERFACE ${QWT_LIBRARY} Qt5::Widgets Qt5::PrintS
 function(meridune_library name)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    # A folder inside with a CMakeLists.txt is a library of its own.
+    file(GLOB_RECURSE inner CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*/CMakeLists.txt)
+    foreach(list ${inner})
+        cmake_path(GET list PARENT_PATH folder)
+        list(FILTER sources EXCLUDE REGEX "^${folder}/")
+    endforeach()
     if(NOT sources MATCHES "\\.cpp")
         file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/empty.cpp "")
         list(APPEND sources ${CMAKE_CURRENT_BINARY_DIR}/empty.cpp)

@@ -1,5 +1,7 @@
 #include "sources/segyassumptions.h"
 
+#include "sources/formatted.h"
+
 namespace {
 
 /// When a kind is worth a line.
@@ -14,8 +16,8 @@ const struct {
 } kinds[] = {
     {[](const segyTrace& t) { return int(t.trid); }, [](int v) { return v != 1; }, Matters::Always,
      "trace id other than 1", "not counted as live traces"},
-    {[](const segyTrace& t) { return int(t.cscale); }, [](int v) { return v == 0; }, Matters::WithCoordinateScalar,
-     "coordinate scalar 0", "coordinates become 0"},
+    {[](const segyTrace& t) { return int(t.cscale); }, [](int v) { return v == 0; },
+     Matters::WithCoordinateScalar, "coordinate scalar 0", "coordinates become 0"},
     {[](const segyTrace& t) { return int(t.escale); }, [](int v) { return v == 0; }, Matters::WithDepthScalar,
      "depth/elev scalar 0", "depths and elevations become 0"},
     {[](const segyTrace& t) { return int(t.delay); }, [](int v) { return v != 0; }, Matters::Always,
@@ -24,7 +26,7 @@ const struct {
      "empty offset", "all traces are taken to be at offset 0"},
 };
 
-}  // namespace
+} // namespace
 
 void SegyAssumptions::start(bool isDepthScaled, bool isCoordinateScaled)
 {
@@ -51,13 +53,14 @@ std::vector<std::string> SegyAssumptions::lines() const
     for (int i = 0; i < nKinds; ++i) {
         const Tally& tally = _tallies[i];
         const Matters matters = kinds[i].matters;
-        const bool isTold = matters == Matters::Always || (matters == Matters::WithDepthScalar && _isDepthScaled) ||
+        const bool isTold = matters == Matters::Always ||
+                            (matters == Matters::WithDepthScalar && _isDepthScaled) ||
                             (matters == Matters::WithCoordinateScalar && _isCoordinateScaled) ||
                             (matters == Matters::IfAll && tally.count == _nTraces && _nTraces > 1);
         if (tally.count == 0 || !isTold) continue;
-        texts.push_back("SegyLoader: " + std::string(kinds[i].what) + " in " + std::to_string(tally.count) + " of " +
-                        std::to_string(_nTraces) + " traces, first in trace " + std::to_string(tally.firstTrace) +
-                        " (" + std::to_string(tally.firstValue) + "): " + kinds[i].consequence);
+        texts.push_back(formatted(
+            "SegyLoader: %s in %d of %d traces, first in trace %lld (%d): %s", kinds[i].what, tally.count,
+            _nTraces, static_cast<long long>(tally.firstTrace), tally.firstValue, kinds[i].consequence));
     }
     return texts;
 }

@@ -2,16 +2,16 @@
 
 #include "host/report.h"
 #include "host/signal/bytes.h"
+#include "sources/formatted.h"
 #include "sources/segysamples.h"
 
 #include <algorithm>
 #include <climits>
-#include <cstdarg>
 #include <cstring>
 
-const QStringList segyData2::itemList = {"CHAN    ", "SOU_SLOC", "CDP     ", "CHAN    ", "OFFSET  ", "SRF_SLOC",
-                                         "ILINE_NO", "XLINE_NO", "FFID    ", "TRACENO ", "CDP_X   ", "CDP_Y   ",
-                                         "SRC_X   ", "SRC_Y   ", "REC_X   ", "REC_Y   "};
+const QStringList segyData2::itemList = {
+    "CHAN    ", "SOU_SLOC", "CDP     ", "CHAN    ", "OFFSET  ", "SRF_SLOC", "ILINE_NO", "XLINE_NO",
+    "FFID    ", "TRACENO ", "CDP_X   ", "CDP_Y   ", "SRC_X   ", "SRC_Y   ", "REC_X   ", "REC_Y   "};
 
 /// Which slot a key number sorts on.
 static const struct {
@@ -29,16 +29,6 @@ segyData2::segyData2(const SegyReadParm& parm, Report* report, ProgressSink* pro
 
 segyData2::~segyData2() = default;
 
-void segyData2::line(const char* format, ...)
-{
-    char text[1024];
-    va_list arguments;
-    va_start(arguments, format);
-    std::vsnprintf(text, sizeof text, format, arguments);
-    va_end(arguments);
-    _report->line(text);
-}
-
 bool segyData2::openFile(const QString& filename, bool show)
 {
     closeFile();
@@ -55,10 +45,11 @@ bool segyData2::openFile(const QString& filename, bool show)
         _error = _out.errorString().toStdString();
     }
     if (!isOpen) {
-        line("\nsegyData2: open error=%s\n\n", _error.c_str());
+        _report->line(formatted("\nsegyData2: open error=%s\n\n", _error.c_str()));
     } else if (show) {
-        _report->line("\nOpen for " + std::string(_parm.imode == 0 ? "reading" : "writing") +
-                      ", SEGY file: " + filename.toStdString() + "\n\n");
+        const std::string name = filename.toStdString();
+        _report->line(_parm.imode == 0 ? formatted("\nOpen for reading, SEGY file: %s\n\n", name.c_str())
+                                       : formatted("\nOpen for writing, SEGY file: %s\n\n", name.c_str()));
     }
     return isOpen;
 }
@@ -100,7 +91,7 @@ bool segyData2::readReel()
     if (!tape) {
         _error = "Unexpected end of file";
         if (readBytes(segyReelBytes, &reel) != segyReelBytes) {
-            line("segyData2: error while reading reel headers: %s\n", _error.c_str());
+            _report->line(formatted("segyData2: error while reading reel headers: %s\n", _error.c_str()));
             return false;
         }
     }
@@ -109,7 +100,7 @@ bool segyData2::readReel()
     _nSamples = reel.nsamp;
     if (isSampleCountNeeded()) takeUnsigned(uint16_t(reel.nsamp));
     if ((reel.nsr < 1 || isSampleCountNeeded()) && !fixReel()) {
-        line("segyData2: error while reading first trace to fix reel header problems.\n");
+        _report->line("segyData2: error while reading first trace to fix reel header problems.\n");
         return false;
     }
     return true;
@@ -122,7 +113,9 @@ bool segyData2::writeReel()
     if (doSwap) swapReelFields(&reel);
     const bool isWritten = _out.write(reinterpret_cast<const char*>(&reel), segyReelBytes) == segyReelBytes;
     if (doSwap) swapReelFields(&reel);
-    if (!isWritten) line("segyData2: error while reading reel headers: %s\n", _out.errorString().toUtf8().constData());
+    if (!isWritten)
+        _report->line(formatted("segyData2: error while reading reel headers: %s\n",
+                                _out.errorString().toUtf8().constData()));
     return isWritten;
 }
 
@@ -131,37 +124,41 @@ bool segyData2::takeUnsigned(uint16_t word)
 {
     if (variable || word <= INT16_MAX || !_source) return false;
     const int64_t record =
-        segyTraceHeaderBytes + int64_t(word) * segySampleBytes(_parm.formatCode > 0 ? _parm.formatCode : reel.format);
+        segyTraceHeaderBytes +
+        int64_t(word) * segySampleBytes(_parm.formatCode > 0 ? _parm.formatCode : reel.format);
     const int64_t traces = _source->size() - segyReelBytes;
     if (traces < record || traces % record != 0) return false;
     setNumSamples(word);
-    line("\nsegyData2: WARNING, Incorrect SEGY binary header values.\n");
-    line("segyData2: Warning, fixed no. of samples, taken as unsigned: %d\n", _nSamples);
+    _report->line("\nsegyData2: WARNING, Incorrect SEGY binary header values.\n");
+    _report->line(formatted("segyData2: Warning, fixed no. of samples, taken as unsigned: %d\n", _nSamples));
     return true;
 }
 
 bool segyData2::fixReel()
 {
-    line("\nsegyData2: WARNING, Incorrect SEGY binary header values.\n"
-         "     attempting to fix sample rate or number of samples\n"
-         "     using the first trace header.\n\n");
+    _report->line("\nsegyData2: WARNING, Incorrect SEGY binary header values.\n"
+                  "     attempting to fix sample rate or number of samples\n"
+                  "     using the first trace header.\n\n");
     char header[segyTraceHeaderBytes];
     _error = "Unexpected end of file";
     if (readBytes(segyTraceHeaderBytes, header) != segyTraceHeaderBytes) {
-        line("segyData2: error while reading a trace header to fix reel header: %s\n", _error.c_str());
+        _report->line(formatted("segyData2: error while reading a trace header to fix reel header: %s\n",
+                                _error.c_str()));
         return false;
     }
     if (!seekPos(-segyTraceHeaderBytes)) return false;
-    int16_t counts[2];  // samples, interval
+    int16_t counts[2]; // samples, interval
     std::memcpy(counts, header + offsetof(segyTrace, nsampt), sizeof counts);
     if (doSwap) endianSwap(counts, 2, 2);
     if (isSampleCountNeeded() && !(counts[0] < 1 && takeUnsigned(uint16_t(counts[0])))) {
         setNumSamples(counts[0]);
-        line("segyData2: Warning, fixed no. of samples from first trace header: %d\n", _nSamples);
+        _report->line(
+            formatted("segyData2: Warning, fixed no. of samples from first trace header: %d\n", _nSamples));
     }
     if (reel.nsr < 1) {
         reel.nsr = counts[1];
-        line("segyData2: Warning, fixed sample rate from first trace header: %d\n", reel.nsr);
+        _report->line(
+            formatted("segyData2: Warning, fixed sample rate from first trace header: %d\n", reel.nsr));
     }
     return true;
 }
@@ -185,15 +182,14 @@ void segyData2::printReel()
     const struct {
         const char* format;
         int value;
-    } fields[] = {{" Job ID            : %d\n", reel.jobid},     {" Line Num          : %d\n", reel.line},
-                  {" Reel Num          : %d\n", reel.reeln},     {" Num Traces        : %d\n", reel.ntrc},
-                  {" Num Aux Traces    : %d\n", reel.naux},      {" Sample Rate (usec): %d\n", reel.nsr},
-                  {" Num Samples       : %d\n", _nSamples},      {" Sort              : %d\n", reel.sort},
-                  {" Data format       : %d\n", reel.format},    {" Measurement       : %d\n", reel.measurement}};
+    } fields[] = {
+        {" Job ID            : %d\n", reel.jobid},  {" Line Num          : %d\n", reel.line},
+        {" Reel Num          : %d\n", reel.reeln},  {" Num Traces        : %d\n", reel.ntrc},
+        {" Num Aux Traces    : %d\n", reel.naux},   {" Sample Rate (usec): %d\n", reel.nsr},
+        {" Num Samples       : %d\n", _nSamples},   {" Sort              : %d\n", reel.sort},
+        {" Data format       : %d\n", reel.format}, {" Measurement       : %d\n", reel.measurement}};
     for (const auto& field : fields) {
-        char row[64];
-        std::snprintf(row, sizeof row, field.format, field.value);
-        _report->line(row);
+        _report->line(formatted(field.format, field.value));
     }
     _report->line("\n");
 }
@@ -226,7 +222,7 @@ void segyData2::swapTrace(segyTrace* trace) const
 
 void segyData2::reportReadError()
 {
-    line("segyData2: error while reading trace: %s\n", _error.c_str());
+    _report->line(formatted("segyData2: error while reading trace: %s\n", _error.c_str()));
 }
 
 int segyData2::readTrace(void* data)
@@ -243,13 +239,13 @@ int segyData2::readFixed(char* record)
 {
     const int64_t got = readBytes(segytrclength, record);
     if (got < 0) reportReadError();
-    if (got > 0 && got < segyTraceHeaderBytes) std::memset(record + got, 0, size_t(segyTraceHeaderBytes - got));
+    if (got > 0 && got < segyTraceHeaderBytes)
+        std::memset(record + got, 0, size_t(segyTraceHeaderBytes - got));
     return int(got);
 }
 
 /// A field of a raw header in machine order.
-template <typename T>
-static T headerField(const void* header, size_t byte, bool isSwapped)
+template <typename T> static T headerField(const void* header, size_t byte, bool isSwapped)
 {
     T value;
     std::memcpy(&value, static_cast<const char*>(header) + byte, sizeof value);
@@ -262,7 +258,8 @@ segyData2::DataLength segyData2::dataLength(const void* rawHeader) const
     const int nsampt = headerField<int16_t>(rawHeader, offsetof(segyTrace, nsampt), doSwap);
     DataLength length = {};
     // Without a count of its own a trace is taken to be shorter by its header: so it stands in old files.
-    length.declared = nsampt > 0 ? int64_t(nsampt) * nbytes : int64_t(_nSamples) * nbytes - segyTraceHeaderBytes;
+    length.declared =
+        nsampt > 0 ? int64_t(nsampt) * nbytes : int64_t(_nSamples) * nbytes - segyTraceHeaderBytes;
     length.isBad = length.declared <= 0 || length.declared > _maxBytes;
     length.wanted = length.isBad ? int64_t(_nSamples) * 4 : length.declared;
     return length;
@@ -270,8 +267,9 @@ segyData2::DataLength segyData2::dataLength(const void* rawHeader) const
 
 void segyData2::reportBadLength(const void* rawHeader, const DataLength& length)
 {
-    line("segyData2: error while reading variable length trace: %d, num samples=%d\n",
-         headerField<int32_t>(rawHeader, offsetof(segyTrace, tsln), doSwap), int(length.declared / nbytes));
+    _report->line(formatted("segyData2: error while reading variable length trace: %d, num samples=%d\n",
+                            headerField<int32_t>(rawHeader, offsetof(segyTrace, tsln), doSwap),
+                            int(length.declared / nbytes)));
 }
 
 int segyData2::readVariable(char* record)
@@ -313,7 +311,9 @@ int segyData2::writeTrace(void* data)
     segytrace = static_cast<segyTrace*>(data);
     if (doSwap) swapTrace(segytrace);
     const auto nWritten = int(_out.write(static_cast<const char*>(data), segytrclength));
-    if (nWritten < 0) line("segyData2: error while writing trace: %s\n", _out.errorString().toUtf8().constData());
+    if (nWritten < 0)
+        _report->line(
+            formatted("segyData2: error while writing trace: %s\n", _out.errorString().toUtf8().constData()));
     return nWritten;
 }
 

@@ -136,7 +136,6 @@ private:
     void printReel();
     bool takeUnsigned(uint16_t word);
     bool isSampleCountNeeded() const { return _nSamples < 1; }
-    void line(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
     class MapBuild;
 

@@ -140,8 +140,10 @@ private slots:
 private:
     void initTreviaHeaders();
     bool openOneFile(const QString& name);
+    bool takeReelValues();
     bool failReelValues();
     void reportComma(const QString& name);
+    void reportCutTrace();
     SegyReadParm readParm() const;
     void buildSortKeys();
     void listPrimaryKeys();

@@ -13,7 +13,8 @@ SegyRemapTable remapTableFromText(const QByteArray& text)
     QTextStream stream(text);
     stream.setCodec("UTF-8");
     for (int row = 0; row < SegyRemapTable::nRows && !stream.atEnd(); ++row) {
-        const QString line = stream.readLine();
+        // Some editors leave more than one carriage return at a line's end.
+        const QString line = stream.readLine().remove('\r');
         for (int column = 0; column < SegyRemapTable::nColumns; ++column)
             table.cells[row][column] = line.section(",", column, column);
     }

@@ -372,6 +372,40 @@ TEST(SegyTrace, RawBytesAreKeptForTheRemapBeforeAnySwap)
     EXPECT_EQ(segy.data.segyRawHeader()[2], 0x04030201);
 }
 
+TEST(SegyTrace, AFailingDiskIsToldAndGivesANegativeResult)
+{
+    SegyBuilder file(2);
+    for (int i = 0; i < 3; ++i) {
+        file.addTrace(Floats{1, 2});
+        file.setHeader<int16_t>(size_t(i), 114, 2);
+    }
+    const int64_t second = int64_t(file.traceStarts[1]);
+    static const struct {
+        int ivariable;
+        int64_t failsBehind;  // bytes of the second trace that can be read
+    } cases[] = {{0, 100}, {1, 100}, {1, 244}};
+    for (const auto& c : cases) {
+        SegyReadParm parm = swapped();
+        parm.ivariable = c.ivariable;
+        OpenedSegy segy(file, parm);
+        segy.data.openSource(std::make_unique<FailingSource>(file.bytes, second + c.failsBehind), "disk");
+        segy.data.setPos(3600);
+        EXPECT_EQ(segy.read(), 248);
+        EXPECT_LT(segy.read(), 0);
+        EXPECT_EQ(segy.report.text, "segyData2: error while reading trace: Input/output error\n");
+    }
+}
+
+TEST(SegyReel, AFailingDiskIsTold)
+{
+    const SegyBuilder file(2);
+    CollectReport report;
+    segyData2 data(swapped(), &report);
+    data.openSource(std::make_unique<FailingSource>(file.bytes, 100), "disk");
+    EXPECT_FALSE(data.reelHeader(false));
+    EXPECT_EQ(report.text, "segyData2: error while reading reel headers: Input/output error\n");
+}
+
 TEST(SegyTrace, WithTheTapeFlagNothingIsRead)
 {
     SegyReadParm parm = swapped();

@@ -14,6 +14,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 using Floats = std::vector<float>;
 using testing::ElementsAre;
 
@@ -571,6 +573,32 @@ TEST_F(SegyLoaderTest, TheRemapWinsOverTheStandardMappingInMapAndEnsemble)
     EXPECT_EQ(l.loader.applyRemap(), 1);
 }
 
+TEST_F(SegyLoaderTest, WithTheShippedPresetTheSourceSortAndItsEndAgree)
+{
+    SegyBuilder file(1);
+    const int sources[] = {8, 7, 8, 7, 7};
+    for (int i = 0; i < 5; ++i) {
+        file.addTrace(Floats{float(i)});
+        file.setHeader<int32_t>(size_t(i), 16, sources[i]);
+        file.setHeader<int32_t>(size_t(i), 12, i);
+    }
+    SegyRemapTable preset;
+    QString error;
+    ASSERT_EQ(readRemapFile(QString(MERIDUNE_SOURCE_DIR) + "/resources/remap/source-at-byte-17", &preset, &error), 1);
+    LoaderParm parm{save(file)};
+    parm.isort = 2;
+    parm.iremap = 1;
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    l.loader.setRemapTable(1, preset);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_THAT(l.loader.priList(), ElementsAre("7", "8"));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(1, 3, 4));
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(0, 2));
+}
+
 TEST_F(SegyLoaderTest, ATableWithoutUsableRowsSwitchesTheRemapOff)
 {
     LoaderParm parm{save(shots({1}))};
@@ -741,6 +769,30 @@ TEST_F(SegyLoaderTest, TheWindowsTableHasAllWords)
     EXPECT_EQ(table.count(), 60);
     EXPECT_EQ(table._headerName[3], "FFID    ");
     l.loader.saveHeaders();
+}
+
+TEST_F(SegyLoaderTest, AReadErrorEndsTheEnsembleAndKeepsWhatWasRead)
+{
+    const SegyBuilder file = shots({4});
+    Loaded l({save(file)});
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.SegyData()->openSource(std::make_unique<FailingSource>(file.bytes, int64_t(file.traceStarts[2])), "disk");
+    l.loader.SegyData()->setPos(3600);
+    EXPECT_TRUE(l.loader.loadNextEnsemble(1));
+    EXPECT_THAT(l.firstSamples(), ElementsAre(11, 12));
+    EXPECT_TRUE(l.report.has("\nSegyLoader: Error, while reading trace data\n"));
+}
+
+TEST_F(SegyLoaderTest, AFileThatWasCutSinceTheIndexGivesFewerTraces)
+{
+    SegyBuilder file = shots({4});
+    LoaderParm parm{save(file)};
+    parm.indexbuilt = 1;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    std::filesystem::resize_file(parm.files, file.traceStarts[2]);
+    EXPECT_TRUE(l.loader.loadNextEnsemble(1));
+    EXPECT_THAT(l.firstSamples(), ElementsAre(11, 12));
 }
 
 TEST_F(SegyLoaderTest, AFileWithoutTracesGivesAnEmptyEnsemble)

@@ -19,6 +19,13 @@ TEST(SegyRemapTable, EachLineFillsTheRowWithItsNumber)
     EXPECT_EQ(table.cells[3][3], "9");
 }
 
+TEST(SegyRemapTable, CarriageReturnsAreNoPartOfAField)
+{
+    const SegyRemapTable table = remapTableFromText("CDP,4I,IEEE,9\r\r\nFFID,4I,IEEE,21\r");
+    EXPECT_EQ(table.cells[0][3], "9");
+    EXPECT_EQ(table.cells[1][3], "21");
+}
+
 TEST(SegyRemapTable, AFileOfThirtyLinesFillsTwentyFiveRows)
 {
     QByteArray text;

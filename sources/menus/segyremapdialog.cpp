@@ -1,0 +1,108 @@
+#include "sources/menus/segyremapdialog.h"
+
+#include "host/home.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+SegyRemapDialog::SegyRemapDialog(QWidget* parent) : QDialog(parent)
+{
+    setObjectName("SegyRemapDialog");
+    setWindowTitle(tr("Segy Remap Table"));
+    _tableWidget = new QTableWidget(SegyRemapTable::nRows, SegyRemapTable::nColumns, this);
+    _tableWidget->setObjectName("tableWidget");
+    _tableWidget->setHorizontalHeaderLabels({tr("Trevia\nHeader"), tr("Format\n(1I,2I,4I,\n4R,8R,Axx)"),
+                                             tr("Type\n(IEEE,IBM)"), tr("Start Byte\n(1-240)")});
+    _tableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+
+    auto* buttonBox = new QDialogButtonBox(this);
+    buttonBox->setObjectName("buttonBox");
+    _loadButton = buttonBox->addButton(tr("&Load From File"), QDialogButtonBox::ActionRole);
+    _saveButton = buttonBox->addButton(tr("&Save To File"), QDialogButtonBox::ActionRole);
+    _dismissButton = buttonBox->addButton(tr("&Dismiss"), QDialogButtonBox::RejectRole);
+    _loadButton->setObjectName("loadButton");
+    _saveButton->setObjectName("saveButton");
+    _dismissButton->setObjectName("dismissButton");
+    // Return ends the edit of a cell; it must not open a file dialog.
+    for (QPushButton* button : {_loadButton, _saveButton, _dismissButton}) button->setAutoDefault(false);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(_tableWidget);
+    layout->addWidget(buttonBox);
+    // Four columns and ten rows, whatever the font.
+    resize(fontMetrics().averageCharWidth() * 64, fontMetrics().height() * 24);
+
+    connect(_loadButton, &QPushButton::clicked, this, &SegyRemapDialog::loadFromFile);
+    connect(_saveButton, &QPushButton::clicked, this, &SegyRemapDialog::saveToFile);
+    connect(buttonBox, &QDialogButtonBox::rejected, this, &SegyRemapDialog::reject);
+    connect(_tableWidget, &QTableWidget::itemChanged, this, [this] {
+        if (!_isFilling) emit tableChanged();
+    });
+}
+
+QString SegyRemapDialog::remapFolder()
+{
+    return QString::fromLocal8Bit(GetHome()) + "/port/db/segy/";
+}
+
+SegyRemapTable SegyRemapDialog::table() const
+{
+    SegyRemapTable snapshot;
+    for (int row = 0; row < SegyRemapTable::nRows; ++row)
+        for (int column = 0; column < SegyRemapTable::nColumns; ++column)
+            if (const QTableWidgetItem* item = _tableWidget->item(row, column))
+                snapshot.cells[size_t(row)][size_t(column)] = item->text();
+    return snapshot;
+}
+
+void SegyRemapDialog::setTable(const SegyRemapTable& table)
+{
+    _isFilling = true;
+    for (int row = 0; row < SegyRemapTable::nRows; ++row)
+        for (int column = 0; column < SegyRemapTable::nColumns; ++column) {
+            if (!_tableWidget->item(row, column)) _tableWidget->setItem(row, column, new QTableWidgetItem);
+            _tableWidget->item(row, column)->setText(table.cells[size_t(row)][size_t(column)]);
+        }
+    _isFilling = false;
+    emit tableChanged();
+}
+
+int SegyRemapDialog::loadTable(const QString& path)
+{
+    SegyRemapTable loaded;
+    QString error;
+    if (!readRemapFile(path, &loaded, &error)) {
+        QMessageBox::warning(this, tr("Remap Table"), tr("Cannot read file %1:\n%2.").arg(path, error));
+        return 0;
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    setTable(loaded);
+    QApplication::restoreOverrideCursor();
+    return 1;
+}
+
+int SegyRemapDialog::saveTable(const QString& path)
+{
+    QString error;
+    if (writeRemapFile(path, table(), &error)) return 1;
+    QMessageBox::warning(this, tr("Remap Table"), tr("Cannot write file %1:\n%2.").arg(path, error));
+    return 0;
+}
+
+void SegyRemapDialog::loadFromFile()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Load Remap File"), remapFolder());
+    if (!path.isEmpty()) loadTable(path);
+}
+
+void SegyRemapDialog::saveToFile()
+{
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save Remap File"), remapFolder());
+    if (!path.isEmpty()) saveTable(path);
+}

@@ -1,0 +1,170 @@
+/// The editor of the remap table: cells, files and boxes.
+#include "sources/menus/segyremapdialog.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class SegyRemapDialogTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void hasTwentyFiveRowsAndTheToldTexts();
+    void whatIsTypedIsInTheSnapshot();
+    void aFileFillsTheRowsAndClearsTheOthers();
+    void aFileOfThirtyLinesFillsTwentyFiveRows();
+    void savedRowsAreUpperCase();
+    void aFileThatCannotBeReadLeavesTheTable();
+    void aFileThatCannotBeWrittenIsTold();
+    void dismissHidesItAndTheTableStays();
+    void returnInACellOpensNoFileDialog();
+};
+
+/// Accepts the next message box and keeps what it said.
+static void acceptNextBox(QString* title, QString* text)
+{
+    QTimer::singleShot(0, [title, text] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box) return;
+        *title = box->windowTitle();
+        *text = box->text();
+        box->accept();
+    });
+}
+
+static QTableWidget* tableOf(SegyRemapDialog* dialog)
+{
+    return dialog->findChild<QTableWidget*>("tableWidget");
+}
+
+void SegyRemapDialogTest::hasTwentyFiveRowsAndTheToldTexts()
+{
+    SegyRemapDialog dialog;
+    QCOMPARE(dialog.windowTitle(), QString("Segy Remap Table"));
+    QTableWidget* table = tableOf(&dialog);
+    QVERIFY(table);
+    QCOMPARE(table->rowCount(), 25);
+    QCOMPARE(table->columnCount(), 4);
+    const char* headings[] = {"Trevia\nHeader", "Format\n(1I,2I,4I,\n4R,8R,Axx)", "Type\n(IEEE,IBM)",
+                              "Start Byte\n(1-240)"};
+    for (int i = 0; i < 4; ++i) QCOMPARE(table->horizontalHeaderItem(i)->text(), QString(headings[i]));
+    QCOMPARE(dialog.findChild<QPushButton*>("loadButton")->text(), QString("&Load From File"));
+    QCOMPARE(dialog.findChild<QPushButton*>("saveButton")->text(), QString("&Save To File"));
+    QCOMPARE(dialog.findChild<QPushButton*>("dismissButton")->text(), QString("&Dismiss"));
+    QVERIFY(SegyRemapDialog::remapFolder().endsWith("/port/db/segy/"));
+    QVERIFY(dialog.table().isEmpty());
+}
+
+void SegyRemapDialogTest::whatIsTypedIsInTheSnapshot()
+{
+    SegyRemapDialog dialog;
+    QSignalSpy changed(&dialog, &SegyRemapDialog::tableChanged);
+    dialog.show();
+    QTableWidget* table = tableOf(&dialog);
+    table->setCurrentCell(2, 0);
+    QTest::keyClick(table, 'c');  // opens the editor, which gets the rest
+    auto* editor = table->viewport()->findChild<QLineEdit*>();
+    QVERIFY(editor);
+    QTest::keyClicks(editor, "dp");
+    QTest::keyClick(editor, Qt::Key_Return);
+    QTRY_COMPARE(dialog.table().cells[2][0], QString("cdp"));
+    QVERIFY(changed.count() >= 1);
+}
+
+void SegyRemapDialogTest::aFileFillsTheRowsAndClearsTheOthers()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("a"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("SOU_SLOC,4I,IEEE,197\nCDP,4I");
+    file.close();
+    SegyRemapDialog dialog;
+    SegyRemapTable before;
+    before.cells[1][3] = "21";
+    before.cells[9][0] = "FFID";
+    dialog.setTable(before);
+    QSignalSpy changed(&dialog, &SegyRemapDialog::tableChanged);
+    QCOMPARE(dialog.loadTable(file.fileName()), 1);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(tableOf(&dialog)->item(0, 3)->text(), QString("197"));
+    QCOMPARE(tableOf(&dialog)->item(1, 3)->text(), QString());
+    QCOMPARE(tableOf(&dialog)->item(9, 0)->text(), QString());
+    QVERIFY(!QApplication::overrideCursor());
+}
+
+void SegyRemapDialogTest::aFileOfThirtyLinesFillsTwentyFiveRows()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("a"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    for (int i = 1; i <= 30; ++i) file.write("CDP,4I,IEEE," + QByteArray::number(i) + "\n");
+    file.close();
+    SegyRemapDialog dialog;
+    QCOMPARE(dialog.loadTable(file.fileName()), 1);
+    QCOMPARE(tableOf(&dialog)->rowCount(), 25);
+    QCOMPARE(tableOf(&dialog)->item(24, 3)->text(), QString("25"));
+}
+
+void SegyRemapDialogTest::savedRowsAreUpperCase()
+{
+    const QTemporaryDir folder;
+    SegyRemapDialog dialog;
+    SegyRemapTable table;
+    table.cells[3] = {"sou_x", "4r", "ibm", "73"};
+    dialog.setTable(table);
+    QCOMPARE(dialog.saveTable(folder.filePath("a")), 1);
+    QFile file(folder.filePath("a"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("SOU_X,4R,IBM,73\n"));
+}
+
+void SegyRemapDialogTest::aFileThatCannotBeReadLeavesTheTable()
+{
+    SegyRemapDialog dialog;
+    SegyRemapTable table;
+    table.cells[0][0] = "CDP";
+    dialog.setTable(table);
+    QString title, text;
+    acceptNextBox(&title, &text);
+    QCOMPARE(dialog.loadTable("/no/such/file"), 0);
+    QCOMPARE(title, QString("Remap Table"));
+    QCOMPARE(text, QString("Cannot read file /no/such/file:\nNo such file or directory."));
+    QVERIFY(dialog.table() == table);
+}
+
+void SegyRemapDialogTest::aFileThatCannotBeWrittenIsTold()
+{
+    SegyRemapDialog dialog;
+    QString title, text;
+    acceptNextBox(&title, &text);
+    QCOMPARE(dialog.saveTable("/no/such/folder/file"), 0);
+    QCOMPARE(title, QString("Remap Table"));
+    QCOMPARE(text, QString("Cannot write file /no/such/folder/file:\nNo such file or directory."));
+}
+
+void SegyRemapDialogTest::dismissHidesItAndTheTableStays()
+{
+    SegyRemapDialog dialog;
+    SegyRemapTable table;
+    table.cells[0][0] = "CDP";
+    dialog.setTable(table);
+    dialog.show();
+    QTest::mouseClick(dialog.findChild<QPushButton*>("dismissButton"), Qt::LeftButton);
+    QVERIFY(!dialog.isVisible());
+    dialog.show();
+    QVERIFY(dialog.table() == table);
+}
+
+void SegyRemapDialogTest::returnInACellOpensNoFileDialog()
+{
+    SegyRemapDialog dialog;
+    for (const auto* button : dialog.findChildren<QPushButton*>()) QVERIFY(!button->autoDefault() && !button->isDefault());
+}
+
+QTEST_MAIN(SegyRemapDialogTest)
+#include "segyremapdialogtest.moc"
