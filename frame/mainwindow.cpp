@@ -2,6 +2,7 @@
 
 #include "display/colorbarframe.h"
 #include "display/seismicdisplay.h"
+#include "frame/assumptionspanel.h"
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
 #include "frame/windowsettings.h"
@@ -43,6 +44,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     makeCentre();
     _actions = std::make_unique<WindowActions>(this);
     makeRecentMenu();
+    makeAssumptionsPanel();
     statusBar()->showMessage("Ready");
     readSettings();
     _COMPANY = setCompanyName();
@@ -81,6 +83,19 @@ void MainWindow::makeCentre()
     _controlStatus->showMessage("Ready");
     vLayout->addWidget(_controlStatus);
     setCentralWidget(frame);
+}
+
+void MainWindow::makeAssumptionsPanel()
+{
+    _assumptionsPanel = new AssumptionsPanel(this);
+    addDockWidget(Qt::BottomDockWidgetArea, _assumptionsPanel);
+    _assumptionsPanel->hide();
+    QAction* toggle = _assumptionsPanel->toggleViewAction();
+    toggle->setObjectName("assumedAct");
+    toggle->setText("&What Was Assumed");
+    toggle->setStatusTip("Show what the program took for granted or skipped in this file");
+    _actions->menu("&Dataset")->addAction(toggle);
+    _report->onAssumed = [this](const QString& line) { _assumptionsPanel->addLine(line); };
 }
 
 void MainWindow::buildMainPlot()

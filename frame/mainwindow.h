@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class AssumptionsPanel;
 class ColorBarFrame;
 class QSplitter;
 class QStatusBar;
@@ -61,6 +62,7 @@ public:
     SeismicDisplay* display() const { return _display; }
     const QList<SeismicDisplay*>& displayList() const { return _displaylist; }
     ColorBarFrame* colorBarFrame() const { return _colorBarFrame; }
+    AssumptionsPanel* assumptionsPanel() const { return _assumptionsPanel; }
     SegyLoader* segyLoader() const { return _segyloader.get(); }
     QSplitter* splitter() const { return _splitter; }
     WindowActions* actionTable() const { return _actions.get(); }
@@ -128,6 +130,7 @@ protected:
 private:
     void makeCentre();
     void makeRecentMenu();
+    void makeAssumptionsPanel();
     void openSegy(const QString& name);
     void readSettings();
     void writeSettings();
@@ -146,6 +149,7 @@ private:
     ColorBarFrame* _overlayColorBarFrame = nullptr;  // child, made for the first overlay
     std::unique_ptr<WindowActions> _actions;
     std::unique_ptr<WindowReport> _report;
+    AssumptionsPanel* _assumptionsPanel = nullptr;
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;
     SeismicDisplay* _display = nullptr;  // the last screen made
