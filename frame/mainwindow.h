@@ -13,6 +13,7 @@
 #include <memory>
 
 class ColorBarFrame;
+class ParmMenuDialog;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
@@ -146,6 +147,7 @@ private:
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;
     SeismicDisplay* _display = nullptr;  // the last screen made
+    ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use
     SegyMenuDialog* _segy = nullptr;     // child, made on first use
     std::unique_ptr<SegyLoader> _segyloader;
 
