@@ -18,6 +18,7 @@
 #include "tracedata/seismicheader.h"
 
 #include <QStatusBar>
+#include <qwt_plot_grid.h>
 #include <qwt_plot_layout.h>
 
 #include <algorithm>
@@ -37,6 +38,7 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
     _seismicdata->setHeaderTable(host ? host->headerTable() : nullptr);
     setCanvasBackground(Qt::white);
     makeAxes(enableLeft, enableRight);
+    makeGrid();
     _seismicplot->attach(this);
     makeMouseTools();
     setZoom(true);
@@ -61,6 +63,25 @@ void SeismicDisplay::makeAxes(bool enableLeft, bool enableRight)
     plotLayout()->setCanvasMargin(0);
     for (const int axis : {yLeft, yRight}) axisWidget(axis)->setMargin(0);
     axisWidget(xTop)->setMargin(0);
+}
+
+/// Attached before the data; its z keeps it in view above the opaque picture.
+void SeismicDisplay::makeGrid()
+{
+    _grid = new QwtPlotGrid;
+    _grid->setAxes(xTop, yLeft);
+    _grid->setMajorPen(QPen(QColor(0, 120, 120), 0));
+    _grid->setMinorPen(QPen(QColor(0, 120, 120), 0, Qt::DotLine));
+    _grid->enableX(false);
+    _grid->enableXMin(false);
+    _grid->enableY(false);
+    _grid->enableYMin(false);
+    _grid->attach(this);
+}
+
+const HeaderTable* SeismicDisplay::headerTable() const
+{
+    return _host ? _host->headerTable() : nullptr;
 }
 
 void SeismicDisplay::setColorBar(ColorBarFrame* bar)

@@ -8,6 +8,7 @@
 #include "display/myqwtplot.h"
 #include "display/plotowner.h"
 #include "display/zoomlink.h"
+#include "tracedata/orvinconstants.h"
 
 #include <QString>
 
@@ -21,10 +22,12 @@ class MyQwtPlotPanner;
 class MyQwtPlotZoomer;
 class PlotScrollBars;
 class QStatusBar;
+class QwtPlotGrid;
 class RecordAxisScaleDraw;
 class SeismicAxisScaleDraw;
 class SeismicData;
 class SeismicPlot;
+struct HeaderTable;
 struct parmmenu;
 
 /// Takes batches of traces, keeps its own copy, and shows it.
@@ -87,6 +90,12 @@ public:
     void enableVerticalAxis(bool left, bool right);
     /// Shows or hides the numbers of all axes.
     void setVAxisValues(bool on);
+    /// The side of the first trace, for both plots and the axes. The caller rebuilds the plot.
+    void setPlotDirection(PlotDirection direction);
+    /// Header words of the title and of the trace labels, counted from 0, -1 for none; the axes follow, the
+    /// caller rebuilds the plot.
+    void setPriKey(int index);
+    void setSecKey(int index);
 
     /// The plain buttons zoom and pan, or, with false, do so with Ctrl.
     void setZoom(bool on);
@@ -117,6 +126,19 @@ public:
     /// Null until an overlay was first loaded.
     SeismicData* overlayData() const { return _overlaydata.get(); }
     SeismicPlot* overlayPlot() const { return _overlayplot; }
+    /// Lines at the steps of the top and left axes; all off at first.
+    QwtPlotGrid* grid() const { return _grid; }
+    parmmenu* menu() const { return _menu; }
+    const QString& displayTitle() const { return _title; }
+    /// In ms.
+    float sampleRate() const { return _samprat; }
+    float traceIncrement() const { return _traceIncr; }
+    /// In ms.
+    float timeIncrement() const { return _timeIncr; }
+    bool isTrevia() const { return _isTrevia != 0; }
+    const HeaderKeys& headerKeys() const { return _keys; }
+    /// The window's header table, null if there is none.
+    const HeaderTable* headerTable() const;
     const HeaderAxis& headerAxis() const { return _headerAxis; }
     bool lastEnsemble() const { return _lastEnsemble; }
     int windowNumber() const { return _windowNumber; }
@@ -148,7 +170,9 @@ private:
     void makeOverlay();
     void measureOverlay();
     void makeAxes(bool enableLeft, bool enableRight);
+    void makeGrid();
     void makeMouseTools();
+    void axesFollowHeaders();
     void setTimeWindow();
     void setSliceAxis();
     void limitPan();
@@ -180,6 +204,7 @@ private:
     EnsembleCopy _overlayCopy;
     SeismicPlot* _overlayplot = nullptr;  // attached to the plot, which deletes it
     bool _lastOverlay = false;            // the last batch was an overlay
+    QwtPlotGrid* _grid;                   // the same
     parmmenu* _menu = nullptr;  // lent
 
     float _samprat = 2.0f;  // ms

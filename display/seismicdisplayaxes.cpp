@@ -78,6 +78,34 @@ void SeismicDisplay::setVAxisValues(bool on)
     rePlot();
 }
 
+/// Labels and title from the words that are the keys now.
+void SeismicDisplay::axesFollowHeaders()
+{
+    if (!_loadTraces || buildHeaderAxis() != 0) return;
+    setDisplayTitle();
+    updateAxes();
+}
+
+void SeismicDisplay::setPlotDirection(PlotDirection direction)
+{
+    _seismicplot->setPlotDirection(direction);
+    if (_overlayplot) _overlayplot->setPlotDirection(direction);
+    _recordaxis->setPlotDirection(direction);
+    axesFollowHeaders();
+}
+
+void SeismicDisplay::setPriKey(int index)
+{
+    _keys.pri = index;
+    axesFollowHeaders();
+}
+
+void SeismicDisplay::setSecKey(int index)
+{
+    _keys.sec = index;
+    axesFollowHeaders();
+}
+
 void SeismicDisplay::setTraceIncrement(float incr)
 {
     const double plotTraces = _seismicplot->plotTraceCount();

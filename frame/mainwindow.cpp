@@ -1,5 +1,6 @@
 #include "frame/mainwindow.h"
 
+#include "analysis/parmmenudialog.h"
 #include "display/colorbarframe.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
@@ -119,6 +120,7 @@ int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
 {
     if (screen < 0 || screen >= _displaylist.size()) return 0;
     _displaylist[screen]->loadSeismicData(traces, heads, n, true);
+    if (_parmmenu) _parmmenu->update();
     return 0;
 }
 
@@ -237,7 +239,14 @@ void MainWindow::tellNotBuilt(const QString& what)
     statusBar()->showMessage(what + " is not built yet.");
 }
 
-void MainWindow::parameterMenu() { tellNotBuilt("The parameters menu"); }
+void MainWindow::parameterMenu()
+{
+    if (!_parmmenu) _parmmenu = new ParmMenuDialog(this, &_displaylist, &_otherlist);
+    _parmmenu->show();
+    _parmmenu->raise();
+    _parmmenu->activateWindow();
+}
+
 void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }
 void MainWindow::titleMenu() { tellNotBuilt("The title editor"); }
 void MainWindow::drawMenu() { tellNotBuilt("Drawing on the canvas"); }

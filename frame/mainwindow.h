@@ -14,6 +14,7 @@
 
 class AssumptionsPanel;
 class ColorBarFrame;
+class ParmMenuDialog;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
@@ -153,6 +154,7 @@ private:
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;
     SeismicDisplay* _display = nullptr;  // the last screen made
+    ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use
     SegyMenuDialog* _segy = nullptr;     // child, made on first use
     std::unique_ptr<SegyLoader> _segyloader;
 

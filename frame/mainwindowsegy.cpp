@@ -1,6 +1,7 @@
 /// SEG-Y in the main window: opening files and going from record to record.
 #include "frame/mainwindow.h"
 
+#include "analysis/parmmenudialog.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
 #include "frame/windowactions.h"
@@ -98,6 +99,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     _fileName = QFileInfo(parm.files.section(',', 0, 0)).fileName();
     setAreaLineTitle();
     showRecord(_segyloader->numTraces() > 0);
+    if (_parmmenu) _parmmenu->updateAll();
     setNavigation();
     _dataReady = true;
     if (!parm.files.contains(',')) {
