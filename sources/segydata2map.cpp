@@ -5,7 +5,6 @@
 #include "sources/segyheader.h"
 #include "sources/segyheaderreader.h"
 
-
 #include <algorithm>
 #include <climits>
 #include <cstring>
