@@ -36,7 +36,8 @@ int FileSource::open(const std::string& path, std::string* error)
     const int status = ::fstat(descriptor, &info);
     const bool isData = status == 0 && (S_ISREG(info.st_mode) || S_ISBLK(info.st_mode));
     if (!isData) {
-        *error = status != 0 ? std::strerror(errno) : S_ISDIR(info.st_mode) ? std::strerror(EISDIR) : "Not a regular file";
+        const bool isFolder = status == 0 && S_ISDIR(info.st_mode);
+        *error = status != 0 ? std::strerror(errno) : isFolder ? std::strerror(EISDIR) : "Not a regular file";
         ::close(descriptor);
         return 0;
     }

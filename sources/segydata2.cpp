@@ -86,6 +86,17 @@ bool segyData2::reelHeader(bool printIt)
     return _parm.imode == 0 ? (readReel() && (printIt ? (printReel(), true) : true)) : writeReel();
 }
 
+/// EBCDIC letters lie above 127, and its blank is the other's @.
+static bool isAsciiText(const char* text)
+{
+    int nBlanks = 0;
+    for (int i = 0; i < segyTextBytes; ++i) {
+        if (static_cast<unsigned char>(text[i]) > 127) return false;
+        nBlanks += text[i] == ' ' ? 1 : text[i] == '@' ? -1 : 0;
+    }
+    return nBlanks > 0;
+}
+
 bool segyData2::readReel()
 {
     if (!tape) {
@@ -96,7 +107,10 @@ bool segyData2::readReel()
         }
     }
     if (doSwap) swapReelFields(&reel);
-    if (_parm.iformat != 2 && _parm.iformat != 4) ebcdicToAscii(reel.ebcdic, segyTextBytes);
+    if (_parm.iformat != 2 && _parm.iformat != 4) {
+        if (isAsciiText(reel.ebcdic)) _report->assumed("segyData2: the text header is ASCII, but is read as EBCDIC");
+        ebcdicToAscii(reel.ebcdic, segyTextBytes);
+    }
     _nSamples = reel.nsamp;
     if (isSampleCountNeeded()) takeUnsigned(uint16_t(reel.nsamp));
     if ((reel.nsr < 1 || isSampleCountNeeded()) && !fixReel()) {

@@ -5,8 +5,6 @@
 #include "sources/segyheader.h"
 #include "sources/segyheaderreader.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 #include <climits>
 #include <cstring>
@@ -103,7 +101,8 @@ bool segyData2::buildMap(bool show)
     }
     build.beginProgress(show);
     const int64_t size = _source->size();
-    const int64_t nFixed = variable ? 0 : (std::max<int64_t>(0, size - segyReelBytes) + segytrclength - 1) / segytrclength;
+    const int64_t traceBytes = std::max<int64_t>(0, size - segyReelBytes);
+    const int64_t nFixed = variable ? 0 : (traceBytes + segytrclength - 1) / segytrclength;
     if (nFixed > 0 && !_map.reserve(std::min<int64_t>(_map.count() + nFixed, INT_MAX))) return true;
     SegyHeaderReader reader(*_source, segytrclength);
     const auto ifile = uint32_t(_map.fileIndex(_curFile));

@@ -41,7 +41,6 @@ const unsigned char* SegyHeaderReader::fromBlock(int64_t offset, int* nPresent, 
         if (got < segyTraceHeaderBytes) {
             std::memset(_block.data() + got, 0, size_t(segyTraceHeaderBytes - got));
             *nPresent = int(got);
-            _blockBytes = 0;  // what stands behind the end must be asked for again
             return _block.data();
         }
     }

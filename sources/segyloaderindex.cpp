@@ -183,8 +183,8 @@ bool SegyLoader::loadNextEnsemble(int moveup)
     int recorded = 0;
     for (;; ++iTrace) {
         const uint64_t before = _segydata->getPos();
-        const int nRead =
-            _isIndexBuilt ? _segydata->seekTrace(iTrace, _itempTrc.data(), true) : _segydata->readTrace(_itempTrc.data());
+        const int nRead = _isIndexBuilt ? _segydata->seekTrace(iTrace, _itempTrc.data(), true)
+                                        : _segydata->readTrace(_itempTrc.data());
         if (nRead < 0) _report->line("\nSegyLoader: Error, while reading trace data\n");
         if (nRead <= 0) break;
         const int value = rawWord(_keys.ipkey);

@@ -445,13 +445,15 @@ TEST(RealFilesInTheWild, TextHeadersOfEveryKindAreShownWithoutControls)
         const char* name;
         Type type;
         const char* first;  // of the printed text; null where EBCDIC rules garble ASCII, as told
-    } cases[] = {{"poststack-2d/lineE.sgy", Standard, "C 1"},
-                 {"single-traces/00001034_first_trace.sgy", Msdos, "C 1"},
-                 {"prestack-land/329.sgy", Standard, "   "},
-                 {"prestack-land/real_gather.sgy", Standard, "   "},
-                 {"prestack-synthetic/f11_02673_45Hz.segy", Standard, nullptr},
-                 {"poststack-3d/F3_very_small.sgy", Standard, nullptr},
-                 {"odd-headers/text-embed-null.sgy", Standard, "C 1"}};
+        bool isGarbled;
+    } cases[] = {{"poststack-2d/lineE.sgy", Standard, "C 1", false},
+                 {"single-traces/00001034_first_trace.sgy", Msdos, "C 1", false},
+                 {"prestack-land/329.sgy", Standard, "   ", true},  // as here
+                 {"prestack-land/real_gather.sgy", Standard, "   ", false},
+                 {"single-traces/1_first_trace.sgy", Standard, "   ", true},  // a few ASCII words among NUL
+                 {"prestack-synthetic/f11_02673_45Hz.segy", Standard, nullptr, true},
+                 {"poststack-3d/F3_very_small.sgy", Standard, nullptr, true},
+                 {"odd-headers/text-embed-null.sgy", Standard, "C 1", false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         RealLoader real(testDataFile(c.name), c.type, 0);
@@ -462,6 +464,7 @@ TEST(RealFilesInTheWild, TextHeadersOfEveryKindAreShownWithoutControls)
         if (c.first) {
             EXPECT_EQ(real.report.text.substr(at + lead.size(), 3), c.first);
         }
+        EXPECT_EQ(real.report.hasAssumed("segyData2: the text header is ASCII, but is read as EBCDIC"), c.isGarbled);
         for (unsigned char letter : real.report.text) EXPECT_TRUE(letter >= 0x20 || letter == '\n') << int(letter);
     }
 }

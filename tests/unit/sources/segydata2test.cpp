@@ -334,6 +334,18 @@ TEST(SegyTrace, ALengthOfMoreThanFortyTracesIsBadAndSkippedOver)
     EXPECT_THAT(segy.samples(), ElementsAre(2.5f, 3.5f)) << "the next trace is found at the declared position";
 }
 
+TEST(SegyTrace, InPlaceOfABadLengthFourBytesASampleAreReadWhateverTheFormat)
+{
+    // 100 samples of 2 bytes: a trace has 440 bytes, forty of them 17600; 8801 samples are 17602 bytes
+    SegyBuilder file(100, 3);
+    file.addTrace(std::vector<int16_t>(8801, 7));
+    file.setHeader<int16_t>(0, 114, 8801);
+    OpenedSegy segy(file, variableLength());
+    EXPECT_EQ(segy.read(), 240 + 400);
+    EXPECT_EQ(segy.sample(99), 7.0f);
+    EXPECT_EQ(segy.data.getPos(), 3600u + 240u + 17602u);
+}
+
 TEST(SegyTrace, TheLongestGoodLengthFitsIntoTheBuffer)
 {
     SegyBuilder file(2);

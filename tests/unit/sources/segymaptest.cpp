@@ -225,7 +225,7 @@ TEST(SegyMapBuild, TheOneSwitchOfTheMapScalesCoordinates)
 TEST(SegyMapBuild, ProgressRisesByOneForEachThousandTraces)
 {
     SegyBuilder file(1);
-    file.bytes.resize(3600 + 244 * 2500);
+    file.bytes.resize(3600 + 244 * 2003);
     CountingSink sink;
     CollectReport report;
     segyData2 data(OpenedSegy::bigEndian(), &report, &sink);
