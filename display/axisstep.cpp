@@ -14,3 +14,12 @@ double axisStep(double span, double wanted, int least, double smallest)
         if (factor * power <= largest * (1.0 + 1e-9)) step = factor * power;
     return std::max(step, smallest);
 }
+
+double roomyStep(double span, double wanted, int most)
+{
+    span = std::fabs(span);
+    if (!(wanted > 0.0) || !std::isfinite(span)) return wanted;
+    for (double power = 1.0;; power *= 10.0)
+        for (const double factor : {1.0, 2.0, 5.0})
+            if (span / (wanted * factor * power) <= std::max(most, 1)) return wanted * factor * power;
+}

@@ -7,4 +7,8 @@
 /// `smallest`. A span of 0, or a wanted step of 0 (the plot chooses), gives the wanted one back.
 double axisStep(double span, double wanted, int least = 3, double smallest = 0.0);
 
+/// The step wanted, or the smallest of its 2, 5, 10, 20, ... multiples with which at most `most` labels stand on
+/// a span; `most` is at least 1.
+double roomyStep(double span, double wanted, int most);
+
 #endif

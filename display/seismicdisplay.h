@@ -150,6 +150,7 @@ public:
     void traceOffsets(const SeismicData& data, int nTraces, float* offsets) const override;
 
     bool eventFilter(QObject* object, QEvent* event) override;
+    QSize minimumSizeHint() const override;
 
 public slots:
     void catchZoom(const QRectF& rect);

@@ -15,6 +15,7 @@
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 
+#include <QFontMetrics>
 #include <QResizeEvent>
 #include <qwt_scale_map.h>
 #include <qwt_text.h>
@@ -123,8 +124,9 @@ void SeismicDisplay::setTimeIncrement(float incr)
     _timeIncr = incr;
     const double plotSamples = _seismicplot->plotSampleCount();
     const double plotTime = plotSamples * _samprat;
-    // Half a second is too coarse for short records: their axis would be bare.
-    const double step = axisStep(plotTime, incr);
+    // Half a second is too coarse for short records, whose axis would be bare, and too fine for long ones.
+    const int labelHeight = QFontMetrics(axisFont(yLeft)).height();
+    const double step = roomyStep(plotTime, axisStep(plotTime, incr), canvas()->height() * 4 / (5 * labelHeight));
     for (const int axis : {yLeft, yRight}) {
         const double shift = double(_stime) * _samprat;
         if (_idomain != sliceDomain)
@@ -188,6 +190,12 @@ void SeismicDisplay::rebuildPlot()
 void SeismicDisplay::rePlot()
 {
     replot();
+}
+
+QSize SeismicDisplay::minimumSizeHint() const
+{
+    // Qwt asks for room for every label, which would let a long record push the window off the screen.
+    return QSize(200, 150);
 }
 
 void SeismicDisplay::resizeEvent(QResizeEvent* event)

@@ -39,6 +39,7 @@ private slots:
     void anOverlayTakesEverySecondBatch();
     void anOverlayThatIsNeverNegativeIsAMap();
     void hidingTheOverlayKeepsTheData();
+    void aLongRecordNeedsNoLargerWindow();
     void theControlLineFollowsTheMouseMode();
     void deviceRatioDoesNotMoveTheReadOut();
 };
@@ -421,6 +422,18 @@ void SeismicDisplayTest::hidingTheOverlayKeepsTheData()
     QVERIFY(!fixture[0]->readoutAt(QPoint(50, 50)).contains("Overlay"));
     fixture.load(second);  // with the overlay off it is the data again
     QVERIFY(fixture[0]->overlayData());
+}
+
+void SeismicDisplayTest::aLongRecordNeedsNoLargerWindow()
+{
+    DisplayFixture fixture(1, 60000, 4.0f);
+    TestEnsemble ensemble(3, 60000);
+    fixture.load(ensemble);
+    QVERIFY(fixture[0]->minimumSizeHint().height() <= 200);
+    const QList<double> ticks = fixture[0]->axisScaleDiv(QwtPlot::yLeft).ticks(QwtScaleDiv::MajorTick);
+    const int label = QFontMetrics(fixture[0]->axisFont(QwtPlot::yLeft)).height();
+    QVERIFY(ticks.size() >= 3);
+    QVERIFY(ticks.size() * label < fixture[0]->canvas()->height());
 }
 
 void SeismicDisplayTest::theControlLineFollowsTheMouseMode()

@@ -32,6 +32,15 @@ TEST(AxisStep, NothingToDivideGivesTheWantedStep)
     EXPECT_EQ(axisStep(100.0, 0.0), 0.0);
 }
 
+TEST(AxisStep, LabelsThatWouldTouchAreThinnedOut)
+{
+    EXPECT_EQ(roomyStep(10000.0, 500.0, 30), 500.0);
+    EXPECT_EQ(roomyStep(10000.0, 500.0, 20), 500.0);
+    EXPECT_EQ(roomyStep(10000.0, 500.0, 19), 1000.0);
+    EXPECT_EQ(roomyStep(240000.0, 500.0, 30), 10000.0);  // 24 labels; with 5000 there would be 48
+    EXPECT_EQ(roomyStep(100.0, 0.0, 30), 0.0);
+}
+
 TEST(SeismicAxis, SmallPositionsGetTheDecimalsThatTheirSizeAsksFor)
 {
     EXPECT_EQ(positionText(0.0), "0");
