@@ -48,6 +48,8 @@ public:
 
     /// The colour table of the raster; must be set before the first load. Lent.
     void setColorBar(ColorBarFrame* bar);
+    /// The display shows the difference of two others, and says so in its title.
+    void setDifferenceFlag(bool on) { _isDifference = on; }
     /// Takes all display parameters. Lent, also for later loads.
     void setMenu(parmmenu* menu);
     /// The same for another file, whose first ensemble is shown whole.
@@ -114,6 +116,14 @@ public:
 
     /// Turns a mouse mode on or off; off is zooming.
     void setMouseMode(MouseMode mode, bool on);
+    void setSPicker(bool on) { setMouseMode(MouseMode::Spectrum, on); }
+    void setHPicker(bool on) { setMouseMode(MouseMode::Headers, on); }
+    void setVelPicker(bool on) { setMouseMode(MouseMode::Velocity, on); }
+    void setGatPicker(bool on) { setMouseMode(MouseMode::Gates, on); }
+    void setFBPicker(bool on) { setMouseMode(MouseMode::FirstBreaks, on); }
+    void setMovPicker(bool on) { setMouseMode(MouseMode::Moveout, on); }
+    /// The mode of the tool bar: 0 zoom, 1 spectrum, 2 headers, -1 none of them.
+    void showDisplay(int mode);
     MouseMode mouseMode() const { return _mouseMode; }
     void setControlLabel(const QString& text);
     /// Adds to the status line until the next read-out.
@@ -140,6 +150,8 @@ public:
     /// The window's header table, null if there is none.
     const HeaderTable* headerTable() const;
     const HeaderAxis& headerAxis() const { return _headerAxis; }
+    /// First sample kept of the input traces.
+    int firstSample() const { return _stime; }
     bool lastEnsemble() const { return _lastEnsemble; }
     int windowNumber() const { return _windowNumber; }
     /// The line under the mouse at a position of the canvas; empty without data.

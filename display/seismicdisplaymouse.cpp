@@ -72,6 +72,14 @@ void SeismicDisplay::setMouseMode(MouseMode mode, bool on)
     setControlLabel(mouseModeText(_mouseMode));
 }
 
+void SeismicDisplay::showDisplay(int mode)
+{
+    if (mode == 1 || mode == 2)
+        setMouseMode(mode == 1 ? MouseMode::Spectrum : MouseMode::Headers, true);
+    else
+        setMouseMode(MouseMode::Zoom, mode == 0);
+}
+
 void SeismicDisplay::setControlLabel(const QString& text)
 {
     if (_controlStatus) _controlStatus->showMessage(controlLine(_zoomState, text, false));

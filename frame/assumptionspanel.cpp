@@ -16,6 +16,7 @@ static const struct {
 } controls[] = {
     {"coordinate scalar", "Apply coordinate scalar?"},
     {"depth/elev scalar", "Apply depth/elev scalar?"},
+    {"read as EBCDIC", "SEGY file type:"},
     {"format code", "Data sample format:"},
     {"no. of samples", "Num samples per trace:"},
     {"sample rate", "Input sample rate:"},

@@ -114,12 +114,14 @@ void MainWindow::buildMainPlot()
     }
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setLists(&_displaylist, &_otherlist);
     checkRadioButtons();
+    if (_menu->idifference != 0 && _menu->iscreens > 1) _actions->box("differBox")->setChecked(true);
 }
 
 int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
 {
     if (screen < 0 || screen >= _displaylist.size()) return 0;
     _displaylist[screen]->loadSeismicData(traces, heads, n, true);
+    if (_showDifference && _actions->box("differBox")->isChecked() && screen == _menu->iscreens - 1) loadDifference();
     if (_parmmenu) _parmmenu->update();
     return 0;
 }
@@ -225,13 +227,19 @@ void MainWindow::checkRadioButtons()
     for (const char* name : {"showImageBox", "showVelocityBox", "showGatPickerBox", "showFBPickerBox"})
         isOwned = isOwned || _actions->box(name)->isChecked();
     _actions->radioBox()->setEnabled(!isOwned);
-    const MouseMode mode = _actions->radio("radioSpectrum")->isChecked() ? MouseMode::Spectrum
-                           : _actions->radio("radioHeader")->isChecked() ? MouseMode::Headers
-                                                                         : MouseMode::Zoom;
-    for (SeismicDisplay* display : qAsConst(_displaylist))
-        display->setMouseMode(mode, mode != MouseMode::Zoom && !isOwned);
-    if (!isOwned && mode != MouseMode::Zoom)
-        tellNotBuilt(mode == MouseMode::Spectrum ? "The amplitude spectrum" : "The header view");
+    const int mode = isOwned                                           ? -1
+                     : _actions->radio("radioSpectrum")->isChecked() ? 1
+                     : _actions->radio("radioHeader")->isChecked()   ? 2
+                                                                       : 0;
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->showDisplay(mode);
+    if (mode > 0) tellNotBuilt(mode == 1 ? "The amplitude spectrum" : "The header view");
+}
+
+void MainWindow::checkAppBox(int which)
+{
+    const char* const names[] = {"showVelocityBox", "showGatPickerBox", "showFBPickerBox"};
+    for (int i = 0; i < 3; ++i)
+        if (i != which) _actions->box(names[i])->setChecked(false);
 }
 
 void MainWindow::tellNotBuilt(const QString& what)
@@ -276,11 +284,6 @@ void MainWindow::setOverlayMode(bool on)
     overlayColorBarFrame()->setVisible(on);
 }
 
-void MainWindow::plotDifference(int state)
-{
-    if (state) tellNotBuilt("The difference display");
-}
-
 void MainWindow::saveImage(int state)
 {
     if (state) tellNotBuilt("The image store");
@@ -297,16 +300,25 @@ void MainWindow::showImage(int state)
 
 void MainWindow::showVelocity(int state)
 {
+    if (state) checkAppBox(0);
+    checkRadioButtons();
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setVelPicker(state != 0);
     if (state) tellNotBuilt("CVS velocity picking");
 }
 
 void MainWindow::showGatPicker(int state)
 {
+    if (state) checkAppBox(1);
+    checkRadioButtons();
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setGatPicker(state != 0);
     if (state) tellNotBuilt("Trevia picking");
 }
 
 void MainWindow::showFBPicker(int state)
 {
+    if (state) checkAppBox(2);
+    checkRadioButtons();
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setFBPicker(state != 0);
     if (state) tellNotBuilt("First-break picking");
 }
 

@@ -118,6 +118,9 @@ public slots:
     void showGatPicker(int state);
     void showFBPicker(int state);
     void checkRadioButtons();
+    /// Keeps the three picking boxes exclusive: checking one (0 velocity, 1 gates, 2 first breaks) unchecks
+    /// the others.
+    void checkAppBox(int which);
 
 signals:
     /// The first ensemble of a file is on the screen.
@@ -130,6 +133,8 @@ protected:
 
 private:
     void makeCentre();
+    void makeDifference();
+    void loadDifference();
     void makeRecentMenu();
     void makeAssumptionsPanel();
     void openSegy(const QString& name);
@@ -163,6 +168,7 @@ private:
     fbPickMenuStruct* _fbpickmenu = nullptr;      // lent
     HeaderTable _headerTable;
     RunState _run;
+    bool _showDifference = false;  // the last display is a difference
     bool _isZoom = false;
     bool _isSegy = false;
     bool _isStandAlone = true;

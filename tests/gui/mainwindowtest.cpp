@@ -41,6 +41,8 @@ private slots:
     void whatWasAssumedIsListedAndCanBeCopied();
     void theExitChoicesSetTheRunState();
     void theMouseModesFollowTheRadioButtons();
+    void onlyOnePickingBoxIsChecked();
+    void theDifferenceIsThatOfTheTwoScreensBeforeIt();
     void showImagesWithoutImagesUnchecksItself();
     void aboutNamesTheCompany();
 
@@ -268,8 +270,9 @@ void MainWindowTest::whatWasAssumedIsListedAndCanBeCopied()
     fixture.window->findChild<QAction*>("assumedAct")->trigger();
     QVERIFY(panel->isVisible());
     fixture.open(dataFile("prestack-synthetic/f11_02673_45Hz.segy"));
-    // 41 traces with another trace id, and a delay of -183 ms.
-    QCOMPARE(panel->lineCount(), 2);
+    // A text header in ASCII, 41 traces with another trace id, and a delay of -183 ms.
+    QCOMPARE(panel->lineCount(), 3);
+    QVERIFY(panel->text().contains("read as EBCDIC\tSEGY file type:"));
     QVERIFY(panel->text().contains("trace id other than 1 in 41 of 41 traces"));
     QVERIFY(panel->text().contains("(-183)"));
     QTest::mouseClick(panel->findChild<QPushButton*>("copyButton"), Qt::LeftButton);
@@ -317,6 +320,47 @@ void MainWindowTest::theMouseModesFollowTheRadioButtons()
     fixture.window->actionTable()->box("showFBPickerBox")->setChecked(false);
     fixture.window->checkRadioButtons();
     QVERIFY(fixture.window->actionTable()->radioBox()->isEnabled());
+}
+
+void MainWindowTest::onlyOnePickingBoxIsChecked()
+{
+    WindowFixture fixture;
+    WindowActions* table = fixture.window->actionTable();
+    table->box("showVelocityBox")->click();
+    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Velocity);
+    table->box("showFBPickerBox")->click();
+    QVERIFY(!table->box("showVelocityBox")->isChecked());
+    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::FirstBreaks);
+    table->box("showFBPickerBox")->click();
+    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Zoom);
+    QVERIFY(table->radioBox()->isEnabled());
+}
+
+void MainWindowTest::theDifferenceIsThatOfTheTwoScreensBeforeIt()
+{
+    auto menu = std::make_unique<parmmenu>();
+    setDisplayDefaults(menu.get());
+    menu->iscreens = 2;
+    menu->idifference = 1;
+    menu->_orvinruntime.numsmp = 100;
+    menu->_orvinruntime.nth = standardWordCount;
+    MainWindow window(nullptr, menu.get());
+    window.buildMainPlot();
+    window.show();
+    QCOMPARE(window.displayList().size(), 3);
+    TestEnsemble a(6, 100), b(5, 100);
+    for (auto& trace : b.samples)
+        for (float& v : trace) v = 0.5f * v;
+    b.words[2][7] = 55;
+    window.loadEnsemble(a.traces.data(), a.headers.data(), 6, 0);
+    window.loadEnsemble(b.traces.data(), b.headers.data(), 5, 1);
+    const SeismicData* difference = window.displayList()[2]->seismicData();
+    QCOMPARE(difference->traceCount(), 5);
+    QCOMPARE(*difference->getTraceValues(3, 40), 3040.0f - 1520.0f);
+    QCOMPARE(difference->getTraceHeaders()[2][7], 55);
+    QVERIFY(window.displayList()[2]->axisTitle(QwtPlot::xTop).text().contains("Difference"));
+    window.actionTable()->box("differBox")->setChecked(false);
+    QVERIFY(!window.displayList()[2]->isVisible());
 }
 
 void MainWindowTest::showImagesWithoutImagesUnchecksItself()
