@@ -1,5 +1,6 @@
 #include "analysis/parmmenudialog.h"
 
+#include "display/colorbardialog.h"
 #include "display/displaymenu.h"
 #include "display/seismicdisplay.h"
 
@@ -21,6 +22,8 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
     _tabView->setObjectName("tabView");
     _displayMenu = new DisplayMenu(displaylist, otherlist);
     _tabView->addTab(_displayMenu, "Display");
+    _colordiag = new ColorBarDialog(displaylist, otherlist);
+    _tabView->addTab(_colordiag, "Color Bar");
     layout->addWidget(_tabView, 1);
 
     auto* group = new QGroupBox("Active Display");
@@ -52,7 +55,7 @@ void ParmMenuDialog::update()
 
 void ParmMenuDialog::updateAll()
 {
-    changeDisplay(_lastid);
+    _displayMenu->setDisplay(_lastid);
 }
 
 void ParmMenuDialog::updateGain()
@@ -62,6 +65,7 @@ void ParmMenuDialog::updateGain()
 
 void ParmMenuDialog::changeDisplay(int id)
 {
+    _colordiag->setDisplay(id);
     _displayMenu->setDisplay(id);
     _lastid = id;
 }

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QList>
 
+class ColorBarDialog;
 class DisplayMenu;
 class QButtonGroup;
 class QHBoxLayout;
@@ -37,6 +38,7 @@ public slots:
 private:
     QTabWidget* _tabView;
     DisplayMenu* _displayMenu;
+    ColorBarDialog* _colordiag;
     QButtonGroup* _groupDisplay;
     QHBoxLayout* _displayLayout;
     int _ibcount = 0;  // buttons made

@@ -180,15 +180,14 @@ void MainWindow::readSettings()
     const WindowSettings window = readWindowSettings(settings.get(), area, _menu->ireset != 0);
     resize(window.size);
     move(window.pos);
-    _colorFile = window.colormap;
-    if (!_colorFile.isEmpty() && !_colorBarFrame->loadColorMapFile(_colorFile))
-        _report->line("MERIDUNE: the colour file " + _colorFile.toStdString() + " can't be read, using the built-in map\n");
+    if (!window.colormap.isEmpty() && !_colorBarFrame->loadColorMapFile(window.colormap))
+        _report->line("MERIDUNE: the colour file " + window.colormap.toStdString() + " can't be read, using the built-in map\n");
 }
 
 void MainWindow::writeSettings()
 {
     const std::unique_ptr<QSettings> settings(openSettings(nullptr));
-    writeWindowSettings(settings.get(), {pos(), size(), _colorFile});
+    writeWindowSettings(settings.get(), {pos(), size(), _colorBarFrame->colorFile()});
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

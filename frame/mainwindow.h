@@ -174,7 +174,6 @@ private:
     bool _isStandAlone = true;
     bool _dataReady = false;
     QString _fileName;
-    QString _colorFile;
     QString _COMPANY;
 };
 

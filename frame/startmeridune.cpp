@@ -4,6 +4,7 @@
 #include "display/seismicdisplay.h"
 #include "frame/mainwindow.h"
 #include "host/home.h"
+#include "widgets/copymissingfiles.h"
 
 #include <QApplication>
 
@@ -53,12 +54,27 @@ static void watchTiming(MainWindow* window)
     });
 }
 
+/// Resources of a static library are only linked in when they are asked for by name.
+static void initColors()
+{
+    Q_INIT_RESOURCE(meridune);
+}
+
+/// Makes the user's folder, and puts the shipped color files there that it lacks.
+static void fillHome()
+{
+    initColors();
+    makeHome();
+    if (copyMissingFiles(":/colors", QString(GetHome()) + "/port/misc") < 0)
+        std::puts("MERIDUNE: the color files can't be copied to the user's folder");
+}
+
 int aloneMeriduneSEGY()
 {
     QApplication app(meriduneac, meriduneav);
     // The formats of files and of the status line have points, whatever the user's locale.
     std::setlocale(LC_NUMERIC, "C");
-    makeHome();
+    fillHome();
     MainWindow window(nullptr, meridunemenu);
     window.setVelSemblance(meridunevelsemblance);
     window.setFBPickMenu(meridunefbpickmenu);

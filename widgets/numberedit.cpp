@@ -8,7 +8,7 @@
 NumberEdit::NumberEdit(double least, double largest, QWidget* parent)
     : QLineEdit(parent), _least(least), _largest(largest)
 {
-    setMinimumWidth(fontMetrics().horizontalAdvance("-0.000000"));
+    setFixedWidth(fontMetrics().horizontalAdvance("-0.00000e+00 "));
     connect(this, &QLineEdit::returnPressed, this, &NumberEdit::commit);
     connect(this, &QLineEdit::editingFinished, this, &NumberEdit::commitTyped);
 }

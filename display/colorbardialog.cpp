@@ -1,0 +1,343 @@
+#include "display/colorbardialog.h"
+
+#include "display/colorbarframe.h"
+#include "display/colorstoptable.h"
+#include "display/seismicdisplay.h"
+#include "display/seismicplot.h"
+#include "host/home.h"
+#include "widgets/numberedit.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QDir>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QInputDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QScopedValueRollback>
+
+static QString colorFolder()
+{
+    return QString(GetHome()) + "/port/misc/";
+}
+
+ColorBarDialog::ColorBarDialog(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
+                               QWidget* parent)
+    : QWidget(parent), _selection(displaylist, otherlist)
+{
+    setObjectName("ColorBarDialog");
+    auto* grid = new QGridLayout(this);
+    makeTable(grid);
+    makeProperties(grid);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    setOverlayMode(false);
+    setDisplay(0);
+    loadColorFiles();
+}
+
+static QPushButton* makeButton(const char* name, const QString& text, const QString& tip)
+{
+    auto* button = new QPushButton(text);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    button->setAutoDefault(false);
+    return button;
+}
+
+static QCheckBox* makeBox(const char* name, const QString& text, const QString& tip)
+{
+    auto* box = new QCheckBox(text);
+    box->setObjectName(name);
+    box->setToolTip(tip);
+    return box;
+}
+
+void ColorBarDialog::makeTable(QGridLayout* grid)
+{
+    _colorTable = new ColorStopTable;
+    _colorTable->setObjectName("colorTable");
+    _colorTable->setToolTip(tr("Color stops from high to low values. Double click a color to choose another; type a "
+                               "percentage from 0 to 100 into a blank row to add a stop, clear it to drop one"));
+    grid->addWidget(_colorTable, 0, 0);
+    _resetButton = makeButton("resetButton", "Reset", tr("Back to the colors from before the menu was opened"));
+    _updateButton = makeButton("updateButton", "Update", tr("Paint with the colors of the table"));
+    _saveButton = makeButton("saveButton", "Save", tr("Paint with the colors of the table and save them to a file"));
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* button : {_resetButton, _updateButton, _saveButton}) buttons->addWidget(button);
+    grid->addLayout(buttons, 1, 0);
+    connect(_resetButton, &QPushButton::clicked, this, &ColorBarDialog::resetColors);
+    connect(_updateButton, &QPushButton::clicked, this, &ColorBarDialog::updateColors);
+    connect(_saveButton, &QPushButton::clicked, this, &ColorBarDialog::saveColorMap);
+}
+
+void ColorBarDialog::makeProperties(QGridLayout* grid)
+{
+    _numColorsEdit = new NumberEdit(1.0, 65536.0);
+    _numColorsEdit->setObjectName("numColorsEdit");
+    _numColorsEdit->setToolTip(tr("Steps that the range of amplitudes is divided into, 1 to 65536"));
+    _numColorsEdit->setWhole(true);
+    _scaledBox = makeBox("scaledBox", "Scaled Colors", tr("Mix colors between the stops; else each stop's color reaches up to the next"));
+    _drawScaleBox = makeBox("drawScaleBox", "Draw Scale Values", tr("Amplitudes beside the color bar"));
+    _backgroundButton = makeButton("backgroundButton", "Background Color", tr("Color of the picture where there are no traces"));
+    _fileList = new QListWidget;
+    _fileList->setObjectName("fileList");
+    _fileList->setToolTip(tr("Color files of your folder; a double click loads one"));
+    _fileList->setIconSize(QSize(4, 1) * fontMetrics().height());
+    _loadButton = makeButton("loadButton", "Load", tr("Paint with the colors of the chosen file"));
+    _overlayBox = makeBox("overlayBox", "Change Overlay Colorbar", tr("The controls act on the color bar of the overlay data, if there are any"));
+
+    auto* column = new QVBoxLayout;
+    auto* count = new QHBoxLayout;
+    count->addWidget(new QLabel("Number of colors:"));
+    count->addWidget(_numColorsEdit);
+    count->addStretch();
+    column->addLayout(count);
+    for (QWidget* widget : QList<QWidget*>{_scaledBox, _drawScaleBox, _backgroundButton}) column->addWidget(widget, 0, Qt::AlignLeft);
+    auto* files = new QGroupBox("Color Files");
+    auto* filesLayout = new QVBoxLayout(files);
+    filesLayout->addWidget(_fileList);
+    filesLayout->addWidget(_loadButton, 0, Qt::AlignLeft);
+    column->addWidget(files, 1);
+    grid->addLayout(column, 0, 1);
+    grid->addWidget(_overlayBox, 1, 1);
+
+    connect(_numColorsEdit, &NumberEdit::numberEdited, this, &ColorBarDialog::changeNumColors);
+    connect(_scaledBox, &QCheckBox::stateChanged, this, &ColorBarDialog::changeScaled);
+    connect(_drawScaleBox, &QCheckBox::stateChanged, this, &ColorBarDialog::changeDrawScale);
+    connect(_backgroundButton, &QPushButton::clicked, this, &ColorBarDialog::changeBackground);
+    connect(_loadButton, &QPushButton::clicked, this, &ColorBarDialog::loadFile);
+    connect(_fileList, &QListWidget::itemDoubleClicked, this, &ColorBarDialog::loadFile);
+    connect(_overlayBox, &QCheckBox::stateChanged, this, &ColorBarDialog::changeOverlay);
+}
+
+/// The bar of a display's plot, or of its overlay; null where there is none.
+static ColorBarFrame* barOf(const SeismicDisplay* display, bool ofOverlay)
+{
+    const SeismicPlot* plot = ofOverlay ? display->overlayPlot() : display->seismicPlot();
+    return plot ? plot->colorBar() : nullptr;
+}
+
+QList<ColorBarFrame*> ColorBarDialog::bars() const
+{
+    QList<ColorBarFrame*> found;
+    for (const SeismicDisplay* display : _selection.mainlist()) {
+        ColorBarFrame* bar = barOf(display, _overlayBox->isChecked());
+        if (bar && !found.contains(bar)) found.append(bar);
+    }
+    return found;
+}
+
+ColorBarFrame* ColorBarDialog::shownBar() const
+{
+    return bars().value(0, nullptr);
+}
+
+void ColorBarDialog::applyToBars(const std::function<void(ColorBarFrame*)>& change)
+{
+    if (_doUpdate) return;
+    const QList<ColorBarFrame*> changed = bars();
+    for (ColorBarFrame* bar : changed) change(bar);
+    for (SeismicDisplay* display : _selection.allDisplays())
+        if (changed.contains(barOf(display, false)) || changed.contains(barOf(display, true))) display->rebuildPlot();
+    showBar();
+}
+
+void ColorBarDialog::setDisplay(int id)
+{
+    _selection.setDisplay(id);
+    takeBar();
+}
+
+void ColorBarDialog::setOverlayMode(bool on)
+{
+    _overlayBox->setEnabled(on);
+    if (!on) _overlayBox->setChecked(false);
+}
+
+void ColorBarDialog::changeOverlay(int)
+{
+    takeBar();
+}
+
+/// Shows another bar, and keeps its colors for "Reset".
+void ColorBarDialog::takeBar()
+{
+    const ColorBarFrame* bar = shownBar();
+    setEnabled(bar != nullptr);
+    if (!bar) return;
+    _former = {bar->colorMap(), bar->numColors(), bar->colorMode(), bar->colorFile()};
+    showBar();
+    showTable();
+}
+
+void ColorBarDialog::showBar()
+{
+    const ColorBarFrame* bar = shownBar();
+    if (!bar) return;
+    const QScopedValueRollback<bool> showing(_doUpdate, true);
+    _numColorsEdit->setNumber(bar->numColors());
+    _scaledBox->setChecked(bar->colorMode() != 0);
+    _drawScaleBox->setChecked(bar->isScaleDrawn());
+    QPixmap swatch(fontMetrics().height(), fontMetrics().height());
+    swatch.fill(bar->backGround());
+    _backgroundButton->setIcon(swatch);
+}
+
+/// Edits of the table that aren't in use yet are lost by this.
+void ColorBarDialog::showTable()
+{
+    if (const ColorBarFrame* bar = shownBar()) _colorTable->setColorMap(bar->colorMap(), bar->numColors());
+}
+
+void ColorBarDialog::changeNumColors()
+{
+    const int n = int(_numColorsEdit->number());
+    applyToBars([=](ColorBarFrame* bar) { bar->setNumColors(n); });
+    _colorTable->setRows(n);
+}
+
+void ColorBarDialog::changeScaled(int state)
+{
+    applyToBars([=](ColorBarFrame* bar) { bar->setColorMode(state ? 1 : 0); });
+}
+
+void ColorBarDialog::changeDrawScale(int state)
+{
+    applyToBars([=](ColorBarFrame* bar) { bar->drawScale(state != 0); });
+}
+
+void ColorBarDialog::changeBackground()
+{
+    const ColorBarFrame* bar = shownBar();
+    if (!bar) return;
+    const QColor chosen = QColorDialog::getColor(bar->backGround(), this, tr("Background Color"),
+                                                 QColorDialog::DontUseNativeDialog);
+    if (chosen.isValid()) applyToBars([=](ColorBarFrame* b) { b->setBackGround(chosen); });
+}
+
+static void setColors(ColorBarFrame* bar, const ColorFile& colors)
+{
+    bar->setNumColors(colors.numColors);
+    bar->setColorMode(colors.colorMode);
+    bar->setColorMap(colorMapOf(colors, bar->colorMap()));
+}
+
+ColorFile ColorBarDialog::tableColors() const
+{
+    return {int(_numColorsEdit->number()), _scaledBox->isChecked() ? 1 : 0, _colorTable->stops()};
+}
+
+void ColorBarDialog::updateColors()
+{
+    const ColorFile colors = tableColors();
+    applyToBars([&](ColorBarFrame* bar) { setColors(bar, colors); });
+    showTable();
+}
+
+void ColorBarDialog::resetColors()
+{
+    applyToBars([this](ColorBarFrame* bar) {
+        bar->setNumColors(_former.numColors);
+        bar->setColorMode(_former.colorMode);
+        bar->setColorMap(_former.map);
+        bar->setColorFile(_former.file);
+    });
+    showTable();
+}
+
+/// A small picture of a file's colors, low values left; blank for a broken one.
+static QIcon fileIcon(const QString& name, const QSize& size)
+{
+    QPixmap strip(size);
+    strip.fill(Qt::transparent);
+    QFile file(name);
+    ColorFile colors;
+    std::string error;
+    if (!file.open(QIODevice::ReadOnly)) return strip;
+    const std::string text = file.readAll().toStdString();
+    if (!readColorFile(text, name.toStdString(), &colors, &error)) return strip;
+    ColorMap map = colorMapOf(colors, ColorMap::seismicColor());
+    map.setMode(colors.colorMode ? ColorMap::ScaledColors : ColorMap::FixedColors);
+    QPainter painter(&strip);
+    for (int x = 0; x < size.width(); ++x)
+        painter.fillRect(x, 0, 1, size.height(), QColor::fromRgba(map.rgb(0.0, size.width() - 1.0, x)));
+    return strip;
+}
+
+void ColorBarDialog::loadColorFiles()
+{
+    const QString chosen = _fileList->currentItem() ? _fileList->currentItem()->text() : QString();
+    _fileList->clear();
+    for (const QString& name : QDir(colorFolder()).entryList({"*.col"}, QDir::Files, QDir::Name | QDir::IgnoreCase)) {
+        auto* item = new QListWidgetItem(fileIcon(colorFolder() + name, _fileList->iconSize()), name, _fileList);
+        if (name == chosen) _fileList->setCurrentItem(item);
+    }
+}
+
+void ColorBarDialog::loadFile()
+{
+    if (!_fileList->currentItem()) return;
+    const QString name = colorFolder() + _fileList->currentItem()->text();
+    QString error;
+    bool isLoaded = true;
+    applyToBars([&](ColorBarFrame* bar) {
+        const QString former = bar->colorFile();
+        isLoaded = isLoaded && bar->loadColorMapFile(name, &error);
+        if (!isLoaded) bar->setColorFile(former);
+    });
+    if (isLoaded)
+        showTable();
+    else
+        QMessageBox::critical(this, tr("Color File Error"), error);
+}
+
+/// The path of a color file from what the user typed; empty if it isn't a plain name.
+static QString colorFilePath(const QString& typed)
+{
+    QString name = typed.trimmed();
+    if (name.endsWith(".col")) name.chop(4);
+    if (name.isEmpty() || name.startsWith('.') || name.contains('/')) return QString();
+    return colorFolder() + name + ".col";
+}
+
+static bool writeFile(const QString& name, const std::string& text)
+{
+    QDir().mkpath(colorFolder());
+    QSaveFile file(name);
+    return file.open(QIODevice::WriteOnly) && file.write(text.data(), qint64(text.size())) == qint64(text.size()) &&
+           file.commit();
+}
+
+void ColorBarDialog::saveColorMap()
+{
+    bool ok = false;
+    const QString typed = QInputDialog::getText(this, "Save Colorbar to File ", tr("File name in %1").arg(colorFolder()),
+                                                QLineEdit::Normal, QString(), &ok);
+    if (!ok) return;
+    const QString name = colorFilePath(typed);
+    if (name.isEmpty()) {
+        QMessageBox::warning(this, tr("Color File Error"), tr("\"%1\" is not a file name.").arg(typed));
+        return;
+    }
+    if (QFile::exists(name) &&
+        QMessageBox::question(this, "Save Colorbar to File ", tr("Replace %1?").arg(name)) != QMessageBox::Yes)
+        return;
+    ColorFile colors = tableColors();
+    colors.numColors = _colorTable->rowCount();
+    if (!writeFile(name, colorFileText(colors))) {
+        QMessageBox::critical(this, tr("Color File Error"), tr("%1 can't be written.").arg(name));
+        return;
+    }
+    applyToBars([&](ColorBarFrame* bar) {
+        setColors(bar, colors);
+        bar->setColorFile(name);
+    });
+    showTable();
+    loadColorFiles();
+}
