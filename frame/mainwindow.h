@@ -4,6 +4,7 @@
 
 #include "display/displayhost.h"
 #include "frame/runstate.h"
+#include "sources/menus/segymenuhost.h"
 #include "tracedata/headertable.h"
 
 #include <QList>
@@ -23,14 +24,13 @@ class SegyMenuDialog;
 class SeismicDisplay;
 class WindowActions;
 class WindowReport;
-struct SegyLoadParm;
 struct fbPickMenuStruct;
 struct parmmenu;
 struct velSemblanceStruct;
 
 /// Holds the screens, the loaders, the navigation through the records and the ways out. The three
 /// parameter records are lent and live until the process ends.
-class MainWindow : public QMainWindow, public DisplayHost
+class MainWindow : public QMainWindow, public DisplayHost, public SegyMenuHost
 {
     Q_OBJECT
 
@@ -64,7 +64,7 @@ public:
     const QList<SeismicDisplay*>& displayList() const { return _displaylist; }
     ColorBarFrame* colorBarFrame() const { return _colorBarFrame; }
     AssumptionsPanel* assumptionsPanel() const { return _assumptionsPanel; }
-    SegyLoader* segyLoader() const { return _segyloader.get(); }
+    SegyLoader* segyLoader() const override { return _segyloader.get(); }
     QSplitter* splitter() const { return _splitter; }
     WindowActions* actionTable() const { return _actions.get(); }
     velSemblanceStruct* getVelSemblance() const { return _velsemblance; }
@@ -78,6 +78,9 @@ public:
     const QString& companyName() const { return _COMPANY; }
     /// Lets "previous" and "seek" act, or not.
     void enableBackKey(bool on);
+
+    int segyLoadFromMenu() override;
+    SegyLoadParm segyLoadParm() const override;
 
     bool isZooming() const override { return _isZoom; }
     void setZooming(bool on) override { _isZoom = on; }
@@ -162,6 +165,7 @@ private:
     ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use
     SegyMenuDialog* _segy = nullptr;     // child, made on first use
     std::unique_ptr<SegyLoader> _segyloader;
+    SegyLoadParm _segyParm;  // how the loader reads its file
 
     parmmenu* _menu;                            // lent
     velSemblanceStruct* _velsemblance = nullptr;  // lent

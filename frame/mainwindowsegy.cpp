@@ -7,13 +7,13 @@
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
 #include "host/signal/bytes.h"
+#include "sources/menus/segymenudialog.h"
+#include "sources/menus/segyrecdialog.h"
 #include "sources/segyloader.h"
-#include "sources/segyloadparm.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/dialogprogress.h"
 #include "widgets/recentfiles.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
@@ -65,7 +65,21 @@ void MainWindow::openSegy(const QString& name)
 {
     SegyLoadParm parm = loadParm(*_menu);
     parm.files = name;
+    if (_segy) parm.iremap = _segy->loadParm().iremap;
     loadSegyFile(parm);
+}
+
+int MainWindow::segyLoadFromMenu()
+{
+    const int isLoaded = loadSegyFile(_segy->loadParm());
+    // A modal menu comes again by itself, when its own event loop has ended.
+    if (!isLoaded && _isStandAlone) segyMenu();
+    return isLoaded;
+}
+
+SegyLoadParm MainWindow::segyLoadParm() const
+{
+    return _segyloader ? _segyParm : loadParm(*_menu);
 }
 
 int MainWindow::loadSegyFile(const SegyLoadParm& parm)
@@ -78,6 +92,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
                                                littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
                                                parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
                                                _report.get(), &progress, &_headerTable);
+    if (_segy) loader->setRemapTable(parm.iremap, _segy->remapTable());
     if (!loader->openFiles()) {
         _assumptionsPanel->setLines(assumedBefore);
         QGuiApplication::restoreOverrideCursor();
@@ -87,9 +102,13 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     }
     // The new file is open and sound: only now does the old one go.
     loader->setMenu(_menu);
+    if (_segy) _segy->buildConnections(loader.get());
     loader->initBuild();
     connect(loader.get(), &SegyLoader::indexBuilt, this, [this] { enableBackKey(true); });
     _segyloader = std::move(loader);
+    _segyParm = parm;
+    _segyParm.iremap = _segyloader->applyRemap();  // a useless table has switched itself off
+    if (_segy) _segy->setLoadParm(_segyParm);
     _isSegy = true;
     _dataReady = false;
     saveHeader();
@@ -178,18 +197,39 @@ void MainWindow::firstRecord()
 
 void MainWindow::seekRecord()
 {
-    tellNotBuilt("Seeking a record");
+    if (!_segyloader || !_segyloader->canSeek()) return;
+    SegyRecDialog dialog(_segyloader.get(), this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    WaitCursor wait;
+    if (dialog.getSortKey() != _segyloader->currentSortKey()) {
+        _segyloader->buildNewSort(dialog.getSortKey());
+        takeLoaderKeys();
+    }
+    _segyloader->seekEnsemble(dialog.prikey());
+    showRecord(_segyloader->numTraces() > 0);
+    setLastEnsemble(false);
+    enableBackKey(true);
+}
+
+/// Axes and titles follow the loader's sort; ensembles of another sort have a size of their own.
+void MainWindow::takeLoaderKeys()
+{
+    orvinRuntimeStruct& runtime = _menu->_orvinruntime;
+    runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _segyloader->priEKey();
+    runtime.iskey = _menu->iskey = _menu->iskeyreal = _segyloader->secEKey();
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
 }
 
 void MainWindow::segyMenu()
 {
-    QSettings settings("Brenlake", "SEISMICDISPLAY");
-    const QString folder = settings.value("lastfolder").toString();
-    const QString name = QFileDialog::getOpenFileName(this, "SEGY File Loader", folder,
-                                                      "SEG-Y (*.sgy *.segy *.SGY *.SEGY);;All files (*)");
-    if (name.isEmpty()) return;
-    settings.setValue("lastfolder", QFileInfo(name).absolutePath());
-    openSegy(name);
+    if (!_segy) _segy = new SegyMenuDialog(this, this);
+    if (_isStandAlone) {
+        _segy->show();
+        _segy->raise();
+        _segy->activateWindow();
+        return;
+    }
+    while (_segy->exec() == QDialog::Accepted && _segy->isLoadFailed()) {}
 }
 
 void MainWindow::makeRecentMenu()

@@ -1,0 +1,95 @@
+#include "sources/menus/segyebcdicmenu.h"
+
+#include "sources/menus/fixedfont.h"
+#include "sources/segyloader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QSaveFile>
+#include <QVBoxLayout>
+
+constexpr int textLines = 40;
+constexpr int lineLength = 80;
+
+QString segyTextLines(const QByteArray& text)
+{
+    QString whole = QString::fromLatin1(text.constData(), text.size());
+    for (QChar& c : whole)
+        if (!c.isPrint()) c = ' ';  // a NUL would end the text, a line break shift the lines behind it
+    whole = whole.leftJustified(textLines * lineLength, ' ', true);
+    QStringList lines;
+    for (int i = 0; i < textLines; ++i) lines += whole.mid(i * lineLength, lineLength);
+    return lines.join('\n');
+}
+
+SegyEbcdicMenu::SegyEbcdicMenu(QWidget* parent) : QWidget(parent)
+{
+    setObjectName("segyebcdicmenu");
+    _textEdit = new QPlainTextEdit;
+    _textEdit->setObjectName("textEdit");
+    _textEdit->setFont(fixedFont());
+    _textEdit->setLineWrapMode(QPlainTextEdit::NoWrap);
+    _textEdit->setReadOnly(true);
+    _textEdit->setToolTip(tr("The 40 lines of the text header"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(_textEdit);
+}
+
+void SegyEbcdicMenu::newLoader(SegyLoader* loader)
+{
+    _segyloader = loader;
+}
+
+void SegyEbcdicMenu::loadEbcdic()
+{
+    _textEdit->clear();
+    if (_segyloader && _segyloader->getReelHeader()) _textEdit->setPlainText(segyTextLines(_segyloader->getEbcdic()));
+}
+
+int SegyEbcdicMenu::loadText(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        QMessageBox::warning(this, tr("EBCDIC"), tr("Cannot read file %1:\n%2.").arg(path, file.errorString()));
+        return 0;
+    }
+    const QByteArray text = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        QMessageBox::warning(this, tr("EBCDIC"), tr("Cannot read file %1:\n%2.").arg(path, file.errorString()));
+        return 0;
+    }
+    _textEdit->setPlainText(QString::fromUtf8(text));
+    return 1;
+}
+
+int SegyEbcdicMenu::saveText(const QString& path)
+{
+    QSaveFile file(path);
+    const QByteArray text = _textEdit->toPlainText().toUtf8();
+    if (file.open(QIODevice::WriteOnly | QIODevice::Text) && file.write(text) == text.size() && file.commit())
+        return 1;
+    QMessageBox::warning(this, tr("EBCDIC"), tr("Cannot write file %1:\n%2.").arg(path, file.errorString()));
+    return 0;
+}
+
+void SegyEbcdicMenu::loadNewEbcdic()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Load EBCDIC Header"), QDir::homePath());
+    if (!path.isEmpty()) loadText(path);
+}
+
+void SegyEbcdicMenu::saveEbcdic()
+{
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save EBCDIC Header"), QDir::homePath());
+    if (!path.isEmpty()) saveText(path);
+}
+
+void SegyEbcdicMenu::setReadWriteState()
+{
+    _readOnly = !_readOnly;
+    _textEdit->setReadOnly(_readOnly);
+    if (!_readOnly) _textEdit->setFocus();
+}

@@ -1,0 +1,328 @@
+#include "sources/menus/segyloadmenu.h"
+
+#include "sources/menus/segymenuhost.h"
+#include "sources/menus/segyremapdialog.h"
+#include "sources/segyloader.h"
+#include "sources/segymapthread.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+
+#include <cfloat>
+
+/// Smallest sample interval in ms that counts as one.
+constexpr double leastRate = 1e-7;
+
+SegyLoadMenu::SegyLoadMenu(SegyMenuHost* host, QWidget* parent) : QWidget(parent), _host(host)
+{
+    setObjectName("segyloadmenu");
+    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    _homePath = settings.value("lastfolder", QDir::homePath()).toString();
+    auto* grid = new QGridLayout(this);
+    grid->setColumnStretch(1, 1);
+    makeFileRow(grid);
+    makeCombos(grid);
+    makeNumbers(grid);
+    makeIndexRow(grid);
+    makeRemapRow(grid);
+    grid->setRowStretch(grid->rowCount(), 1);
+    orderTabs();
+    setParm(_host->segyLoadParm());
+}
+
+void SegyLoadMenu::makeFileRow(QGridLayout* grid)
+{
+    _fileField = new QLineEdit;
+    _fileField->setObjectName("fileField");
+    _fileField->setToolTip(tr("The SEG-Y file, or several with commas between"));
+    _fileField->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
+    _browseButton = new QPushButton(tr("Browse"));
+    _browseButton->setObjectName("browseButton");
+    _browseButton->setToolTip(tr("Pick one file or more"));
+    _browseButton->setAutoDefault(false);
+    grid->addWidget(new QLabel(tr("File(s) to load:")), 0, 0);
+    grid->addWidget(_fileField, 0, 1);
+    grid->addWidget(_browseButton, 0, 2);
+    connect(_browseButton, &QPushButton::clicked, this, &SegyLoadMenu::changeFiles);
+}
+
+QComboBox* SegyLoadMenu::addCombo(QGridLayout* grid, const QString& label, const char* name,
+                                  const QStringList& values, const QString& tip)
+{
+    auto* box = new QComboBox;
+    box->setObjectName(name);
+    box->addItems(values);
+    box->setToolTip(tip);
+    box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    const int row = grid->rowCount();
+    grid->addWidget(new QLabel(label), row, 0);
+    grid->addWidget(box, row, 1, Qt::AlignLeft);
+    return box;
+}
+
+void SegyLoadMenu::makeCombos(QGridLayout* grid)
+{
+    const QStringList formats = {tr("Get From Data"),    tr("IEEE"),             tr("IBM"),
+                                 tr("Integer (4 byte)"), tr("Integer (2 byte)"), tr("Integer (1 byte)"),
+                                 tr("Integer W/Gain")};
+    _sortBox = addCombo(grid, tr("Data sort order:"), "sortBox", QStringList(tr("Get From Data")) + segySortNames(),
+                        tr("The key that makes an ensemble; \"Get From Data\" takes the sort code of the reel header"));
+    _typeBox = addCombo(grid, tr("SEGY file type:"), "typeBox", {tr("Standard"), tr("MSDOS")},
+                        tr("Standard: EBCDIC text, highest byte first. MSDOS: ASCII text, lowest byte first"));
+    _formatBox = addCombo(grid, tr("Data sample format:"), "formatBox", formats,
+                          tr("How samples are stored; \"Get From Data\" takes the format code of the reel header"));
+}
+
+QLineEdit* SegyLoadMenu::addNumber(QGridLayout* grid, const QString& label, const char* name, const QString& unit,
+                                   const QString& tip)
+{
+    auto* edit = new QLineEdit;
+    edit->setObjectName(name);
+    edit->setToolTip(tip);
+    edit->setFixedWidth(fontMetrics().averageCharWidth() * 16);
+    auto* row = new QHBoxLayout;
+    row->addWidget(edit);
+    row->addWidget(new QLabel(unit));
+    row->addStretch();
+    const int at = grid->rowCount();
+    grid->addWidget(new QLabel(label), at, 0);
+    grid->addLayout(row, at, 1);
+    return edit;
+}
+
+void SegyLoadMenu::makeNumbers(QGridLayout* grid)
+{
+    _maxVal = addNumber(grid, tr("Max traces per ensemble:"), "maxVal", QString(),
+                        tr("Traces, from 1; empty takes the reel header's number"));
+    _nsampVal = addNumber(grid, tr("Num samples per trace:"), "nsampVal", QString(),
+                          tr("Samples, from 1; empty takes the reel header's number"));
+    _srateVal = addNumber(grid, tr("Input sample rate:"), "srateVal", tr(" msec"),
+                          tr("Milliseconds between samples, from 1e-7; empty takes the reel header's interval"));
+    connect(_maxVal, &QLineEdit::editingFinished, this, &SegyLoadMenu::changeMaxTraces);
+    connect(_nsampVal, &QLineEdit::editingFinished, this, &SegyLoadMenu::changeSamples);
+    connect(_srateVal, &QLineEdit::editingFinished, this, &SegyLoadMenu::changeRate);
+}
+
+void SegyLoadMenu::makeIndexRow(QGridLayout* grid)
+{
+    const QStringList answers = {tr("No"), tr("Yes")};
+    _variBox = addCombo(grid, tr("Variable trace length?"), "variBox", answers,
+                        tr("Each trace header tells its own number of samples"));
+    _coorBox = addCombo(grid, tr("Apply coordinate scalar?"), "coorBox", answers,
+                        tr("Multiply or divide coordinates by the word at byte 71 of the trace header"));
+    _elevBox = addCombo(grid, tr("Apply depth/elev scalar?"), "elevBox", answers,
+                        tr("Multiply or divide elevations and depths by the word at byte 69 of the trace header"));
+    _indexBox = addCombo(grid, tr("Build index map?"), "indexBox", answers,
+                         tr("Read all trace headers when the file opens, so that any ensemble can be reached"));
+    const int row = grid->rowCount() - 1;
+    _buttonBuild = new QPushButton(tr("Build Now"));
+    _buttonBuild->setObjectName("buttonBuild");
+    _buttonBuild->setToolTip(tr("Build the index map of the file on the screen in the background"));
+    _buttonBuild->setAutoDefault(false);
+    _buttonBuild->setEnabled(false);
+    _buildLabel = new QLabel(tr("          Loading . . . ."));
+    _buildLabel->setObjectName("buildLabel");
+    QPalette red = _buildLabel->palette();
+    red.setColor(QPalette::WindowText, Qt::red);
+    _buildLabel->setPalette(red);
+    // The row keeps its height, so that nothing jumps while the index builds.
+    QSizePolicy policy = _buildLabel->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    _buildLabel->setSizePolicy(policy);
+    _buildLabel->hide();
+    auto* cell = new QHBoxLayout;
+    cell->addWidget(_indexBox);
+    cell->addWidget(_buildLabel);
+    cell->addStretch();
+    grid->addLayout(cell, row, 1);
+    grid->addWidget(_buttonBuild, row, 2);
+    connect(_indexBox, qOverload<int>(&QComboBox::currentIndexChanged), this, &SegyLoadMenu::changeBuildIndex);
+    connect(_buttonBuild, &QPushButton::clicked, this, &SegyLoadMenu::buildIndexNow);
+}
+
+void SegyLoadMenu::makeRemapRow(QGridLayout* grid)
+{
+    _remapBox = new QCheckBox(tr("Re-map Headers"));
+    _remapBox->setObjectName("remapBox");
+    _remapBox->setToolTip(tr("Fill header words from the bytes that the remap table names"));
+    _remapButton = new QPushButton(tr("Re-map Table"));
+    _remapButton->setObjectName("remapButton");
+    _remapButton->setToolTip(tr("Edit, load and save the remap table"));
+    _remapButton->setAutoDefault(false);
+    const int row = grid->rowCount();
+    grid->addWidget(_remapBox, row, 0);
+    grid->addWidget(_remapButton, row, 1, Qt::AlignLeft);
+    connect(_remapBox, &QCheckBox::stateChanged, this, &SegyLoadMenu::changeRemap);
+    connect(_remapButton, &QPushButton::clicked, this, &SegyLoadMenu::changeRemapTable);
+}
+
+void SegyLoadMenu::orderTabs()
+{
+    QWidget* const order[] = {_fileField, _browseButton, _sortBox, _typeBox, _formatBox,   _maxVal,   _nsampVal,
+                              _srateVal,  _variBox,      _coorBox, _elevBox, _indexBox,    _buttonBuild,
+                              _remapBox,  _remapButton};
+    for (size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
+}
+
+static void choose(QComboBox* box, int index)
+{
+    box->setCurrentIndex(index > 0 && index < box->count() ? index : 0);
+}
+
+/// A number for its field; 0 and less are told by an empty one.
+static void showNumber(QLineEdit* edit, QString* kept, double value)
+{
+    *kept = value > 0.0 ? QString::number(value, 'g', 10) : QString();
+    edit->setText(*kept);
+}
+
+void SegyLoadMenu::setParm(const SegyLoadParm& parm)
+{
+    QString files = parm.files;
+    while (files.endsWith(',')) files.chop(1);
+    _fileField->setText(files);
+    choose(_sortBox, parm.isort);
+    choose(_typeBox, parm.itype);
+    choose(_formatBox, parm.iformat);
+    choose(_variBox, parm.ivariable != 0);
+    choose(_coorBox, parm.icscale != 0);
+    choose(_elevBox, parm.iescale != 0);
+    choose(_indexBox, parm.indexbuilt != 0);
+    showNumber(_maxVal, &_maxText, parm.maxtr);
+    showNumber(_nsampVal, &_nsampText, parm.nsamp);
+    // Seven digits are what a float carries: 0.3 shall not read 0.300000012.
+    showNumber(_srateVal, &_srateText, QString::number(double(parm.srate), 'g', 7).toDouble());
+    _remapBox->setChecked(parm.iremap != 0);
+}
+
+SegyLoadParm SegyLoadMenu::parm() const
+{
+    SegyLoadParm parm;
+    parm.files = _fileField->text().trimmed();
+    parm.isort = _sortBox->currentIndex();
+    parm.itype = _typeBox->currentIndex();
+    parm.iformat = _formatBox->currentIndex();
+    parm.ivariable = _variBox->currentIndex();
+    parm.icscale = _coorBox->currentIndex();
+    parm.iescale = _elevBox->currentIndex();
+    parm.indexbuilt = _buildIndex;
+    parm.maxtr = _maxText.toInt();
+    parm.nsamp = _nsampText.toInt();
+    parm.srate = _srateText.toFloat();
+    parm.iremap = _remapBox->isChecked() ? 1 : 0;
+    return parm;
+}
+
+SegyRemapTable SegyLoadMenu::remapTable() const
+{
+    return _smt ? _smt->table() : SegyRemapTable();
+}
+
+bool SegyLoadMenu::checkFields()
+{
+    return checkCount(_maxVal, &_maxText, tr("The number of traces")) &&
+           checkCount(_nsampVal, &_nsampText, tr("The number of samples")) && checkRate();
+}
+
+/// Puts the old text back before the box comes up, for that takes the focus and so ends the entry once more.
+bool SegyLoadMenu::refuse(QLineEdit* edit, const QString& kept, const QString& text)
+{
+    edit->setText(kept);
+    QMessageBox::warning(this, tr("SEGY Menu"), text);
+    edit->selectAll();
+    return false;
+}
+
+bool SegyLoadMenu::checkCount(QLineEdit* edit, QString* kept, const QString& what)
+{
+    const QString text = edit->text().trimmed();
+    bool isNumber = false;
+    if (!text.isEmpty() && (text.toInt(&isNumber) < 1 || !isNumber))
+        return refuse(edit, *kept, tr("%1 must be a whole number from 1, or empty.").arg(what));
+    *kept = text;
+    return true;
+}
+
+bool SegyLoadMenu::checkRate()
+{
+    const QString text = _srateVal->text().trimmed();
+    bool isNumber = false;
+    const double rate = text.toDouble(&isNumber);
+    if (!text.isEmpty() && !(isNumber && rate >= leastRate && rate <= double(FLT_MAX)))
+        return refuse(_srateVal, _srateText, tr("The sample rate must be a number of msec from 1e-7, or empty."));
+    _srateText = text;
+    return true;
+}
+
+void SegyLoadMenu::newLoader(SegyLoader* loader)
+{
+    _buttonBuild->setEnabled(loader && !loader->isIndexBuilding());
+    _buildLabel->setVisible(loader && loader->isIndexBuilding());
+}
+
+void SegyLoadMenu::changeFiles()
+{
+    const QStringList names =
+        QFileDialog::getOpenFileNames(this, tr("SEGY File Loader"), _homePath,
+                                      tr("All files (*);;SEG-Y (*.sgy *.segy *.SGY *.SEGY)"));
+    if (names.isEmpty()) return;
+    _homePath = QFileInfo(names.first()).absolutePath();
+    QSettings("Brenlake", "SEISMICDISPLAY").setValue("lastfolder", _homePath);
+    for (const QString& name : names)
+        if (name.contains(',')) {
+            QMessageBox::warning(this, tr("SEGY File Loader"),
+                                 tr("A file name with a comma can't be in the list of files:\n%1").arg(name));
+            return;
+        }
+    _fileField->setText(names.join(","));
+}
+
+void SegyLoadMenu::changeBuildIndex(int index)
+{
+    _buildIndex = index;
+}
+
+void SegyLoadMenu::buildIndexNow()
+{
+    SegyLoader* loader = _host->segyLoader();
+    if (!loader) return;
+    _indexBox->setCurrentIndex(1);
+    SegyMapThread* thread = loader->startIndexBuild();
+    if (!thread) return;
+    connect(thread, &QThread::finished, this, &SegyLoadMenu::threadFinished, Qt::UniqueConnection);
+    newLoader(loader);
+}
+
+void SegyLoadMenu::threadFinished()
+{
+    SegyLoader* loader = _host->segyLoader();
+    newLoader(loader);
+    // A table without a usable row switches itself off while the map builds.
+    if (loader && loader->isIndexBuilt() && !loader->applyRemap()) _remapBox->setChecked(false);
+}
+
+void SegyLoadMenu::changeRemap(int state)
+{
+    if (SegyLoader* loader = _host->segyLoader()) loader->setRemapTable(state != 0 ? 1 : 0, remapTable());
+}
+
+void SegyLoadMenu::changeRemapTable()
+{
+    if (!_smt) {
+        _smt = new SegyRemapDialog(this);
+        connect(_smt, &SegyRemapDialog::tableChanged, this, [this] { changeRemap(_remapBox->isChecked()); });
+    }
+    _smt->show();
+    _smt->raise();
+    _smt->activateWindow();
+    _remapBox->setChecked(true);
+}

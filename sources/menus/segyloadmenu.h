@@ -1,0 +1,83 @@
+/// The tab that says which SEG-Y files to open, and how to read them.
+#ifndef SEGYLOADMENU_H
+#define SEGYLOADMENU_H
+
+#include "sources/segyloadparm.h"
+#include "sources/segyremaptable.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class SegyLoader;
+class SegyMenuHost;
+class SegyRemapDialog;
+
+/// Shows and gives a SegyLoadParm; empty number fields are 0, "from the reel". Besides, it starts the background
+/// build of the index and edits the remap table. The host is lent and outlives it.
+class SegyLoadMenu : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SegyLoadMenu(SegyMenuHost* host, QWidget* parent = nullptr);
+
+    void setParm(const SegyLoadParm& parm);
+    /// What the fields say, as they were last found right.
+    SegyLoadParm parm() const;
+    /// A snapshot of the remap table; empty when it was never shown.
+    SegyRemapTable remapTable() const;
+    /// Checks a number that is still being typed. False after a box.
+    bool checkFields();
+    /// A file is on the screen: the index may be built.
+    void newLoader(SegyLoader* loader);
+
+public slots:
+    void changeFiles();
+    void changeBuildIndex(int index);
+    void buildIndexNow();
+    void threadFinished();
+    void changeRemap(int state);
+    void changeRemapTable();
+
+private slots:
+    void changeMaxTraces() { checkCount(_maxVal, &_maxText, tr("The number of traces")); }
+    void changeSamples() { checkCount(_nsampVal, &_nsampText, tr("The number of samples")); }
+    void changeRate() { checkRate(); }
+
+private:
+    void makeFileRow(QGridLayout* grid);
+    void makeCombos(QGridLayout* grid);
+    void makeNumbers(QGridLayout* grid);
+    void makeIndexRow(QGridLayout* grid);
+    void makeRemapRow(QGridLayout* grid);
+    void orderTabs();
+    QComboBox* addCombo(QGridLayout* grid, const QString& label, const char* name, const QStringList& values,
+                        const QString& tip);
+    QLineEdit* addNumber(QGridLayout* grid, const QString& label, const char* name, const QString& unit,
+                         const QString& tip);
+    bool checkCount(QLineEdit* edit, QString* kept, const QString& what);
+    bool checkRate();
+    bool refuse(QLineEdit* edit, const QString& kept, const QString& text);
+
+    SegyMenuHost* _host;
+    QLineEdit* _fileField;
+    QPushButton* _browseButton;
+    QComboBox *_sortBox, *_typeBox, *_formatBox;
+    QLineEdit *_maxVal, *_nsampVal, *_srateVal;
+    QComboBox *_variBox, *_coorBox, *_elevBox, *_indexBox;
+    QPushButton* _buttonBuild;
+    QLabel* _buildLabel;
+    QCheckBox* _remapBox;
+    QPushButton* _remapButton;
+    SegyRemapDialog* _smt = nullptr;  // child, made when the table is first asked for
+    QString _homePath;
+    int _buildIndex = 0;
+    QString _maxText, _nsampText, _srateText;  // the texts last found right
+};
+
+#endif
