@@ -1,8 +1,8 @@
 #include "display/colorfile.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
 static constexpr int mostColors = 65536;
 
@@ -80,9 +80,11 @@ std::string colorFileText(const ColorFile& file)
 {
     std::string text = std::to_string(file.numColors) + "," + std::to_string(file.colorMode) + "\n";
     for (const ColorStop& stop : file.stops) {
-        char line[64];
-        std::snprintf(line, sizeof line, "%g,%u\n", stop.position, stop.color);
-        text += line;
+        char position[32];  // not by printf, whose decimal point follows the locale
+        const auto end = std::to_chars(position, position + sizeof position, stop.position,
+                                       std::chars_format::general, 6);
+        text.append(position, end.ptr);
+        text += "," + std::to_string(stop.color) + "\n";
     }
     return text;
 }

@@ -2,6 +2,7 @@
 #ifndef DISPLAYHOST_H
 #define DISPLAYHOST_H
 
+class ColorBarFrame;
 struct HeaderTable;
 
 /// Called on the main thread only; lent to the display, which it outlives.
@@ -14,6 +15,10 @@ public:
     virtual void setZooming(bool on) = 0;
     /// The window's header table, null if it has none.
     virtual const HeaderTable* headerTable() const = 0;
+    /// A display's overlay came or went: its colour bar follows.
+    virtual void setOverlayMode(bool on) = 0;
+    /// The colour bar of the overlay; made when it is first asked for.
+    virtual ColorBarFrame* overlayColorBarFrame() = 0;
     /// A display was rebuilt: a first-break picker that is on picks again.
     virtual void doFBPicking(bool on) = 0;
     /// The conditioned samples of a trace while it is rendered; see SeismicDisplay::sendPickTraceChange.

@@ -1,4 +1,4 @@
-/// Numbers to pixels and samples, safe for any input.
+/// Small numeric rules of the raster.
 #ifndef RASTERNUMBER_H
 #define RASTERNUMBER_H
 
@@ -11,6 +11,12 @@ inline int wholeOf(double value)
     if (value >= double(INT_MAX)) return INT_MAX;
     if (value <= double(INT_MIN)) return INT_MIN;
     return int(value);
+}
+
+/// Below some 100000 values a second thread takes longer to start than it saves.
+inline bool isWorthThreads(int nRows, int nTraces)
+{
+    return double(nRows) * nTraces > 1e5;
 }
 
 #endif

@@ -15,13 +15,6 @@ typedef float FloatBand __attribute__((vector_size(rasterBand * sizeof(float))))
 typedef int IntBand __attribute__((vector_size(rasterBand * sizeof(int))));
 typedef double DoubleBand __attribute__((vector_size(rasterBand * sizeof(double))));
 
-PixelRun upperRun(int x0, int x1, int width)
-{
-    const int first = x1 < x0 ? x1 + 1 : x0;
-    const int last = x1 > x0 ? x1 - 1 : x0;
-    return {std::max(first, 0), std::min(last, width - 1)};
-}
-
 /// Excursions in whole pixels, limited; 0 for NaN.
 static inline MERIDUNE_KERNEL IntBand excursions(const float* values, float pixPerTrace, float clipPix)
 {
@@ -73,12 +66,31 @@ static constexpr bool hasLines(DisplayType type)
     return type == WiggleVA || type == Wiggle || type == ColorWiggle;
 }
 
+static constexpr bool isBlackLine(DisplayType type)
+{
+    return type == WiggleVA || type == Wiggle;
+}
+
 static inline MERIDUNE_KERNEL void fillRun(QRgb* line, int first, int last, QRgb color)
 {
     for (int x = first; x <= last; ++x) line[x] = color;
 }
 
-/// Fills, and the ends of the line segments, of nRows rows from row r0.
+/// As upperRun for the segments from the row above's `at` to each row's `end`. The first row has none above.
+static inline MERIDUNE_KERNEL void upperRuns(IntBand at, IntBand end, int right, IntBand* first, IntBand* last)
+{
+    int excursion[rasterBand + 1] = {};
+    std::memcpy(excursion + 1, &at, sizeof at);
+    IntBand from;
+    std::memcpy(&from, excursion, sizeof from);
+    *first = end < from ? end + 1 : from;
+    *last = end > from ? end - 1 : from;
+    *first = *first < 0 ? IntBand{} : *first;
+    *last = *last > right ? IntBand{} + right : *last;
+}
+
+/// Fills, and the ends of the line segments, of nRows rows from row r0. Where all is black, and the order
+/// doesn't matter, the rest of the segments too, but for what they take in the row above the band.
 template <DisplayType type>
 static inline MERIDUNE_KERNEL void paintBand(const RasterPainting& p, const TraceGeometry& geometry, int r0,
                                              int nRows)
@@ -90,12 +102,13 @@ static inline MERIDUNE_KERNEL void paintBand(const RasterPainting& p, const Trac
     for (int k = 0; k < p.window.count; ++k) {
         const float* const values = p.traces + k * p.stride + r0;
         const int axis = geometry.axis[k];
-        IntBand end = excursions(values, p.window.pixPerTrace, geometry.clipPix) + axis;
-        end = end < 0 ? IntBand{} : end;
+        const IntBand at = excursions(values, p.window.pixPerTrace, geometry.clipPix) + axis;
+        IntBand end = at < 0 ? IntBand{} : at;
         end = end > right ? IntBand{} + right : end;
         IntBand first = prevEnd > axis ? prevEnd : IntBand{} + axis;
         IntBand last = end;
-        IntBand index{};
+        IntBand index{}, runFirst{}, runLast{};
+        if constexpr (isBlackLine(type)) upperRuns(at, end, right, &runFirst, &runLast);
         if constexpr (type == ColorB || type == ColorWiggle) {
             FloatBand v;
             std::memcpy(&v, values, sizeof v);
@@ -112,6 +125,9 @@ static inline MERIDUNE_KERNEL void paintBand(const RasterPainting& p, const Trac
                 if (values[b] > 0.0f) fillRun(line, first[b], last[b], black);
             }
             if constexpr (hasLines(type)) line[end[b]] = black;
+            if constexpr (isBlackLine(type)) {
+                if (b > 0) fillRun(line - p.window.width, runFirst[b], runLast[b], black);
+            }
         }
         prevEnd = end;
     }
@@ -143,7 +159,7 @@ static inline MERIDUNE_KERNEL void paintWholeBand(const RasterPainting& p, const
                                                   int r0, int nRows)
 {
     paintBand<type>(p, geometry, r0, nRows);
-    if constexpr (hasLines(type)) paintUpper(p, geometry, r0, 1, nRows);
+    if constexpr (hasLines(type) && !isBlackLine(type)) paintUpper(p, geometry, r0, 1, nRows);
 }
 
 static inline MERIDUNE_KERNEL void paintBandOf(const RasterPainting& p, const TraceGeometry& geometry, int r0,
@@ -175,11 +191,11 @@ void paintTraces(const RasterPainting& p)
     const TraceGeometry geometry(p);
     const auto paint = cpuVariant() == CpuVariant::V3 ? paintBandV3 : paintBandPlain;
     const int nBands = (p.nRows + rasterBand - 1) / rasterBand;
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
     for (int band = 0; band < nBands; ++band)
         paint(p, geometry, band * rasterBand, std::min(rasterBand, p.nRows - band * rasterBand));
     if (!hasLines(p.displayType)) return;
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
     for (int band = 1; band < nBands; ++band)  // only now is the last row of each band done
         paintUpper(p, geometry, band * rasterBand, 0, 1);
 }
@@ -260,7 +276,7 @@ void paintMap(const RasterPainting& p)
     const MapGeometry geometry(p);
     if (geometry.columns < 1) return;
     const int nBands = (p.nRows + rasterBand - 1) / rasterBand;
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
     for (int band = 0; band < nBands; ++band)
         paintMapBand(p, geometry, band * rasterBand, std::min(rasterBand, p.nRows - band * rasterBand));
 }

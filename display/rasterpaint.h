@@ -4,6 +4,8 @@
 
 #include "display/traceraster.h"
 
+#include <algorithm>
+
 class ColorTable;
 
 /// Resampled traces and the picture they go to, all lent.
@@ -31,6 +33,11 @@ void paintMap(const RasterPainting& painting);
 struct PixelRun {
     int first, last;  ///< none if last is below first
 };
-PixelRun upperRun(int x0, int x1, int width);
+inline PixelRun upperRun(int x0, int x1, int width)
+{
+    const int first = x1 < x0 ? x1 + 1 : x0;
+    const int last = x1 > x0 ? x1 - 1 : x0;
+    return {std::max(first, 0), std::min(last, width - 1)};
+}
 
 #endif

@@ -18,6 +18,7 @@
 #include "tracedata/seismicheader.h"
 
 #include <QStatusBar>
+#include <qwt_plot_grid.h>
 #include <qwt_plot_layout.h>
 
 #include <algorithm>
@@ -37,6 +38,7 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
     _seismicdata->setHeaderTable(host ? host->headerTable() : nullptr);
     setCanvasBackground(Qt::white);
     makeAxes(enableLeft, enableRight);
+    makeGrid();
     _seismicplot->attach(this);
     makeMouseTools();
     setZoom(true);
@@ -61,6 +63,25 @@ void SeismicDisplay::makeAxes(bool enableLeft, bool enableRight)
     plotLayout()->setCanvasMargin(0);
     for (const int axis : {yLeft, yRight}) axisWidget(axis)->setMargin(0);
     axisWidget(xTop)->setMargin(0);
+}
+
+/// Attached before the data; its z keeps it in view above the opaque picture.
+void SeismicDisplay::makeGrid()
+{
+    _grid = new QwtPlotGrid;
+    _grid->setAxes(xTop, yLeft);
+    _grid->setMajorPen(QPen(QColor(0, 120, 120), 0));
+    _grid->setMinorPen(QPen(QColor(0, 120, 120), 0, Qt::DotLine));
+    _grid->enableX(false);
+    _grid->enableXMin(false);
+    _grid->enableY(false);
+    _grid->enableYMin(false);
+    _grid->attach(this);
+}
+
+const HeaderTable* SeismicDisplay::headerTable() const
+{
+    return _host ? _host->headerTable() : nullptr;
 }
 
 void SeismicDisplay::setColorBar(ColorBarFrame* bar)
@@ -147,6 +168,8 @@ void SeismicDisplay::setMenu(parmmenu* menu)
     _seismicplot->setClip(menu->clip);
     _seismicplot->setBias(menu->bias);
     _seismicplot->applyAGC(menu->iagc != 0, menu->agcwinlen);
+    setOverlayMode(menu->ioverlay != 0);
+    if (menu->ioverlay != 0) _lastOverlay = true;
 
     _keys = {menu->ipkey - 1, menu->ipkeyreal - 1, menu->iskey - 1, menu->iskeyreal - 1};
     _iskeyinc = menu->iskeyinc;
@@ -215,6 +238,7 @@ QRectF SeismicDisplay::canvasRectangle() const
 void SeismicDisplay::setWholeAxes()
 {
     _seismicplot->setOutputBuffers(canvasRectangle().toRect());
+    if (_overlayplot) _overlayplot->setOutputBuffers(canvasRectangle().toRect());
     setTraceIncrement(_traceIncr);
     setTimeIncrement(_timeIncr);
 }
@@ -233,7 +257,10 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
         _lastEnsemble = true;
         return 0;
     }
-    if (!(_loadTraces = loadTraces(traces, heads, n))) return 1;
+    if (_menu->ioverlay != 0 && _loadTraces && !_lastOverlay) return loadOverlayData(traces, heads, n, replot);
+    _lastOverlay = false;
+    if (!loadTraces(traces, heads, n)) return 1;
+    _loadTraces = true;
     _lastEnsemble = false;
     if (_firstTime && _idomain == sliceDomain && _isTrevia) setSliceAxis();
     _seismicplot->invalidateImage();

@@ -8,6 +8,7 @@
 #include "display/myqwtplot.h"
 #include "display/plotowner.h"
 #include "display/zoomlink.h"
+#include "tracedata/orvinconstants.h"
 
 #include <QString>
 
@@ -19,11 +20,14 @@ class DisplayHost;
 class MyQwtPlotMagnifier;
 class MyQwtPlotPanner;
 class MyQwtPlotZoomer;
+class PlotScrollBars;
 class QStatusBar;
+class QwtPlotGrid;
 class RecordAxisScaleDraw;
 class SeismicAxisScaleDraw;
 class SeismicData;
 class SeismicPlot;
+struct HeaderTable;
 struct parmmenu;
 
 /// Takes batches of traces, keeps its own copy, and shows it.
@@ -61,6 +65,11 @@ public:
     int loadSeismicData(float** traces, int** heads, int n, bool replot);
     /// Only copies the batch. Returns 1, or 0 when memory ran out.
     int loadTraces(float** traces, int** heads, int n);
+    /// Shows a batch over the data on the screen, translucent, in colours of its own. Always 0, or 1 when memory
+    /// ran out.
+    int loadOverlayData(float** traces, int** heads, int n, bool replot);
+    /// With on, the next batch goes over the data on the screen, and from then on every second one.
+    void setOverlayMode(bool on);
     /// Copies edited header words back into heads, if the data are marked changed; always 0.
     int saveSeismicData(float** traces, int** heads, int n);
     /// Copies trace i, counted from 0, and its header out.
@@ -81,6 +90,12 @@ public:
     void enableVerticalAxis(bool left, bool right);
     /// Shows or hides the numbers of all axes.
     void setVAxisValues(bool on);
+    /// The side of the first trace, for both plots and the axes. The caller rebuilds the plot.
+    void setPlotDirection(PlotDirection direction);
+    /// Header words of the title and of the trace labels, counted from 0, -1 for none; the axes follow, the
+    /// caller rebuilds the plot.
+    void setPriKey(int index);
+    void setSecKey(int index);
 
     /// The plain buttons zoom and pan, or, with false, do so with Ctrl.
     void setZoom(bool on);
@@ -108,6 +123,22 @@ public:
     /// Traces shown; 0 before the first load.
     int traceCount() const { return _loadTraces ? _headerAxis.traceCount() : 0; }
     SeismicPlot* seismicPlot() const { return _seismicplot; }
+    /// Null until an overlay was first loaded.
+    SeismicData* overlayData() const { return _overlaydata.get(); }
+    SeismicPlot* overlayPlot() const { return _overlayplot; }
+    /// Lines at the steps of the top and left axes; all off at first.
+    QwtPlotGrid* grid() const { return _grid; }
+    parmmenu* menu() const { return _menu; }
+    const QString& displayTitle() const { return _title; }
+    /// In ms.
+    float sampleRate() const { return _samprat; }
+    float traceIncrement() const { return _traceIncr; }
+    /// In ms.
+    float timeIncrement() const { return _timeIncr; }
+    bool isTrevia() const { return _isTrevia != 0; }
+    const HeaderKeys& headerKeys() const { return _keys; }
+    /// The window's header table, null if there is none.
+    const HeaderTable* headerTable() const;
     const HeaderAxis& headerAxis() const { return _headerAxis; }
     bool lastEnsemble() const { return _lastEnsemble; }
     int windowNumber() const { return _windowNumber; }
@@ -123,6 +154,10 @@ public:
 public slots:
     void catchZoom(const QRectF& rect);
     void catchPan(int dx, int dy);
+    /// Brings the scroll bars up to what the axes show.
+    void synchronizeScrollBars();
+    void horizontalScrollerMoved(double from);
+    void verticalScrollerMoved(double from);
 
 signals:
     /// A new ensemble is on the screen.
@@ -132,8 +167,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void makeOverlay();
+    void measureOverlay();
     void makeAxes(bool enableLeft, bool enableRight);
+    void makeGrid();
     void makeMouseTools();
+    void axesFollowHeaders();
     void setTimeWindow();
     void setSliceAxis();
     void limitPan();
@@ -152,6 +191,7 @@ private:
     MyQwtPlotPanner* _panner;
     MyQwtPlotMagnifier* _magnifier;
     AxisDrag* _axisDrag;
+    PlotScrollBars* _scrollBars;
     RecordAxisScaleDraw* _recordaxis;  // owned by the axes
     SeismicAxisScaleDraw* _seismicaxisl;
     SeismicAxisScaleDraw* _seismicaxisr;
@@ -160,6 +200,11 @@ private:
     EnsembleCopy _copy;
     HeaderAxis _headerAxis;
     SeismicPlot* _seismicplot;  // attached to the plot, which deletes it
+    std::unique_ptr<SeismicData> _overlaydata;
+    EnsembleCopy _overlayCopy;
+    SeismicPlot* _overlayplot = nullptr;  // attached to the plot, which deletes it
+    bool _lastOverlay = false;            // the last batch was an overlay
+    QwtPlotGrid* _grid;                   // the same
     parmmenu* _menu = nullptr;  // lent
 
     float _samprat = 2.0f;  // ms

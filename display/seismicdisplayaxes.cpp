@@ -6,6 +6,7 @@
 #include "display/myqwtplotmagnifier.h"
 #include "display/myqwtplotpanner.h"
 #include "display/myqwtplotzoomer.h"
+#include "display/plotscrollbars.h"
 #include "display/recordaxisscaledraw.h"
 #include "display/seismicaxisscaledraw.h"
 #include "display/seismicplot.h"
@@ -75,6 +76,34 @@ void SeismicDisplay::setVAxisValues(bool on)
     _seismicaxisl->setFake(!on);
     _seismicaxisr->setFake(!on);
     rePlot();
+}
+
+/// Labels and title from the words that are the keys now.
+void SeismicDisplay::axesFollowHeaders()
+{
+    if (!_loadTraces || buildHeaderAxis() != 0) return;
+    setDisplayTitle();
+    updateAxes();
+}
+
+void SeismicDisplay::setPlotDirection(PlotDirection direction)
+{
+    _seismicplot->setPlotDirection(direction);
+    if (_overlayplot) _overlayplot->setPlotDirection(direction);
+    _recordaxis->setPlotDirection(direction);
+    axesFollowHeaders();
+}
+
+void SeismicDisplay::setPriKey(int index)
+{
+    _keys.pri = index;
+    axesFollowHeaders();
+}
+
+void SeismicDisplay::setSecKey(int index)
+{
+    _keys.sec = index;
+    axesFollowHeaders();
 }
 
 void SeismicDisplay::setTraceIncrement(float incr)
@@ -164,5 +193,7 @@ void SeismicDisplay::rePlot()
 void SeismicDisplay::resizeEvent(QResizeEvent* event)
 {
     MyQwtPlot::resizeEvent(event);
-    rebuildDisplay(false);
+    _scrollBars->place();
+    // A scroll bar that comes or goes only changes the margins.
+    if (event->size() != event->oldSize()) rebuildDisplay(false);
 }

@@ -6,14 +6,19 @@
 #include "display/myqwtplotmagnifier.h"
 #include "display/myqwtplotpanner.h"
 #include "display/myqwtplotzoomer.h"
+#include "display/plotscrollbars.h"
 #include "display/readout.h"
 #include "display/seismicplot.h"
+#include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 
 #include <QMouseEvent>
 #include <QStatusBar>
+#include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
 
+#include <algorithm>
 #include <cmath>
 
 constexpr int sliceDomain = 8;
@@ -36,6 +41,11 @@ void SeismicDisplay::makeMouseTools()
         (onTraceAxis ? _traceZoomOnly : _timeZoomOnly) = true;
         setZoomRect(rect);
     });
+    _scrollBars = new PlotScrollBars(this);
+    connect(_scrollBars, &PlotScrollBars::horizontalMoved, this, &SeismicDisplay::horizontalScrollerMoved);
+    connect(_scrollBars, &PlotScrollBars::verticalMoved, this, &SeismicDisplay::verticalScrollerMoved);
+    for (const int axis : {xTop, yLeft})
+        connect(axisWidget(axis), &QwtScaleWidget::scaleDivChanged, this, &SeismicDisplay::synchronizeScrollBars);
     // Installed last, so it sees the mouse before the zoomers do.
     canvas()->installEventFilter(this);
 }
@@ -129,6 +139,40 @@ void SeismicDisplay::catchPan(int /*dx*/, int dy)
     _zoomLink.spreadPan(this, dy);
 }
 
+void SeismicDisplay::synchronizeScrollBars()
+{
+    if (!_loadTraces) return;
+    const QwtInterval x = axisScaleDiv(xTop).interval().normalized();
+    const QwtInterval y = axisScaleDiv(yLeft).interval().normalized();
+    const double traces = std::max(_panTraces, _seismicdata->traceCount() + 1.0);
+    const double times = std::max(_panSamples, double(_numsmp) * _samprat);
+    _scrollBars->synchronize({0.0, traces, x.minValue(), x.width()}, {_shiftTime, times, y.minValue(), y.width()});
+}
+
+/// Moves the axes of one direction, with their steps.
+static void moveAxes(SeismicDisplay* display, int first, int second, double from)
+{
+    const QwtScaleDiv& div = display->axisScaleDiv(first);
+    const double span = std::fabs(div.range()), step = display->axisStepSize(first);
+    for (const int axis : {first, second}) {
+        if (div.isIncreasing())
+            display->setAxisScale(axis, from, from + span, step);
+        else
+            display->setAxisScale(axis, from + span, from, step);
+    }
+    display->rePlot();
+}
+
+void SeismicDisplay::horizontalScrollerMoved(double from)
+{
+    moveAxes(this, xTop, xBottom, from);
+}
+
+void SeismicDisplay::verticalScrollerMoved(double from)
+{
+    moveAxes(this, yLeft, yRight, from);
+}
+
 QString SeismicDisplay::readoutAt(const QPoint& pos) const
 {
     if (!_loadTraces) return QString();
@@ -142,8 +186,12 @@ QString SeismicDisplay::readoutAt(const QPoint& pos) const
                                 _stime};
     const double x = canvasMap(xTop).invTransform(pos.x()), y = canvasMap(yLeft).invTransform(pos.y());
     const ReadoutPosition at = readoutPosition(frame, x, y);
-    return readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis) +
-           amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
+    QString line = readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis) +
+                   amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
+    if (_menu->ioverlay != 0 && _overlaydata && at.trace < _overlaydata->traceCount() &&
+        at.sample < _overlaydata->sampleCount())
+        line += amplitudeText("Overlay Amp", *_overlaydata->getTraceValues(at.trace, at.sample));
+    return line;
 }
 
 bool SeismicDisplay::eventFilter(QObject* object, QEvent* event)

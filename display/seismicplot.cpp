@@ -249,8 +249,7 @@ QImage SeismicPlot::renderImage2(const QwtScaleMap& xMap, const QwtScaleMap& yMa
 QImage SeismicPlot::saveImage(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& rect) const
 {
     if (rect.isEmpty()) return QImage();
-    // the next render must not paint over a picture that is kept
-    return renderImage2(xMap, yMap, QwtScaleMap::invTransform(xMap, yMap, rect)).copy();
+    return renderImage2(xMap, yMap, QwtScaleMap::invTransform(xMap, yMap, rect));
 }
 
 void SeismicPlot::setupStored(const QwtScaleMap& xMap, const QwtScaleMap& yMap, bool isPixmap, bool isBitmap)

@@ -1,5 +1,6 @@
 #include "display/traceconditioner.h"
 
+#include "display/rasternumber.h"
 #include "host/cpuvariant.h"
 #include "host/signal/bandpassfilter.h"
 #include "host/signal/orvinagc.h"
@@ -41,8 +42,8 @@ static inline MERIDUNE_KERNEL void addLanes(FloatLanes v, LaneMeasure* measure)
 {
     const IntLanes counted = (v - v == 0.0f) & (v != 0.0f);
     measure->counts -= counted;
-    measure->least = counted & (v < measure->least) ? v : measure->least;
-    measure->largest = counted & (v > measure->largest) ? v : measure->largest;
+    measure->least = (counted & (v < measure->least)) ? v : measure->least;
+    measure->largest = (counted & (v > measure->largest)) ? v : measure->largest;
     v = counted ? v : FloatLanes{};
     const FloatLanes magnitude = v < 0.0f ? -v : v;
     measure->sums += __builtin_convertvector(magnitude, DoubleLanes);
@@ -161,7 +162,7 @@ void TraceConditioner::computeNormalizer(const SeismicData& data)
     if (nAll > 0) prepare(_nSamples, data.sampleRate());
 
     std::vector<TraceMeasure> measures(_nTraces);
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (isWorthThreads(_nSamples, _nTraces))
     for (int i = 0; i < _nTraces; ++i) {
         float* const trace = _tempData.data() + size_t(i) * _nSamples;
         if (_nSamples > 0) {

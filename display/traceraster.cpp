@@ -213,7 +213,7 @@ void TraceRaster::resampleColumns(const RasterParm& parm, const RasterWindow& wi
     }
     if (int(_work.size()) < omp_get_max_threads()) _work.resize(omp_get_max_threads());
     const int nColumns = int(_columns.size());
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (isWorthThreads(nRows, window.count))
     for (int k = 0; k < window.count; ++k) {
         float* const out = _outdata.data() + k * _outstride;
         int n = 0;  // traces without a column leave flat ones at the end

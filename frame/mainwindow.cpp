@@ -1,7 +1,9 @@
 #include "frame/mainwindow.h"
 
+#include "analysis/parmmenudialog.h"
 #include "display/colorbarframe.h"
 #include "display/seismicdisplay.h"
+#include "frame/assumptionspanel.h"
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
 #include "frame/windowsettings.h"
@@ -43,6 +45,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     makeCentre();
     _actions = std::make_unique<WindowActions>(this);
     makeRecentMenu();
+    makeAssumptionsPanel();
     statusBar()->showMessage("Ready");
     readSettings();
     _COMPANY = setCompanyName();
@@ -83,6 +86,19 @@ void MainWindow::makeCentre()
     setCentralWidget(frame);
 }
 
+void MainWindow::makeAssumptionsPanel()
+{
+    _assumptionsPanel = new AssumptionsPanel(this);
+    addDockWidget(Qt::BottomDockWidgetArea, _assumptionsPanel);
+    _assumptionsPanel->hide();
+    QAction* toggle = _assumptionsPanel->toggleViewAction();
+    toggle->setObjectName("assumedAct");
+    toggle->setText("&What Was Assumed");
+    toggle->setStatusTip("Show what the program took for granted or skipped in this file");
+    _actions->menu("&Dataset")->addAction(toggle);
+    _report->onAssumed = [this](const QString& line) { _assumptionsPanel->addLine(line); };
+}
+
 void MainWindow::buildMainPlot()
 {
     for (int i = 0; i < _menu->iscreens; ++i) {
@@ -104,6 +120,7 @@ int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
 {
     if (screen < 0 || screen >= _displaylist.size()) return 0;
     _displaylist[screen]->loadSeismicData(traces, heads, n, true);
+    if (_parmmenu) _parmmenu->update();
     return 0;
 }
 
@@ -222,7 +239,14 @@ void MainWindow::tellNotBuilt(const QString& what)
     statusBar()->showMessage(what + " is not built yet.");
 }
 
-void MainWindow::parameterMenu() { tellNotBuilt("The parameters menu"); }
+void MainWindow::parameterMenu()
+{
+    if (!_parmmenu) _parmmenu = new ParmMenuDialog(this, &_displaylist, &_otherlist);
+    _parmmenu->show();
+    _parmmenu->raise();
+    _parmmenu->activateWindow();
+}
+
 void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }
 void MainWindow::titleMenu() { tellNotBuilt("The title editor"); }
 void MainWindow::drawMenu() { tellNotBuilt("Drawing on the canvas"); }
@@ -233,7 +257,23 @@ void MainWindow::contentHelp() { tellNotBuilt("The help viewer"); }
 
 void MainWindow::showOverlay(int state)
 {
-    if (state) tellNotBuilt("The overlay");
+    if (!_displaylist.isEmpty()) _displaylist.first()->setOverlayMode(state != 0);
+}
+
+ColorBarFrame* MainWindow::overlayColorBarFrame()
+{
+    if (!_overlayColorBarFrame) {
+        _overlayColorBarFrame = new ColorBarFrame;
+        _overlayColorBarFrame->setObjectName("overlayColorBarFrame");
+        _cvLayout->addWidget(_overlayColorBarFrame);
+        _cvLayout->addStretch();
+    }
+    return _overlayColorBarFrame;
+}
+
+void MainWindow::setOverlayMode(bool on)
+{
+    overlayColorBarFrame()->setVisible(on);
 }
 
 void MainWindow::plotDifference(int state)

@@ -12,7 +12,9 @@
 
 #include <memory>
 
+class AssumptionsPanel;
 class ColorBarFrame;
+class ParmMenuDialog;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
@@ -61,6 +63,7 @@ public:
     SeismicDisplay* display() const { return _display; }
     const QList<SeismicDisplay*>& displayList() const { return _displaylist; }
     ColorBarFrame* colorBarFrame() const { return _colorBarFrame; }
+    AssumptionsPanel* assumptionsPanel() const { return _assumptionsPanel; }
     SegyLoader* segyLoader() const { return _segyloader.get(); }
     QSplitter* splitter() const { return _splitter; }
     WindowActions* actionTable() const { return _actions.get(); }
@@ -79,6 +82,8 @@ public:
     bool isZooming() const override { return _isZoom; }
     void setZooming(bool on) override { _isZoom = on; }
     const HeaderTable* headerTable() const override { return &_headerTable; }
+    void setOverlayMode(bool on) override;
+    ColorBarFrame* overlayColorBarFrame() override;
     void doFBPicking(bool on) override;
     void pickTraceChange(const float* trace, int start, int n, int iTrace) override;
 
@@ -126,6 +131,7 @@ protected:
 private:
     void makeCentre();
     void makeRecentMenu();
+    void makeAssumptionsPanel();
     void openSegy(const QString& name);
     void readSettings();
     void writeSettings();
@@ -141,11 +147,14 @@ private:
     QSplitter* _splitter = nullptr;
     QStatusBar* _controlStatus = nullptr;
     ColorBarFrame* _colorBarFrame = nullptr;
+    ColorBarFrame* _overlayColorBarFrame = nullptr;  // child, made for the first overlay
     std::unique_ptr<WindowActions> _actions;
     std::unique_ptr<WindowReport> _report;
+    AssumptionsPanel* _assumptionsPanel = nullptr;
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;
     SeismicDisplay* _display = nullptr;  // the last screen made
+    ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use
     SegyMenuDialog* _segy = nullptr;     // child, made on first use
     std::unique_ptr<SegyLoader> _segyloader;
 

@@ -1,7 +1,9 @@
 /// SEG-Y in the main window: opening files and going from record to record.
 #include "frame/mainwindow.h"
 
+#include "analysis/parmmenudialog.h"
 #include "display/seismicdisplay.h"
+#include "frame/assumptionspanel.h"
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
 #include "host/signal/bytes.h"
@@ -70,11 +72,14 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
 {
     WaitCursor wait;
     DialogProgress progress(this);
+    const QStringList assumedBefore = _assumptionsPanel->lines();
+    _assumptionsPanel->setLines({});
     auto loader = std::make_unique<SegyLoader>(1, parm.files, 0, parm.isort, parm.itype, parm.iformat, parm.ivariable,
                                                littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
                                                parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
                                                _report.get(), &progress, &_headerTable);
     if (!loader->openFiles()) {
+        _assumptionsPanel->setLines(assumedBefore);
         QGuiApplication::restoreOverrideCursor();
         QMessageBox::critical(this, "SEGY Load Error", "Error while open or read from file: " + parm.files);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
@@ -94,6 +99,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     _fileName = QFileInfo(parm.files.section(',', 0, 0)).fileName();
     setAreaLineTitle();
     showRecord(_segyloader->numTraces() > 0);
+    if (_parmmenu) _parmmenu->updateAll();
     setNavigation();
     _dataReady = true;
     if (!parm.files.contains(',')) {

@@ -23,8 +23,13 @@ public:
     bool isZooming() const override { return _isZooming; }
     void setZooming(bool on) override { _isZooming = on; }
     const HeaderTable* headerTable() const override { return nullptr; }
+    void setOverlayMode(bool on) override { isOverlay = on; }
+    ColorBarFrame* overlayColorBarFrame() override { return &overlayBar; }
     void doFBPicking(bool) override {}
     void pickTraceChange(const float*, int, int, int) override {}
+
+    bool isOverlay = false;
+    ColorBarFrame overlayBar;
 
 private:
     bool _isZooming = false;

@@ -1,5 +1,6 @@
 /// The main window on real files: opening, paging, and what happens when a file is not what it should be.
 #include "display/colorbarframe.h"
+#include "frame/assumptionspanel.h"
 #include "frame/mainwindow.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
@@ -11,9 +12,11 @@
 #include "tracedata/seismicdata.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QGroupBox>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QToolBar>
@@ -35,6 +38,7 @@ private slots:
     void aFileThatCannotBeReadLeavesTheOneOnTheScreen();
     void aBadReelAsksForTheFileType();
     void aDroppedFileOpens();
+    void whatWasAssumedIsListedAndCanBeCopied();
     void theExitChoicesSetTheRunState();
     void theMouseModesFollowTheRadioButtons();
     void showImagesWithoutImagesUnchecksItself();
@@ -253,6 +257,30 @@ void MainWindowTest::aDroppedFileOpens()
     QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(fixture.window.get(), &drop);
     QCOMPARE(fixture.traces(), 120);
+}
+
+void MainWindowTest::whatWasAssumedIsListedAndCanBeCopied()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    AssumptionsPanel* panel = fixture.window->assumptionsPanel();
+    QVERIFY(!panel->isVisible());
+    fixture.window->findChild<QAction*>("assumedAct")->trigger();
+    QVERIFY(panel->isVisible());
+    fixture.open(dataFile("prestack-synthetic/f11_02673_45Hz.segy"));
+    // 41 traces with another trace id, and a delay of -183 ms.
+    QCOMPARE(panel->lineCount(), 2);
+    QVERIFY(panel->text().contains("trace id other than 1 in 41 of 41 traces"));
+    QVERIFY(panel->text().contains("(-183)"));
+    QTest::mouseClick(panel->findChild<QPushButton*>("copyButton"), Qt::LeftButton);
+    QCOMPARE(QGuiApplication::clipboard()->text(), panel->text());
+    fixture.open(dataFile("odd-headers/small-traceheader-samplerate.sgy"));
+    QVERIFY(panel->text().contains("fixed sample rate from first trace header: 4000\tInput sample rate:"));
+    QVERIFY(!panel->text().contains("-183"));
+    const QString before = panel->text();
+    BoxWatcher boxes;
+    QCOMPARE(fixture.open("/nowhere/none.sgy"), 0);
+    QCOMPARE(panel->text(), before);
 }
 
 void MainWindowTest::theExitChoicesSetTheRunState()

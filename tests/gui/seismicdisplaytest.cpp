@@ -4,6 +4,7 @@
 #include "tests/gui/displayfixture.h"
 #include "tracedata/seismicdata.h"
 
+#include <QScrollBar>
 #include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
@@ -33,6 +34,11 @@ private slots:
     void editedHeadersGoBackOnlyWhenChanged();
     void storedSamplesAreNeverTouchedByConditioning();
     void loadingPaintsTheCanvasOnce();
+    void scrollBarsStandOnlyWhileSomethingIsOutOfSight();
+    void aScrollBarMovesTheAxisAndKeepsItsSpan();
+    void anOverlayTakesEverySecondBatch();
+    void anOverlayThatIsNeverNegativeIsAMap();
+    void hidingTheOverlayKeepsTheData();
     void theControlLineFollowsTheMouseMode();
     void deviceRatioDoesNotMoveTheReadOut();
 };
@@ -329,6 +335,92 @@ void SeismicDisplayTest::loadingPaintsTheCanvasOnce()
     QTRY_COMPARE(fixture[0]->myCanvas()->renderCount(), before + 1);
     QTest::qWait(50);
     QCOMPARE(fixture[0]->myCanvas()->renderCount(), before + 1);
+}
+
+void SeismicDisplayTest::scrollBarsStandOnlyWhileSomethingIsOutOfSight()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    auto* horizontal = fixture[0]->findChild<QScrollBar*>("hscroller");
+    auto* vertical = fixture[0]->findChild<QScrollBar*>("vscroller");
+    QVERIFY(!horizontal->isVisible());
+    QVERIFY(!vertical->isVisible());
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 6.0, 800.0));
+    QTRY_VERIFY(horizontal->isVisible());
+    QVERIFY(vertical->isVisible());
+    QCOMPARE(vertical->maximum(), 1200);  // 2000 ms less the 800 shown
+    QCOMPARE(vertical->pageStep(), 800);
+    QCOMPARE(vertical->value(), 400);
+    QCOMPARE(horizontal->maximum(), 15);  // 21 less 6
+    QTest::mouseClick(fixture[0]->canvas(), Qt::RightButton, Qt::NoModifier, QPoint(50, 50));
+    QTRY_VERIFY(!horizontal->isVisible());
+    QVERIFY(!vertical->isVisible());
+}
+
+void SeismicDisplayTest::aScrollBarMovesTheAxisAndKeepsItsSpan()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble);
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 6.0, 800.0));
+    fixture[0]->findChild<QScrollBar*>("vscroller")->setValue(1000);
+    QCOMPARE(shown(fixture[0], QwtPlot::yLeft).minValue(), 1000.0);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 800.0) < 1e-6);
+    fixture[0]->findChild<QScrollBar*>("hscroller")->setValue(2);
+    QCOMPARE(shown(fixture[0], QwtPlot::xTop).minValue(), 2.0);
+    QCOMPARE(shown(fixture[0], QwtPlot::xBottom).minValue(), 2.0);
+}
+
+void SeismicDisplayTest::anOverlayTakesEverySecondBatch()
+{
+    DisplayFixture fixture;
+    TestEnsemble first(20, 500), second(20, 500), third(20, 500);
+    second.samples[4][100] = -77.0f;
+    third.samples[4][100] = -88.0f;
+    fixture.load(first);
+    fixture[0]->setOverlayMode(true);
+    fixture.load(second);
+    QVERIFY(fixture[0]->overlayPlot());
+    QCOMPARE(*fixture[0]->seismicData()->getTraceValues(4, 100), 4100.0f);
+    QCOMPARE(*fixture[0]->overlayData()->getTraceValues(4, 100), -77.0f);
+    QVERIFY(fixture.host.isOverlay);
+    QVERIFY(fixture[0]->overlayPlot()->displayType() == ColorB);
+    QCOMPARE(fixture[0]->overlayPlot()->rangeMax(), 3.0f);
+    QVERIFY(!fixture[0]->overlayPlot()->isAutoGain());
+    second.samples[4][100] = 0.0f;  // the overlay has a copy of its own
+    QCOMPARE(*fixture[0]->overlayData()->getTraceValues(4, 100), -77.0f);
+    QVERIFY(fixture[0]->readoutAt(pixelOf(fixture[0], 5.0, 401.0)).contains("     Overlay Amp: "));
+    fixture.load(third);
+    QCOMPARE(*fixture[0]->seismicData()->getTraceValues(4, 100), -88.0f);
+    QCOMPARE(*fixture[0]->overlayData()->getTraceValues(4, 100), -77.0f);
+}
+
+void SeismicDisplayTest::anOverlayThatIsNeverNegativeIsAMap()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500), velocities(20, 500);
+    fixture.load(ensemble);
+    fixture[0]->setOverlayMode(true);
+    fixture.load(velocities);
+    QVERIFY(fixture[0]->overlayPlot()->displayType() == Map);
+}
+
+void SeismicDisplayTest::hidingTheOverlayKeepsTheData()
+{
+    DisplayFixture fixture;
+    TestEnsemble first(20, 500), second(20, 500);
+    fixture.load(first);
+    fixture[0]->setOverlayMode(true);
+    fixture.load(second);
+    const QImage with = fixture[0]->canvas()->grab().toImage();
+    fixture[0]->setOverlayMode(false);
+    QVERIFY(!fixture.host.isOverlay);
+    QVERIFY(!fixture[0]->overlayPlot()->isVisible());
+    QVERIFY(fixture[0]->canvas()->grab().toImage() != with);
+    QVERIFY(!fixture[0]->readoutAt(QPoint(50, 50)).contains("Overlay"));
+    fixture.load(second);  // with the overlay off it is the data again
+    QVERIFY(fixture[0]->overlayData());
 }
 
 void SeismicDisplayTest::theControlLineFollowsTheMouseMode()

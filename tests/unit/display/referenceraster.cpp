@@ -56,11 +56,39 @@ template <typename Put> static void drawSegment(int x0, int x1, int y, Put put)
             if (strip.pixel(x, row) == qRgb(0, 0, 0)) put(left - 1 + x, y - 1 + row, qRgb(0, 0, 0));
 }
 
-ReferencePicture referenceRender(const RasterParm& parm)
-{
+namespace {
+
+/// One render, step by step.
+struct Reference {
+    explicit Reference(const RasterParm& given) : parm(given) {}
+    bool findWindow();
+    void resampleTraces();
+    std::vector<float> workTrace(int tr, int start, int dest, int n) const;
+    void resampleTrace(int tr, int start, int dest, int n, int place0, float* out) const;
+    void paint();
+    void paintMapRow(int r);
+    void paintRow(int r, QPainter* painter);
+    void fill(float value, int axis, int prevEnd, int end, int y);
+    void put(int x, int y, QRgb color);
+    float valueAt(int r, int k) const { return r < rowstride ? outdata[r + size_t(k) * rowstride] : 0.0f; }
+    bool isMap() const { return parm.displayType == Map || parm.displayType == Velocity; }
+    bool isHyperbolic() const { return parm.moveout == 2 && parm.velocity > 0.0f; }
+    double dt() const { return parm.sampleRate / 1000.0; }
+
+    const RasterParm& parm;
     ReferencePicture result;
+    double nsamp = 0.0;
+    int firstSample = 0, firstTrace = 0, count = 0, width = 0, height = 0, rowstride = 0, xbase = 0, top = 0;
+    float pixPerTrace = 0.0f, pixPerSample = 0.0f;
+    std::vector<float> outdata;
+};
+
+} // namespace
+
+bool Reference::findWindow()
+{
     const float rate = parm.sampleRate;
-    double t0, nsamp;
+    double t0;
     if (parm.timeDirection != 0) {
         t0 = parm.y.s2;
         nsamp = (parm.y.s1 - t0) / rate;
@@ -68,52 +96,91 @@ ReferencePicture referenceRender(const RasterParm& parm)
         t0 = parm.y.s1;
         nsamp = (parm.y.s2 - t0) / rate;
     }
-    int firstSample = cut(t0 / rate - parm.startSample);
+    firstSample = cut(t0 / rate - parm.startSample);
     if (firstSample < 0) firstSample = 0;
     const double ntr = parm.x.s2 - parm.x.s1;
-    int count = cut(ntr + 0.5);
+    count = cut(ntr + 0.5);
     if (count < 1) count = 1;
-    int firstTrace = cut(parm.x.s1);
+    firstTrace = cut(parm.x.s1);
     if (firstTrace < 0) firstTrace = 0;
     if (firstTrace + count > parm.view.nTraces) count = parm.view.nTraces - firstTrace;
     int shownSamples = std::min(parm.view.nSamples, cut(nsamp));
     if (shownSamples + firstSample > parm.view.nSamples) shownSamples = parm.view.nSamples - firstSample;
-    if (shownSamples < 2) return result;
-    const int width = cut(parm.x.p2 - parm.x.p1);
-    const int height = cut(parm.y.p1 - parm.y.p2);
-    if (width < 1 || height < 1) return result;
-    int rowstride = cut(parm.plotSampleCount);
+    if (shownSamples < 2) return false;
+    width = cut(parm.x.p2 - parm.x.p1);
+    height = cut(parm.y.p1 - parm.y.p2);
+    if (width < 1 || height < 1) return false;
+    top = cut(parm.y.p2);
+    rowstride = cut(parm.plotSampleCount);
     if (rowstride < height) rowstride = height;
-    const float pixPerTrace = float(width / (ntr > 1.0 ? ntr : 1.0));
-    const float pixPerSample = float(height / nsamp);
+    pixPerTrace = float(width / (ntr > 1.0 ? ntr : 1.0));
+    pixPerSample = float(height / nsamp);
     int offset;
     if (parm.x.s1 != 0)
         offset = cut(pixPerTrace * (1.0 - (parm.x.s1 - firstTrace)));
     else
         offset = cut(pixPerTrace);
-    const int xbase = offset + cut(parm.x.p1);
-    const double dt = rate / 1000.0;
-    const bool map = parm.displayType == Map || parm.displayType == Velocity;
+    xbase = offset + cut(parm.x.p1);
+    return true;
+}
 
-    result.image = QImage(width, height, QImage::Format_RGB32);
-    result.image.fill(parm.background);
-    if (count < 1) return result;
-    std::vector<float> outdata(size_t(rowstride) * count, 0.0f);
+/// The scaled samples with `dest` places before them.
+std::vector<float> Reference::workTrace(int tr, int start, int dest, int n) const
+{
+    std::vector<float> trace(dest + n, 0.0f);
+    for (int j = 0; j < n; ++j) trace[dest + j] = parm.samples[start + j + size_t(parm.stride) * tr];
+    for (float& v : trace) {
+        if (!std::isfinite(v)) v = 0.0f;
+        v = v * parm.gain;
+        if (parm.applyBias) v = v + parm.bias;
+        if (parm.normalize == Normalize::Trace && parm.divTrace[tr] != 0.0f) v = v / parm.divTrace[tr];
+        if (parm.normalize == Normalize::Dataset && parm.divRecord != 0.0f) v = v / parm.divRecord;
+    }
+    return trace;
+}
+
+/// @param place0  sample at the top of the work trace
+void Reference::resampleTrace(int tr, int start, int dest, int n, int place0, float* out) const
+{
+    std::vector<float> trace = workTrace(tr, start, dest, n);
+    const int m = dest + n;
+    if (isHyperbolic()) {
+        const double offs = parm.offsets ? parm.offsets[tr] : 0.0;
+        const double q = offs * offs / (double(parm.velocity) * parm.velocity);
+        std::vector<float> positions(m), moved(m);
+        for (int j = 0; j < m; ++j) {
+            const double time = double(j + place0 + parm.startSample) * dt();
+            positions[j] = float(std::sqrt(time * time + q) / dt() - (place0 + parm.startSample));
+            if (time < 0.0) positions[j] = -1000.0f;  // nothing is known before time 0
+        }
+        ints8r(m, 1.0f, 0.0f, trace.data(), 0.0f, 0.0f, m, positions.data(), moved.data());
+        trace = moved;
+    }
+    if (isMap()) {
+        std::vector<float> nodes(m), rows(rowstride);
+        for (int j = 0; j < m; ++j) nodes[j] = pixPerSample * j;
+        for (int j = 0; j < rowstride; ++j) rows[j] = j;
+        intlin(m, nodes.data(), trace.data(), rowstride, rows.data(), out, trace[0], trace[m - 1]);
+        return;
+    }
+    std::vector<float> low(trace);
+    if (parm.antialias && pixPerSample < 1.0f) antialias(pixPerSample, 0, m, trace.data(), low.data());
+    ress8r(m, pixPerSample, 0.0f, low.data(), low[0], 0.0f, rowstride, 1.0f, 0.0f, out);
+}
+
+void Reference::resampleTraces()
+{
+    outdata.assign(size_t(rowstride) * count, 0.0f);
     result.shifts.assign(parm.view.nTraces, 0);
     int col = 0;
     for (int i = firstTrace; i < firstTrace + count; ++i) {
         const int tr = parm.plotDirection == RightToLeft ? parm.nDataTraces - 1 - i : i;
         int shift = 0;
-        double q = 0.0;
-        const bool hyperbolic = parm.moveout == 2 && parm.velocity > 0.0f;
-        if (parm.moveout != 0 && parm.velocity > 0.0f) {
-            const double offs = parm.offsets ? std::fabs(double(parm.offsets[tr])) : 0.0;
-            if (parm.moveout == 1) shift = cut((offs / parm.velocity) / dt);
-            if (parm.moveout == 2) q = offs * offs / (double(parm.velocity) * parm.velocity);
-        }
+        if (parm.moveout == 1 && parm.velocity > 0.0f && parm.offsets)
+            shift = cut((std::fabs(double(parm.offsets[tr])) / parm.velocity) / dt());
         result.shifts[i] = shift - parm.bulkshift;
         int start = firstSample + result.shifts[i];
-        const int place0 = start;  // sample at the top of the work trace
+        const int place0 = start;
         int dest = 0;
         int n = parm.view.nSamples;
         if (start < 0) {
@@ -123,108 +190,89 @@ ReferencePicture referenceRender(const RasterParm& parm)
             n = parm.view.nSamples - start;
         }
         if (n <= 0) continue;
-        const int m = dest + n;
-        std::vector<float> trace(m, 0.0f);
-        for (int j = 0; j < n; ++j) trace[dest + j] = parm.samples[start + j + size_t(parm.stride) * tr];
-        result.taps.push_back({std::vector<float>(trace.begin() + dest, trace.end()), start, tr});
-        std::vector<float> positions(m);
-        for (int j = 0; j < m; ++j) {
-            const double time = double(j + place0 + parm.startSample) * dt;
-            positions[j] = float(std::sqrt(time * time + q) / dt - (place0 + parm.startSample));
-            if (time < 0.0) positions[j] = -1000.0f;  // nothing is known before time 0
-            float v = trace[j];
-            if (!std::isfinite(v)) v = 0.0f;
-            v = v * parm.gain;
-            if (parm.applyBias) v = v + parm.bias;
-            if (parm.normalize == Normalize::Trace && parm.divTrace[tr] != 0.0f) v = v / parm.divTrace[tr];
-            if (parm.normalize == Normalize::Dataset && parm.divRecord != 0.0f) v = v / parm.divRecord;
-            trace[j] = v;
-        }
-        if (hyperbolic) {
-            std::vector<float> moved(m);
-            ints8r(m, 1.0f, 0.0f, trace.data(), 0.0f, 0.0f, m, positions.data(), moved.data());
-            trace = moved;
-        }
-        float* out = &outdata[col];
-        if (map) {
-            std::vector<float> nodes(m), rows(rowstride);
-            for (int j = 0; j < m; ++j) nodes[j] = pixPerSample * j;
-            for (int j = 0; j < rowstride; ++j) rows[j] = j;
-            intlin(m, nodes.data(), trace.data(), rowstride, rows.data(), out, trace[0], trace[m - 1]);
-        } else {
-            std::vector<float> low(trace);
-            if (parm.antialias && pixPerSample < 1.0f)
-                antialias(pixPerSample, 0, m, trace.data(), low.data());
-            ress8r(m, pixPerSample, 0.0f, low.data(), low[0], 0.0f, rowstride, 1.0f, 0.0f, out);
-        }
+        const float* first = parm.samples + start + size_t(parm.stride) * tr;
+        result.taps.push_back({std::vector<float>(first, first + n), start, tr});
+        resampleTrace(tr, start, dest, n, place0, &outdata[col]);
         col += rowstride;
     }
+}
 
+void Reference::put(int x, int y, QRgb color)
+{
+    if (x >= 0 && x < width && y >= 0 && y < height) result.image.setPixel(x, y, color);
+}
+
+void Reference::paintMapRow(int r)
+{
+    const int columns = cut(pixPerTrace * count);
+    std::vector<float> at(count), values(count), x(columns), spread(columns);
+    for (int k = 0; k < count; ++k) {
+        at[k] = float(k) * columns / count;
+        values[k] = valueAt(r, k);
+    }
+    for (int k = 0; k < columns; ++k) x[k] = k;
+    intlin(count, at.data(), values.data(), columns, x.data(), spread.data(), values[0], values[count - 1]);
+    for (int k = 0; k < columns; ++k) put(k + xbase, top + r, colorOf(*parm.colors, spread[k]));
+}
+
+void Reference::fill(float value, int axis, int prevEnd, int end, int y)
+{
+    const bool isArea = parm.displayType == WiggleVA || parm.displayType == VA;
+    const bool isColor = parm.displayType == ColorB || parm.displayType == ColorWiggle;
+    if (isArea && value > 0)
+        for (int x = std::max(axis, prevEnd); x <= end; ++x) put(x, y, qRgb(0, 0, 0));
+    if (!isColor) return;
+    if (value > 0) {
+        for (int x = std::max(axis, prevEnd); x <= end; ++x) put(x, y, colorOf(*parm.colors, value));
+    } else if (end <= axis) {
+        for (int x = end; x <= axis; ++x) put(x, y, colorOf(*parm.colors, value));
+    }
+}
+
+/// @param painter  null for a type without lines
+void Reference::paintRow(int r, QPainter* painter)
+{
+    const int clipPix = cut(pixPerTrace * parm.clip);
+    const int y = top + r;
+    int prevEnd = xbase;
+    for (int k = 0; k < count; ++k) {
+        const int axis = limited(cut(k * pixPerTrace + xbase), 0, width - 1);
+        const int a = limited(cut(valueAt(r, k) * pixPerTrace), -clipPix, clipPix);
+        const int end = limited(a + axis, 0, width - 1);
+        fill(valueAt(r, k), axis, prevEnd, end, y);
+        if (painter && r == 0) painter->drawLine(end, y, end, y);
+        if (painter && r > 0) {
+            const int from = limited(cut(valueAt(r - 1, k) * pixPerTrace), -clipPix, clipPix) + axis;
+            if (from < 0 || from >= width || y < 1 || std::abs(end - from) > longestExactStep)
+                drawSegment(from, end, y, [this](int px, int py, QRgb color) { put(px, py, color); });
+            else
+                painter->drawLine(from, y - 1, end, y);
+        }
+        prevEnd = end;
+    }
+}
+
+void Reference::paint()
+{
     QPainter painter;
-    const bool lines =
+    const bool hasLines =
         parm.displayType == WiggleVA || parm.displayType == Wiggle || parm.displayType == ColorWiggle;
-    if (lines) {
+    if (hasLines) {
         painter.begin(&result.image);
         painter.setPen(QPen(Qt::black, 0));
     }
-    const int clipPix = cut(pixPerTrace * parm.clip);
-    const int columns = map ? cut(pixPerTrace * count) : count;
-    const int top = cut(parm.y.p2);
-    const auto put = [&](int x, int y, QRgb color) {
-        if (x >= 0 && x < width && y >= 0 && y < height) result.image.setPixel(x, y, color);
-    };
-    const auto valueAt = [&](int r, int k) {
-        return r < rowstride ? outdata[r + size_t(k) * rowstride] : 0.0f;
-    };
-    for (int r = 0; r < height - top; ++r) {
-        const int y = top + r;
-        if (map) {
-            std::vector<float> at(count), values(count), x(columns), spread(columns);
-            for (int k = 0; k < count; ++k) {
-                at[k] = float(k) * columns / count;
-                values[k] = valueAt(r, k);
-            }
-            for (int k = 0; k < columns; ++k) x[k] = k;
-            intlin(count, at.data(), values.data(), columns, x.data(), spread.data(), values[0],
-                   values[count - 1]);
-            for (int k = 0; k < columns; ++k) put(k + xbase, y, colorOf(*parm.colors, spread[k]));
-            continue;
-        }
-        int prevEnd = xbase;
-        for (int k = 0; k < columns; ++k) {
-            const int axis = limited(cut(k * pixPerTrace + xbase), 0, width - 1);
-            const float value = valueAt(r, k);
-            const float previous = r > 0 ? valueAt(r - 1, k) : 0.0f;
-            const int a = limited(cut(value * pixPerTrace), -clipPix, clipPix);
-            const int end = limited(a + axis, 0, width - 1);
-            switch (parm.displayType) {
-            case WiggleVA:
-            case VA:
-                if (value > 0)
-                    for (int x = std::max(axis, prevEnd); x <= end; ++x) put(x, y, qRgb(0, 0, 0));
-                break;
-            case ColorB:
-            case ColorWiggle:
-                if (value > 0) {
-                    for (int x = std::max(axis, prevEnd); x <= end; ++x)
-                        put(x, y, colorOf(*parm.colors, value));
-                } else if (end <= axis) {
-                    for (int x = end; x <= axis; ++x) put(x, y, colorOf(*parm.colors, value));
-                }
-                break;
-            default: break;
-            }
-            if (lines) {
-                const int from = limited(cut(previous * pixPerTrace), -clipPix, clipPix) + axis;
-                if (r == 0)
-                    painter.drawLine(end, y, end, y);
-                else if (from < 0 || from >= width || y < 1 || std::abs(end - from) > longestExactStep)
-                    drawSegment(from, end, y, put);
-                else
-                    painter.drawLine(from, y - 1, end, y);
-            }
-            prevEnd = end;
-        }
-    }
-    return result;
+    for (int r = 0; r < height - top; ++r)
+        isMap() ? paintMapRow(r) : paintRow(r, hasLines ? &painter : nullptr);
+}
+
+ReferencePicture referenceRender(const RasterParm& parm)
+{
+    Reference reference(parm);
+    if (!reference.findWindow()) return {};
+    reference.result.image = QImage(reference.width, reference.height, QImage::Format_RGB32);
+    reference.result.image.fill(parm.background);
+    if (reference.count < 1) return reference.result;
+    reference.resampleTraces();
+    reference.paint();
+    return reference.result;
 }

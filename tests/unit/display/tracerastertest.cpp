@@ -28,7 +28,7 @@ struct Gather {
             if (i % 4 == 2) trace[samples / 2] = -40.0f;
             if (i % 6 == 4) trace[samples / 4] = std::numeric_limits<float>::quiet_NaN();
             if (i % 6 == 5) trace[samples / 5] = std::numeric_limits<float>::infinity();
-            for (int j = 0; j < i % 9; ++j) trace[j] = 0.0f;
+            for (int j = 0; j < std::min(samples, i % 9); ++j) trace[j] = 0.0f;
             divisors.push_back(i % 7 == 3 ? 0.0f : 0.5f + 0.1f * i);
             offsets.push_back(-300.0f + 70.0f * i);
         }
@@ -533,7 +533,7 @@ TEST(TraceRaster, AHyperbolaOfKnownVelocityIsFlat)
 
 TEST(TraceRaster, BothProcessorVariantsAndAnyNumberOfThreadsGiveTheSamePicture)
 {
-    const Gather gather(61, 300);
+    const Gather gather(450, 300);  // large enough to be shared out
     const int threads = omp_get_max_threads();
     for (DisplayType type : allTypes)
         for (int moveout : {0, 2}) {

@@ -1,0 +1,78 @@
+#include "analysis/parmmenudialog.h"
+
+#include "display/displaymenu.h"
+#include "display/seismicdisplay.h"
+
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displaylist,
+                               QList<SeismicDisplay*>* otherlist)
+    : QDialog(parent)
+{
+    setObjectName("ParmMenuDialog");
+    setWindowTitle("Parameter Menu");
+    auto* layout = new QVBoxLayout(this);
+    _tabView = new QTabWidget;
+    _tabView->setObjectName("tabView");
+    _displayMenu = new DisplayMenu(displaylist, otherlist);
+    _tabView->addTab(_displayMenu, "Display");
+    layout->addWidget(_tabView, 1);
+
+    auto* group = new QGroupBox("Active Display");
+    _displayLayout = new QHBoxLayout(group);
+    _groupDisplay = new QButtonGroup(this);
+    _groupDisplay->setExclusive(true);
+    layout->addWidget(group);
+
+    auto* dismiss = new QPushButton("Dismiss");
+    dismiss->setObjectName("dismissButton");
+    dismiss->setToolTip(tr("Hides this menu; all settings stay"));
+    dismiss->setAutoDefault(false);  // Return in a field must not hide the menu
+    auto* foot = new QHBoxLayout;
+    foot->addStretch();
+    foot->addWidget(dismiss);
+    layout->addLayout(foot);
+
+    connect(dismiss, &QPushButton::clicked, this, &QDialog::hide);
+    connect(_groupDisplay, &QButtonGroup::idClicked, this, &ParmMenuDialog::changeDisplay);
+    if (!displaylist->isEmpty()) addNewDisplay(displaylist->first());
+    if (otherlist)
+        for (SeismicDisplay* display : qAsConst(*otherlist)) addNewDisplay(display);
+}
+
+void ParmMenuDialog::update()
+{
+    _displayMenu->update();
+}
+
+void ParmMenuDialog::updateAll()
+{
+    changeDisplay(_lastid);
+}
+
+void ParmMenuDialog::updateGain()
+{
+    _displayMenu->updateGain();
+}
+
+void ParmMenuDialog::changeDisplay(int id)
+{
+    _displayMenu->setDisplay(id);
+    _lastid = id;
+}
+
+void ParmMenuDialog::addNewDisplay(SeismicDisplay* display)
+{
+    auto* button = new QRadioButton(display->displayTitle());
+    button->setObjectName(QString("displayButton%1").arg(_ibcount));
+    button->setToolTip(tr("The controls act on this display"));
+    button->setChecked(_ibcount == 0);
+    _groupDisplay->addButton(button, _ibcount);
+    _displayLayout->addWidget(button);
+    ++_ibcount;
+}

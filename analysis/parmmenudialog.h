@@ -1,0 +1,46 @@
+/// The tabbed parameter menu of a main window.
+#ifndef PARMMENUDIALOG_H
+#define PARMMENUDIALOG_H
+
+#include <QDialog>
+#include <QList>
+
+class DisplayMenu;
+class QButtonGroup;
+class QHBoxLayout;
+class QTabWidget;
+class SeismicDisplay;
+
+/// Holds the tabs that change how the displays look, and the choice of the display they act on. There is
+/// no Apply: each control acts at once.
+class ParmMenuDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// The lists are lent and outlive the dialog; the second may be null. A button is made for the main list,
+    /// under the name of its first display, and one for each of the others.
+    ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist);
+
+    /// Shows what has changed with the data, after a new ensemble.
+    void update();
+    /// Shows all parameters anew, after a new file.
+    void updateAll();
+    void updateGain();
+    /// Adds a button to choose a display by; the first is checked.
+    void addNewDisplay(SeismicDisplay* display);
+
+public slots:
+    /// 0 chooses the main displays, k the k-th of the others.
+    void changeDisplay(int id);
+
+private:
+    QTabWidget* _tabView;
+    DisplayMenu* _displayMenu;
+    QButtonGroup* _groupDisplay;
+    QHBoxLayout* _displayLayout;
+    int _ibcount = 0;  // buttons made
+    int _lastid = 0;   // the active one
+};
+
+#endif
