@@ -40,8 +40,9 @@ SegyMapThread* SegyLoader::startIndexBuild()
 
 void SegyLoader::takeBuiltMap()
 {
-    if (!_thread || !_thread->isFinished()) return;
-    if (!_thread->lines().empty()) _report->line(_thread->lines());
+    if (!_thread || !_thread->isDone()) return;
+    const std::string lines = _thread->takeLines();
+    if (!lines.empty()) _report->line(lines);
     if (!_thread->isComplete()) return;
     // The ensemble on screen was read without an index: it is known by the place of its first trace.
     _segydata->setMap(_thread->takeMap());

@@ -68,6 +68,12 @@ SegyMap SegyMapThread::takeMap()
 
 void SegyMapThread::run()
 {
+    build();
+    _isDone = true;
+}
+
+void SegyMapThread::build()
+{
     KeptLines report(&_lines);
     StopOnRequest stop;
     segyData2 data(_parm, &report, &stop);

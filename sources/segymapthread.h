@@ -7,7 +7,9 @@
 
 #include <QThread>
 
+#include <atomic>
 #include <string>
+#include <utility>
 
 /// Longest run of stack traces in file order; the map must not be sorted yet. 0 for other sorts.
 int longestStackRun(const SegyMap& map, int mysort);
@@ -21,19 +23,23 @@ public:
     SegyMapThread(const segyData2& opened, const SegySortKeys& keys);
     ~SegyMapThread() override;
 
+    /// True once the build has ended, well or not; from then on the results may be read.
+    bool isDone() const { return _isDone; }
     bool isComplete() const { return _isComplete; }
     bool isRemapRejected() const { return _isRemapRejected; }
     /// The sorted map; it can be taken once.
     SegyMap takeMap();
     const SegySortKeys& keys() const { return _keys; }
     int longestRun() const { return _longestRun; }
-    /// The lines that the build has told; for the report of the main thread.
-    const std::string& lines() const { return _lines; }
+    /// The lines that the build has told; for the report of the main thread, once.
+    std::string takeLines() { return std::exchange(_lines, std::string()); }
 
 protected:
     void run() override;
 
 private:
+    void build();
+
     const QString _file;
     const SegyReadParm _parm;
     const segyReel _reel;
@@ -43,6 +49,7 @@ private:
     std::string _lines;
     int _longestRun = 0;
     bool _isComplete = false;
+    std::atomic<bool> _isDone = false;  // written last, read first: it orders all of the above
     bool _isRemapRejected = false;
 };
 

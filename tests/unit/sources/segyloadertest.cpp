@@ -1,120 +1,15 @@
-/// Ensembles out of SEG-Y files: sequentially, by index, and while an index is being built.
-#include "host/globals.h"
+/// Ensembles out of SEG-Y files, sequentially and by index.
 #include "host/flow/stheader.h"
-#include "sources/segyloader.h"
-#include "sources/segymapthread.h"
-#include "tests/unit/sources/segybuilder.h"
+#include "host/globals.h"
+#include "tests/unit/sources/segyloaderfixture.h"
 #include "tracedata/headertable.h"
 #include "tracedata/parmmenu.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QTemporaryDir>
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <filesystem>
 
-using Floats = std::vector<float>;
 using testing::ElementsAre;
-
-namespace {
-
-/// The arguments of a loader by name.
-struct LoaderParm {
-    std::string files;
-    int isort = 0, itype = 0, iformat = 0, ivariable = 0, icscale = 0, iescale = 0, nsamp = 0, maxtr = 0;
-    float srate = 0.0f;
-    int iremap = 0, indexbuilt = 0;
-    bool isstandalone = true;
-};
-
-struct Loaded {
-    CollectReport report;
-    SegyLoader loader;
-    bool isGood = false;
-
-    explicit Loaded(const LoaderParm& p)
-        : loader(1, QString::fromStdString(p.files), 0, p.isort, p.itype, p.iformat, p.ivariable, 1, p.icscale,
-                 p.iescale, p.nsamp, p.maxtr, p.srate, p.iremap, p.indexbuilt, p.isstandalone, &report)
-    {
-    }
-    Loaded& open()
-    {
-        isGood = loader.openFiles();
-        if (isGood) loader.initBuild();
-        return *this;
-    }
-    int word(int iTrace, const char* name)
-    {
-        return loader.getHeaders()[iTrace][loader.segyHeader()->OrvinHeaderIndex(name)];
-    }
-    float real(int iTrace, const char* name)
-    {
-        const int bits = word(iTrace, name);
-        float value;
-        std::memcpy(&value, &bits, sizeof value);
-        return value;
-    }
-    std::vector<int> words(const char* name)
-    {
-        std::vector<int> all;
-        for (int i = 0; i < loader.numTraces(); ++i) all.push_back(word(i, name));
-        return all;
-    }
-    Floats firstSamples()
-    {
-        Floats all;
-        for (int i = 0; i < loader.numTraces(); ++i) all.push_back(loader.getTraces()[i][0]);
-        return all;
-    }
-};
-
-class SegyLoaderTest : public testing::Test
-{
-protected:
-    std::string save(const SegyBuilder& file, const char* name = "a.sgy")
-    {
-        return file.save(_folder.filePath(name).toStdString());
-    }
-    /// Shots of the given sizes: FFID 10, 20, ..., channels from 1, first sample FFID + channel.
-    static SegyBuilder shots(const std::vector<int>& sizes)
-    {
-        SegyBuilder file(3);
-        for (size_t shot = 0; shot < sizes.size(); ++shot)
-            for (int channel = 1; channel <= sizes[shot]; ++channel) {
-                const int ffid = 10 * (int(shot) + 1);
-                file.addTrace(Floats{float(ffid + channel), 0.5f, -0.5f});
-                const size_t i = file.traceStarts.size() - 1;
-                file.setHeader<int32_t>(i, 0, int(i) + 1);
-                file.setHeader<int32_t>(i, 8, ffid);
-                file.setHeader<int32_t>(i, 12, channel);
-                file.setHeader<int16_t>(i, 28, 1);
-                file.setHeader<int32_t>(i, 36, 25 * channel);
-            }
-        return file;
-    }
-    QTemporaryDir _folder;
-};
-
-void waitForIndex(SegyLoader* loader)
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (!loader->isIndexBuilt() && clock.elapsed() < 10000) QCoreApplication::processEvents();
-    ASSERT_TRUE(loader->isIndexBuilt());
-}
-
-/// Signals of threads need an application; one serves all tests of the program.
-const auto application = [] {
-    static int argc = 1;
-    static char name[] = "unit_sources";
-    static char* argv[] = {name, nullptr};
-    return new QCoreApplication(argc, argv);
-}();
-
-}  // namespace
 
 TEST_F(SegyLoaderTest, WithoutAnIndexAnEnsembleEndsWhereThePrimaryKeyChanges)
 {
@@ -654,72 +549,6 @@ TEST_F(SegyLoaderTest, ACutLastTraceIsMentioned)
     Loaded l({save(file)});
     ASSERT_TRUE(l.open().isGood);
     EXPECT_TRUE(l.report.hasAssumed("1 trace is cut by the end of the file, trace 2 (248 bytes of 252)"));
-}
-
-TEST_F(SegyLoaderTest, ABackgroundBuildLeavesTheEnsembleAndThenNextGoesOnFromIt)
-{
-    // file order 20, 10, 30: the ensemble on screen is the list's second entry
-    SegyBuilder file(1);
-    for (int ffid : {20, 20, 10, 30}) {
-        file.addTrace(Floats{float(ffid)});
-        file.setHeader<int32_t>(file.traceStarts.size() - 1, 8, ffid);
-    }
-    Loaded l({save(file)});
-    ASSERT_TRUE(l.open().isGood);
-    l.loader.loadNextEnsemble(1);
-    EXPECT_THAT(l.firstSamples(), ElementsAre(20, 20));
-    int nBuilt = 0;
-    QObject::connect(&l.loader, &SegyLoader::indexBuilt, [&] { ++nBuilt; });
-    ASSERT_NE(l.loader.startIndexBuild(), nullptr);
-    EXPECT_FALSE(l.loader.isIndexBuilt());
-    EXPECT_FALSE(l.loader.canSeek());
-    waitForIndex(&l.loader);
-    EXPECT_EQ(nBuilt, 1);
-    EXPECT_THAT(l.firstSamples(), ElementsAre(20, 20)) << "what is on screen stays";
-    EXPECT_EQ(l.loader.priCurKey(), 1);
-    l.loader.loadNextEnsemble(1);
-    EXPECT_THAT(l.firstSamples(), ElementsAre(30));
-    EXPECT_TRUE(l.loader.loadLastEnsemble(2));
-    EXPECT_THAT(l.firstSamples(), ElementsAre(10));
-}
-
-TEST_F(SegyLoaderTest, ReadingGoesOnWhileTheIndexIsBuilt)
-{
-    Loaded l({save(shots(std::vector<int>(200, 5)))});
-    ASSERT_TRUE(l.open().isGood);
-    l.loader.startIndexBuild();
-    for (int shot = 1; shot <= 50; ++shot) {
-        l.loader.loadNextEnsemble(1);
-        ASSERT_EQ(l.loader.numTraces(), 5);
-        ASSERT_EQ(l.loader.getTraces()[0][0], float(10 * shot + 1));
-    }
-    waitForIndex(&l.loader);
-    EXPECT_EQ(l.loader.priCurKey(), 49);
-    EXPECT_EQ(l.loader.numEnsembles(), 200);
-}
-
-TEST_F(SegyLoaderTest, ASortChangedDuringTheBuildIsTheOneThatCounts)
-{
-    Loaded l({save(shots({2, 3}))});
-    ASSERT_TRUE(l.open().isGood);
-    l.loader.loadNextEnsemble(1);
-    l.loader.startIndexBuild();
-    l.loader.buildNewSort(11);
-    waitForIndex(&l.loader);
-    EXPECT_EQ(l.loader.numEnsembles(), 5);
-    EXPECT_EQ(l.loader.priCurKey(), 0);
-}
-
-TEST_F(SegyLoaderTest, ALoaderThatGoesDuringABuildStopsIt)
-{
-    const std::string name = save(shots(std::vector<int>(300, 20)));
-    for (int i = 0; i < 20; ++i) {
-        auto l = std::make_unique<Loaded>(LoaderParm{name});
-        ASSERT_TRUE(l->open().isGood);
-        l->loader.startIndexBuild();
-        l.reset();
-    }
-    QCoreApplication::processEvents();
 }
 
 TEST_F(SegyLoaderTest, TheSignalTellsTheViewsToReadAnew)
