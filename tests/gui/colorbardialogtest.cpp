@@ -361,11 +361,11 @@ void ColorBarDialogTest::theOverlayBoxMovesToTheOtherBar()
 {
     PageFixture f;
     QVERIFY(!f.find<QCheckBox>("overlayBox")->isEnabled());
-    ColorBarFrame second;
+    TestEnsemble ensemble(20, 500);
+    f[0]->setOverlayMode(true);
+    f.load(ensemble);
+    ColorBarFrame& second = f.host.overlayBar;
     second.setNumColors(5);
-    auto* overlay = new SeismicPlot(nullptr, f[0]->seismicData(), "overlayplot");
-    overlay->setColorBar(&second);
-    f[0]->setOverlayPlot(overlay);
     f.page->setOverlayMode(true);
     f.find<QCheckBox>("overlayBox")->click();
     QCOMPARE(f.find<NumberEdit>("numColorsEdit")->text(), QString("5"));
