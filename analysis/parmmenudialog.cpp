@@ -2,6 +2,7 @@
 
 #include "display/colorbardialog.h"
 #include "display/displaymenu.h"
+#include "display/scalemenu.h"
 #include "display/seismicdisplay.h"
 
 #include <QButtonGroup>
@@ -22,6 +23,8 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
     _tabView->setObjectName("tabView");
     _displayMenu = new DisplayMenu(displaylist, otherlist);
     _tabView->addTab(_displayMenu, "Display");
+    _scaleMenu = new ScaleMenu(displaylist, otherlist);
+    _tabView->addTab(_scaleMenu, "Plot");
     _colordiag = new ColorBarDialog(displaylist, otherlist);
     _tabView->addTab(_colordiag, "Color Bar");
     layout->addWidget(_tabView, 1);
@@ -42,6 +45,7 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
     layout->addLayout(foot);
 
     connect(dismiss, &QPushButton::clicked, this, &QDialog::hide);
+    connect(_scaleMenu, &ScaleMenu::conditioningChanged, this, &ParmMenuDialog::updateGain);
     connect(_groupDisplay, &QButtonGroup::idClicked, this, &ParmMenuDialog::changeDisplay);
     if (!displaylist->isEmpty()) addNewDisplay(displaylist->first());
     if (otherlist)
@@ -51,10 +55,12 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
 void ParmMenuDialog::update()
 {
     _displayMenu->update();
+    _scaleMenu->update();
 }
 
 void ParmMenuDialog::updateAll()
 {
+    _scaleMenu->setDisplay(_lastid);
     _displayMenu->setDisplay(_lastid);
 }
 
@@ -66,6 +72,7 @@ void ParmMenuDialog::updateGain()
 void ParmMenuDialog::changeDisplay(int id)
 {
     _colordiag->setDisplay(id);
+    _scaleMenu->setDisplay(id);
     _displayMenu->setDisplay(id);
     _lastid = id;
 }

@@ -10,6 +10,7 @@ class DisplayMenu;
 class QButtonGroup;
 class QHBoxLayout;
 class QTabWidget;
+class ScaleMenu;
 class SeismicDisplay;
 
 /// Holds the tabs that change how the displays look, and the choice of the display they act on. There is
@@ -38,6 +39,7 @@ public slots:
 private:
     QTabWidget* _tabView;
     DisplayMenu* _displayMenu;
+    ScaleMenu* _scaleMenu;
     ColorBarDialog* _colordiag;
     QButtonGroup* _groupDisplay;
     QHBoxLayout* _displayLayout;

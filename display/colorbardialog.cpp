@@ -5,6 +5,7 @@
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "host/home.h"
+#include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
 
 #include <QCheckBox>
@@ -43,26 +44,14 @@ ColorBarDialog::ColorBarDialog(QList<SeismicDisplay*>* displaylist, QList<Seismi
 
 static QPushButton* makeButton(const char* name, const QString& text, const QString& tip)
 {
-    auto* button = new QPushButton(text);
-    button->setObjectName(name);
-    button->setToolTip(tip);
+    auto* button = makeControl<QPushButton>(name, tip, text);
     button->setAutoDefault(false);
     return button;
 }
 
-static QCheckBox* makeBox(const char* name, const QString& text, const QString& tip)
-{
-    auto* box = new QCheckBox(text);
-    box->setObjectName(name);
-    box->setToolTip(tip);
-    return box;
-}
-
 void ColorBarDialog::makeTable(QGridLayout* grid)
 {
-    _colorTable = new ColorStopTable;
-    _colorTable->setObjectName("colorTable");
-    _colorTable->setToolTip(tr("Color stops from high to low values. Double click a color to choose another; type a "
+    _colorTable = makeControl<ColorStopTable>("colorTable", tr("Color stops from high to low values. Double click a color to choose another; type a "
                                "percentage from 0 to 100 into a blank row to add a stop, clear it to drop one"));
     grid->addWidget(_colorTable, 0, 0);
     _resetButton = makeButton("resetButton", "Reset", tr("Back to the colors from before the menu was opened"));
@@ -78,19 +67,19 @@ void ColorBarDialog::makeTable(QGridLayout* grid)
 
 void ColorBarDialog::makeProperties(QGridLayout* grid)
 {
-    _numColorsEdit = new NumberEdit(1.0, 65536.0);
-    _numColorsEdit->setObjectName("numColorsEdit");
-    _numColorsEdit->setToolTip(tr("Steps that the range of amplitudes is divided into, 1 to 65536"));
+    _numColorsEdit = makeControl<NumberEdit>(
+        "numColorsEdit", tr("Steps that the range of amplitudes is divided into, 1 to 65536"), 1.0, 65536.0);
     _numColorsEdit->setWhole(true);
-    _scaledBox = makeBox("scaledBox", "Scaled Colors", tr("Mix colors between the stops; else each stop's color reaches up to the next"));
-    _drawScaleBox = makeBox("drawScaleBox", "Draw Scale Values", tr("Amplitudes beside the color bar"));
+    _scaledBox = makeControl<QCheckBox>(
+        "scaledBox", tr("Mix colors between the stops; else each stop's color reaches up to the next"), "Scaled Colors");
+    _drawScaleBox = makeControl<QCheckBox>("drawScaleBox", tr("Amplitudes beside the color bar"), "Draw Scale Values");
     _backgroundButton = makeButton("backgroundButton", "Background Color", tr("Color of the picture where there are no traces"));
-    _fileList = new QListWidget;
-    _fileList->setObjectName("fileList");
-    _fileList->setToolTip(tr("Color files of your folder; a double click loads one"));
+    _fileList = makeControl<QListWidget>("fileList", tr("Color files of your folder; a double click loads one"));
     _fileList->setIconSize(QSize(4, 1) * fontMetrics().height());
     _loadButton = makeButton("loadButton", "Load", tr("Paint with the colors of the chosen file"));
-    _overlayBox = makeBox("overlayBox", "Change Overlay Colorbar", tr("The controls act on the color bar of the overlay data, if there are any"));
+    _overlayBox = makeControl<QCheckBox>(
+        "overlayBox", tr("The controls act on the color bar of the overlay data, if there are any"),
+        "Change Overlay Colorbar");
 
     auto* column = new QVBoxLayout;
     auto* count = new QHBoxLayout;

@@ -3,6 +3,7 @@
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "tracedata/parmmenu.h"
+#include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
 
 #include <QCheckBox>
@@ -28,16 +29,6 @@ DisplayMenu::DisplayMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDispl
     grid->setColumnStretch(1, 1);
     connectControls();
     setDisplay(0);
-}
-
-/// Makes a control of this menu, with the name that tests and scripts find it by.
-template <typename Control, typename... Arguments>
-static Control* makeControl(const char* name, const QString& tip, Arguments... arguments)
-{
-    auto* control = new Control(arguments...);
-    control->setObjectName(name);
-    control->setToolTip(tip);
-    return control;
 }
 
 static QComboBox* makeCombo(const char* name, const QString& tip, const QStringList& choices)

@@ -1,0 +1,401 @@
+#include "display/scalemenu.h"
+
+#include "display/axisstep.h"
+#include "display/seismicdisplay.h"
+#include "display/seismicplot.h"
+#include "sources/segyheader.h"
+#include "tracedata/parmmenu.h"
+#include "tracedata/seismicdata.h"
+#include "widgets/namedcontrol.h"
+#include "widgets/numberedit.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QVBoxLayout>
+#include <qwt_plot_grid.h>
+#include <qwt_scale_div.h>
+
+#include <cmath>
+
+ScaleMenu::ScaleMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist, QWidget* parent)
+    : QWidget(parent), _selection(displaylist, otherlist)
+{
+    setObjectName("ScaleMenu");
+    setWindowTitle("Plot Attributes");
+    auto* column = new QVBoxLayout(this);
+    makeGrids(column);
+    makeHeaders(column);
+    makeConditioners(column);
+    makeOverlay(column);
+    column->addStretch();
+    connectControls();
+    setDisplay(0);
+}
+
+static NumberEdit* makeEdit(const char* name, const QString& tip, double least, double largest, bool isWhole)
+{
+    auto* edit = makeControl<NumberEdit>(name, tip, least, largest);
+    edit->setWhole(isWhole);
+    return edit;
+}
+
+static void addWidgets(QGridLayout* grid, const QList<QWidget*>& widgets)
+{
+    const int row = grid->rowCount();
+    for (int i = 0; i < widgets.size(); ++i) grid->addWidget(widgets[i], row, i);
+}
+
+static QGridLayout* makeGroup(QVBoxLayout* column, const QString& title)
+{
+    auto* group = new QGroupBox(title);
+    column->addWidget(group);
+    auto* grid = new QGridLayout(group);
+    grid->setContentsMargins(9, 4, 9, 4);
+    return grid;
+}
+
+void ScaleMenu::makeGrids(QVBoxLayout* column)
+{
+    _gridTBox = makeControl<QCheckBox>("gridTBox", tr("Lines at the steps of the time axis"), "Major Grid:");
+    _gridTMajorEdit = makeEdit("gridTMajorEdit", tr("Step of the time axis, in ms"), 1e-3, 1e6, false);
+    _gridTMinorBox = makeControl<QCheckBox>("gridTMinorBox", tr("Lines between the steps of the time axis"), "Minor Grid:");
+    _gridTMinorEdit = makeEdit("gridTMinorEdit", tr("Wanted step between minor lines, in ms; the plot itself chooses how to divide the major step"), 1e-3, 1e6, false);
+    _gridSBox = makeControl<QCheckBox>("gridSBox", tr("Lines at the steps of the trace axis"), "Major Grid:");
+    _gridSMajorEdit = makeEdit("gridSMajorEdit", tr("Step of the trace axis, in traces"), 1.0, 1e6, false);
+    _gridSMinorBox = makeControl<QCheckBox>("gridSMinorBox", tr("Lines between the steps of the trace axis"), "Minor Grid:");
+    _gridSMinorEdit = makeEdit("gridSMinorEdit", tr("Wanted step between minor lines, in traces; the plot itself chooses how to divide the major step"), 1e-3, 1e6, false);
+    _gridTMinorEdit->setNumber(100.0);
+    _gridSMinorEdit->setNumber(1.0);
+    QGridLayout* grid = makeGroup(column, "Grid");
+    addWidgets(grid, {new QLabel("Time: "), _gridTBox, _gridTMajorEdit, new QLabel("ms"), _gridTMinorBox, _gridTMinorEdit, new QLabel("ms")});
+    addWidgets(grid, {new QLabel("Trace: "), _gridSBox, _gridSMajorEdit, new QLabel("trc"), _gridSMinorBox, _gridSMinorEdit, new QLabel("trc")});
+    grid->setColumnStretch(7, 1);
+}
+
+/// A combo of header words, which are many and long.
+static QComboBox* makeHeaderBox(const char* name, const QString& tip)
+{
+    auto* box = makeControl<QComboBox>(name, tip);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(28);
+    box->addItem("None");
+    return box;
+}
+
+void ScaleMenu::makeHeaders(QVBoxLayout* column)
+{
+    const QString later = tr("The header graph is not built yet");
+    _header1Box = makeHeaderBox("header1Box", later);
+    _header2Box = makeHeaderBox("header2Box", later);
+    QGridLayout* grid = makeGroup(column, "Header Plot");
+    addWidgets(grid, {new QLabel("Header to plot 1:"), _header1Box});
+    addWidgets(grid, {new QLabel("Header to plot 2:"), _header2Box});
+    grid->setColumnStretch(1, 1);
+    grid->parentWidget()->setEnabled(false);
+    grid->parentWidget()->setToolTip(later);
+
+    _prilBox = makeHeaderBox("prilBox", tr("Header word in the title above the traces"));
+    _seclBox = makeHeaderBox("seclBox", tr("Header word that labels the traces"));
+    grid = makeGroup(column, "Primary/Secondary Label");
+    addWidgets(grid, {new QLabel("Primary Header Label:"), _prilBox});
+    addWidgets(grid, {new QLabel("Secondary Header Label:"), _seclBox});
+    grid->setColumnStretch(1, 1);
+}
+
+void ScaleMenu::makeConditioners(QVBoxLayout* column)
+{
+    _agcBox = makeControl<QCheckBox>("agcBox", tr("Balance amplitudes along each trace"));
+    _agcEdit = makeEdit("agcEdit", tr("Length of the AGC window, in ms"), 1.0, 1e6, true);
+    _agcEdit->setNumber(500.0);
+    QGridLayout* grid = makeGroup(column, "Automatic Gain Control");
+    addWidgets(grid, {new QLabel("Apply AGC:"), _agcBox, new QLabel("Window Length:"), _agcEdit, new QLabel("msec")});
+    grid->setColumnStretch(5, 1);
+
+    _phseBox = makeControl<QCheckBox>("phseBox", tr("Rotate the phase of all frequencies"), "Phase Rotation");
+    _phseSlider = makeControl<QSlider>("phseSlider", tr("Angle, in degrees"), Qt::Horizontal);
+    _phseSlider->setRange(-360, 360);
+    _phseEdit = makeEdit("phseEdit", tr("Angle, in degrees"), -360.0, 360.0, true);
+    _phseEdit->setBlankValue(0.0);
+    _phseEdit->setNumber(0.0);
+    grid = makeGroup(column, "Phase Angle Rotation");
+    addWidgets(grid, {_phseBox, new QLabel("Angle:"), _phseSlider, _phseEdit, new QLabel("degrees")});
+    grid->setColumnStretch(2, 1);
+    _agcEdit->setEnabled(false);
+    _phseSlider->setEnabled(false);
+    _phseEdit->setEnabled(false);
+}
+
+void ScaleMenu::makeOverlay(QVBoxLayout* column)
+{
+    const QString later = tr("Overlay data are not built yet");
+    _opacBox = makeControl<QCheckBox>("opacBox", later, "Show Overlay");
+    _opacSlider = makeControl<QSlider>("opacSlider", later, Qt::Horizontal);
+    _opacSlider->setRange(1, 100);
+    _opacSlider->setValue(75);
+    _opacEdit = makeEdit("opacEdit", later, 1.0, 100.0, true);
+    _opacEdit->setNumber(75.0);
+    _opacLabel = makeControl<QLabel>("opacLabel", later, "percent");
+    QGridLayout* grid = makeGroup(column, "Overlay Plot");
+    addWidgets(grid, {_opacBox, new QLabel("Opacity:"), _opacSlider, _opacEdit, _opacLabel});
+    grid->setColumnStretch(2, 1);
+    grid->parentWidget()->setEnabled(false);
+    grid->parentWidget()->setToolTip(later);
+}
+
+void ScaleMenu::connectControls()
+{
+    const struct {
+        QCheckBox* box;
+        void (ScaleMenu::*slot)(int);
+    } boxes[] = {{_gridTBox, &ScaleMenu::changeApplyTGrid}, {_gridTMinorBox, &ScaleMenu::changeApplyMinorTGrid},
+                 {_gridSBox, &ScaleMenu::changeApplySGrid}, {_gridSMinorBox, &ScaleMenu::changeApplyMinorSGrid},
+                 {_agcBox, &ScaleMenu::changeApplyAGC},     {_phseBox, &ScaleMenu::changePhase}};
+    for (const auto& row : boxes) connect(row.box, &QCheckBox::stateChanged, this, row.slot);
+    const struct {
+        NumberEdit* edit;
+        void (ScaleMenu::*slot)();
+    } edits[] = {{_gridTMajorEdit, &ScaleMenu::changeMajorTGrid}, {_gridTMinorEdit, &ScaleMenu::changeMinorTGrid},
+                 {_gridSMajorEdit, &ScaleMenu::changeMajorSGrid}, {_gridSMinorEdit, &ScaleMenu::changeMinorSGrid},
+                 {_agcEdit, &ScaleMenu::changeAGCWin},            {_phseEdit, &ScaleMenu::changePhaseValue}};
+    for (const auto& row : edits) connect(row.edit, &NumberEdit::numberEdited, this, row.slot);
+    connect(_phseSlider, &QSlider::valueChanged, this, &ScaleMenu::changeSliderPhase);
+    connect(_prilBox, &QComboBox::textActivated, this, &ScaleMenu::changePriLabel);
+    connect(_seclBox, &QComboBox::textActivated, this, &ScaleMenu::changeSecLabel);
+}
+
+void ScaleMenu::setDisplay(int id)
+{
+    _selection.setDisplay(id);
+    showDisplay();
+    update();
+}
+
+void ScaleMenu::showDisplay()
+{
+    const SeismicDisplay* display = _selection.display();
+    if (!display) return;
+    const QScopedValueRollback<bool> showing(_doUpdate, true);
+    const QwtPlotGrid* grid = display->grid();
+    _gridTBox->setChecked(grid->yEnabled());
+    _gridTMinorBox->setChecked(grid->yMinEnabled());
+    _gridTMinorBox->setEnabled(grid->yEnabled());
+    _gridTMajorEdit->setNumber(display->timeIncrement());
+    _gridSBox->setChecked(grid->xEnabled());
+    _gridSMinorBox->setChecked(grid->xMinEnabled());
+    _gridSMinorBox->setEnabled(grid->xEnabled());
+    _gridSMajorEdit->setNumber(display->traceIncrement());
+    _agcBox->setChecked(display->seismicPlot()->isAGC());
+    _agcEdit->setEnabled(_agcBox->isChecked());
+    if (display->menu() && display->menu()->agcwinlen > 0) _agcEdit->setNumber(display->menu()->agcwinlen);
+    _phseBox->setChecked(display->seismicPlot()->isPhase());
+    _phseSlider->setEnabled(_phseBox->isChecked());
+    _phseEdit->setEnabled(_phseBox->isChecked());
+}
+
+void ScaleMenu::update()
+{
+    const SeismicDisplay* display = _selection.display();
+    if (!display || display->traceCount() == 0) return;
+    const QStringList former = _hvlist;
+    buildHeaderList();
+    for (QComboBox* box : {_prilBox, _seclBox}) {
+        if (_hvlist == former && box->count() > 1) continue;
+        box->clear();
+        box->addItem("None");
+        box->addItems(_hvlist);
+    }
+    showLabel(_prilBox, display->headerKeys().pri);
+    showLabel(_seclBox, display->headerKeys().sec);
+    _gridSMajorEdit->setNumber(display->traceIncrement());
+}
+
+/// Shows the row of a header word.
+void ScaleMenu::showLabel(QComboBox* box, int index)
+{
+    box->setCurrentIndex(_hindex.indexOf(index) + 1);  // a word that isn't listed shows as "None"
+}
+
+void ScaleMenu::buildHeaderList()
+{
+    _hlist.clear();
+    _hvlist.clear();
+    _hindex.clear();
+    const SeismicDisplay* display = _selection.display();
+    const SeismicData* data = display->seismicData();
+    SeismicHeader* first = data->getTraceHeader(0);
+    SegyHeader segy(first->headers(), data->numHeaderWords(), display->headerTable());
+    segy.setTreviaVersion(1);
+    for (int i = 0; i < data->numHeaderWords(); ++i) {
+        QString name, description;
+        if (display->isTrevia()) {
+            first->headerIndexNameS(i, name);
+            first->headerDescS(name, description);
+        } else {
+            name = segy.OrvinHeaderIndexName(i);
+            description = segy.OrvinHeaderDesc(i);
+        }
+        if (name.trimmed().isEmpty() || name == "None") continue;
+        const QString cut = name.left(8).leftJustified(8);
+        if (_hlist.contains(cut)) continue;  // the second word of a long value
+        _hlist.append(cut);
+        _hvlist.append(cut + " " + description.trimmed());
+        _hindex.append(i);
+    }
+}
+
+/// The header word of a row, counted from 0; -1 for "None".
+int ScaleMenu::headerOf(const QString& text) const
+{
+    const int row = text == "None" ? -1 : _hlist.indexOf(text.left(8));
+    return row < 0 ? -1 : _hindex[row];
+}
+
+void ScaleMenu::applyToGrids(const std::function<void(QwtPlotGrid*)>& change)
+{
+    if (_doUpdate) return;
+    for (SeismicDisplay* display : _selection.mainlist()) {
+        change(display->grid());
+        display->rePlot();
+    }
+}
+
+void ScaleMenu::changeApplyTGrid(int state)
+{
+    if (!state) _gridTMinorBox->setChecked(false);
+    _gridTMinorBox->setEnabled(state != 0);
+    applyToGrids([=](QwtPlotGrid* grid) { grid->enableY(state != 0); });
+}
+
+void ScaleMenu::changeApplyMinorTGrid(int state)
+{
+    applyToGrids([=](QwtPlotGrid* grid) { grid->enableYMin(state != 0); });
+}
+
+void ScaleMenu::changeApplySGrid(int state)
+{
+    if (!state) _gridSMinorBox->setChecked(false);
+    _gridSMinorBox->setEnabled(state != 0);
+    applyToGrids([=](QwtPlotGrid* grid) { grid->enableX(state != 0); });
+}
+
+void ScaleMenu::changeApplyMinorSGrid(int state)
+{
+    applyToGrids([=](QwtPlotGrid* grid) { grid->enableXMin(state != 0); });
+}
+
+/// Changes the step of some axes; a part of the data that is zoomed or panned to stays in view.
+static void changeStep(SeismicDisplay* display, const QList<int>& axes, double step,
+                       const std::function<void()>& change)
+{
+    const bool showsPart = display->isZoomed() || display->isPanned();
+    QList<QwtScaleDiv> shown;
+    for (const int axis : axes) shown.append(display->axisScaleDiv(axis));
+    change();
+    for (int i = 0; showsPart && i < axes.size(); ++i)
+        display->setAxisScale(axes[i], shown[i].lowerBound(), shown[i].upperBound(), axisStep(shown[i].range(), step));
+    display->rePlot();
+}
+
+void ScaleMenu::changeMajorTGrid()
+{
+    const double step = _gridTMajorEdit->number();
+    for (SeismicDisplay* display : _selection.mainDisplays())
+        changeStep(display, {QwtPlot::yLeft, QwtPlot::yRight}, step, [=] { display->setTimeIncrement(float(step)); });
+}
+
+void ScaleMenu::changeMajorSGrid()
+{
+    const double step = _gridSMajorEdit->number();
+    for (SeismicDisplay* display : _selection.mainlist())
+        changeStep(display, {QwtPlot::xTop, QwtPlot::xBottom}, step, [=] { display->setTraceIncrement(float(step)); });
+}
+
+/// The minor division stays the plot's own.
+void ScaleMenu::changeMinorTGrid()
+{
+    for (SeismicDisplay* display : _selection.mainlist()) display->rePlot();
+}
+
+void ScaleMenu::changeMinorSGrid()
+{
+    for (SeismicDisplay* display : _selection.mainlist()) display->rePlot();
+}
+
+void ScaleMenu::applyToLabels(const std::function<void(SeismicDisplay*)>& change)
+{
+    for (SeismicDisplay* display : _selection.mainlist()) {
+        change(display);
+        display->rebuildPlot();
+    }
+}
+
+void ScaleMenu::changePriLabel(const QString& text)
+{
+    applyToLabels([index = headerOf(text)](SeismicDisplay* display) { display->setPriKey(index); });
+}
+
+void ScaleMenu::changeSecLabel(const QString& text)
+{
+    applyToLabels([index = headerOf(text)](SeismicDisplay* display) { display->setSecKey(index); });
+}
+
+/// Changes a conditioner of each plot, runs the chain, and repaints.
+void ScaleMenu::condition(const std::function<void(SeismicPlot*)>& change)
+{
+    for (SeismicDisplay* display : _selection.mainlist()) {
+        change(display->seismicPlot());
+        display->seismicPlot()->computeNormalizer();
+        display->rebuildPlot();
+    }
+    emit conditioningChanged();
+}
+
+void ScaleMenu::changeApplyAGC(int state)
+{
+    _agcEdit->setEnabled(state != 0);
+    if (_doUpdate) return;
+    const int window = int(_agcEdit->number());
+    condition([=](SeismicPlot* plot) { plot->applyAGC(state != 0, window); });
+    for (SeismicDisplay* display : _selection.mainlist()) {
+        if (!display->menu()) continue;
+        display->menu()->iagc = state != 0;
+        display->menu()->agcwinlen = window;
+    }
+}
+
+void ScaleMenu::changeAGCWin()
+{
+    changeApplyAGC(_agcBox->isChecked());
+}
+
+void ScaleMenu::setPhase(bool state, int angle)
+{
+    condition([=](SeismicPlot* plot) { plot->applyPhase(state, angle); });
+}
+
+void ScaleMenu::changePhase(int state)
+{
+    _phseSlider->setEnabled(state != 0);
+    _phseEdit->setEnabled(state != 0);
+    if (!_doUpdate) setPhase(state != 0, int(_phseEdit->number()));
+}
+
+void ScaleMenu::changeSliderPhase(int value)
+{
+    _phseEdit->setNumber(value);
+    setPhase(true, value);
+}
+
+void ScaleMenu::changePhaseValue()
+{
+    const int angle = int(_phseEdit->number());
+    const QSignalBlocker quiet(_phseSlider);
+    _phseSlider->setValue(angle);
+    setPhase(true, angle);
+}

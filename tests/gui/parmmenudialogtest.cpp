@@ -1,0 +1,229 @@
+/// The parameter menu as a whole: its tabs, the choice of the display, and its place in the main window.
+#include "analysis/parmmenudialog.h"
+
+#include "display/colorbardialog.h"
+#include "display/displaymenu.h"
+#include "display/myqwtplotcanvas.h"
+#include "display/scalemenu.h"
+#include "display/seismicplot.h"
+#include "frame/mainwindow.h"
+#include "frame/windowactions.h"
+#include "sources/segyloadparm.h"
+#include "tests/gui/displayfixture.h"
+#include "tests/testdata.h"
+#include "widgets/numberedit.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+
+#include <cmath>
+
+class ParmMenuDialogTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void theTabsStandInOrder();
+    void thereIsAButtonForEachDisplay();
+    void choosingADisplayReachesAllTabs();
+    void returnInAFieldDoesNotHideTheMenu();
+    void dismissHidesAndTheSettingsStay();
+    void gainControlRefreshesTheAutomaticRange();
+    void theWindowOpensOneMenuAndRefreshesIt();
+    void anotherFileShowsItsOwnParameters();
+    void aLoadedColorFileIsKeptForTheNextSession();
+
+private:
+    QTemporaryDir _home;
+};
+
+void ParmMenuDialogTest::initTestCase()
+{
+    QVERIFY(_home.isValid());
+    qputenv("TREVIA_HOME", _home.path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", _home.path().toLocal8Bit());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _home.path());
+}
+
+/// Displays of 20 traces, the last one not a main display, and the menu on them.
+struct MenuFixture : DisplayFixture {
+    TestEnsemble ensemble{20, 500};
+    std::unique_ptr<ParmMenuDialog> dialog;
+
+    MenuFixture() : DisplayFixture(2)
+    {
+        for (int i = 0; i < 2; ++i) load(ensemble, i);
+        others.append(displays.takeLast());
+        dialog = std::make_unique<ParmMenuDialog>(nullptr, &displays, &others);
+        dialog->show();
+    }
+    template <typename Control> Control* find(const char* name)
+    {
+        auto* control = dialog->findChild<Control*>(name);
+        if (!control) qFatal("no control %s", name);
+        return control;
+    }
+};
+
+void ParmMenuDialogTest::theTabsStandInOrder()
+{
+    MenuFixture f;
+    QCOMPARE(f.dialog->windowTitle(), QString("Parameter Menu"));
+    auto* tabs = f.find<QTabWidget>("tabView");
+    QStringList names;
+    for (int i = 0; i < tabs->count(); ++i) names.append(tabs->tabText(i));
+    QCOMPARE(names, QStringList({"Display", "Plot", "Color Bar"}));
+}
+
+void ParmMenuDialogTest::thereIsAButtonForEachDisplay()
+{
+    MenuFixture f;
+    QCOMPARE(f.dialog->findChildren<QRadioButton*>().size(), 2);
+    QVERIFY(f.find<QRadioButton>("displayButton0")->isChecked());
+    QVERIFY(!f.find<QRadioButton>("displayButton1")->isChecked());
+    QCOMPARE(f.find<QRadioButton>("displayButton0")->text(), QString("Main Display"));
+    f.dialog->addNewDisplay(f.displays[0]);
+    QVERIFY(!f.find<QRadioButton>("displayButton2")->isChecked());
+}
+
+void ParmMenuDialogTest::choosingADisplayReachesAllTabs()
+{
+    MenuFixture f;
+    ColorBarFrame second;
+    second.setNumColors(7);
+    f.others[0]->setColorBar(&second);
+    f.find<QRadioButton>("displayButton1")->click();
+    f.find<NumberEdit>("gainEdit")->setText("6");
+    QTest::keyClick(f.find<NumberEdit>("gainEdit"), Qt::Key_Return);
+    f.find<QCheckBox>("agcBox")->click();
+    f.find<QCheckBox>("scaledBox")->click();
+    QVERIFY(std::abs(f.others[0]->seismicPlot()->gain() - 6.0f) < 1e-4f);
+    QVERIFY(f.others[0]->seismicPlot()->isAGC());
+    QCOMPARE(second.colorMode(), 0);
+    QCOMPARE(f.find<NumberEdit>("numColorsEdit")->text(), QString("7"));
+    QCOMPARE(f[0]->seismicPlot()->gain(), 0.0f);
+    QVERIFY(!f[0]->seismicPlot()->isAGC());
+    QCOMPARE(f.bar.colorMode(), 1);
+    f.find<QRadioButton>("displayButton0")->click();
+    QCOMPARE(f.find<NumberEdit>("gainEdit")->text(), QString("0"));
+    QVERIFY(!f.find<QCheckBox>("agcBox")->isChecked());
+    QVERIFY(!f[0]->seismicPlot()->isAGC());
+    QVERIFY(f.others[0]->seismicPlot()->isAGC());  // showing isn't changing
+}
+
+void ParmMenuDialogTest::returnInAFieldDoesNotHideTheMenu()
+{
+    MenuFixture f;
+    f.find<NumberEdit>("clipEdit")->setText("1");
+    QTest::keyClick(f.find<NumberEdit>("clipEdit"), Qt::Key_Return);
+    QCOMPARE(f[0]->seismicPlot()->clip(), 1.0f);
+    QVERIFY(f.dialog->isVisible());
+}
+
+void ParmMenuDialogTest::dismissHidesAndTheSettingsStay()
+{
+    MenuFixture f;
+    f.find<QComboBox>("displayBox")->setCurrentIndex(3);
+    emit f.find<QComboBox>("displayBox")->activated(3);
+    QTest::mouseClick(f.find<QPushButton>("dismissButton"), Qt::LeftButton);
+    QVERIFY(!f.dialog->isVisible());
+    QVERIFY(f[0]->seismicPlot()->displayType() == ColorB);
+}
+
+void ParmMenuDialogTest::gainControlRefreshesTheAutomaticRange()
+{
+    MenuFixture f;
+    const QString before = f.find<NumberEdit>("lmaxEdit")->text();
+    f.find<QCheckBox>("agcBox")->click();
+    QVERIFY(f.find<NumberEdit>("lmaxEdit")->text() != before);
+    QCOMPARE(f.find<NumberEdit>("lmaxEdit")->text(),
+             QString::number(double(f[0]->seismicPlot()->rangeMax()), 'g', 6));
+}
+
+#define NEEDS_TEST_DATA() \
+    if (!hasTestData()) QSKIP("no real data files")
+
+/// A main window with its record.
+struct WindowFixture {
+    std::unique_ptr<parmmenu> menu = std::make_unique<parmmenu>();
+    std::unique_ptr<MainWindow> window;
+
+    WindowFixture()
+    {
+        setDisplayDefaults(menu.get());
+        window = std::make_unique<MainWindow>(nullptr, menu.get());
+        window->buildMainPlot();
+        window->show();
+    }
+    void open(const char* name)
+    {
+        SegyLoadParm parm;
+        parm.files = QString::fromStdString(testDataFile(name));
+        QCOMPARE(window->loadSegyFile(parm), 1);
+    }
+    ParmMenuDialog* dialog()
+    {
+        window->actionTable()->action("parmAct")->trigger();
+        const auto found = window->findChildren<ParmMenuDialog*>();
+        return found.size() == 1 ? found.first() : nullptr;
+    }
+};
+
+void ParmMenuDialogTest::theWindowOpensOneMenuAndRefreshesIt()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture f;
+    QVERIFY(f.dialog());  // before there are data
+    QVERIFY(!f.dialog()->isModal());
+    f.open("prestack-marine/viking_small.segy");
+    auto* rms = f.dialog()->findChild<QLabel*>("rmsLabel");
+    const QString first = rms->text();
+    QVERIFY(first.toDouble() > 0.0);
+    QVERIFY(f.dialog()->findChild<QComboBox*>("seclBox")->count() > 20);
+    f.window->actionTable()->action("forwardAct")->trigger();
+    QVERIFY(rms->text() != first);
+    QCOMPARE(rms->text(), QString::number(double(f.window->display()->seismicPlot()->rms()), 'g', 6));
+}
+
+void ParmMenuDialogTest::anotherFileShowsItsOwnParameters()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture f;
+    f.open("prestack-marine/viking_small.segy");
+    auto* mode = f.dialog()->findChild<QComboBox*>("displayBox");
+    QTest::keyClick(mode, Qt::Key_Down);
+    QVERIFY(f.window->display()->seismicPlot()->displayType() == Wiggle);
+    f.open("prestack-land/land_shot_3360.sgy");
+    QCOMPARE(mode->currentIndex(), int(f.window->display()->seismicPlot()->displayType()));
+    const QString tpi = f.dialog()->findChild<NumberEdit*>("tscaleEdit")->text();
+    QCOMPARE(tpi, QString::number(double(f.window->display()->seismicPlot()->traceSpacing()), 'f', 2));
+}
+
+void ParmMenuDialogTest::aLoadedColorFileIsKeptForTheNextSession()
+{
+    QDir().mkpath(_home.path() + "/port/misc");
+    QFile file(_home.path() + "/port/misc/mine.col");
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("33,1\n0,4278190335\n1,4294901760\n");
+    file.close();
+    {
+        WindowFixture f;
+        auto* list = f.dialog()->findChild<QListWidget*>("fileList");
+        list->setCurrentItem(list->findItems("mine.col", Qt::MatchExactly).value(0));
+        f.dialog()->findChild<QPushButton*>("loadButton")->click();
+        QCOMPARE(f.window->colorBarFrame()->numColors(), 33);
+        f.window->close();
+    }
+    WindowFixture next;
+    QCOMPARE(next.window->colorBarFrame()->numColors(), 33);
+}
+
+QTEST_MAIN(ParmMenuDialogTest)
+#include "parmmenudialogtest.moc"
