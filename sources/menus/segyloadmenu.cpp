@@ -134,17 +134,13 @@ void SegyLoadMenu::makeIndexRow(QGridLayout* grid)
     QPalette red = _buildLabel->palette();
     red.setColor(QPalette::WindowText, Qt::red);
     _buildLabel->setPalette(red);
-    // The row keeps its height, so that nothing jumps while the index builds.
-    QSizePolicy policy = _buildLabel->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    _buildLabel->setSizePolicy(policy);
     _buildLabel->hide();
     auto* cell = new QHBoxLayout;
     cell->addWidget(_indexBox);
+    cell->addWidget(_buttonBuild);
     cell->addWidget(_buildLabel);
     cell->addStretch();
     grid->addLayout(cell, row, 1);
-    grid->addWidget(_buttonBuild, row, 2);
     connect(_indexBox, qOverload<int>(&QComboBox::currentIndexChanged), this, &SegyLoadMenu::changeBuildIndex);
     connect(_buttonBuild, &QPushButton::clicked, this, &SegyLoadMenu::buildIndexNow);
 }
