@@ -36,6 +36,7 @@ SegyLoadMenu::SegyLoadMenu(SegyMenuHost* host, QWidget* parent) : QWidget(parent
     makeRemapRow(grid);
     grid->setRowStretch(grid->rowCount(), 1);
     orderTabs();
+    setFocusProxy(_fileField);
     setParm(_host->segyLoadParm());
 }
 
@@ -225,6 +226,7 @@ SegyRemapTable SegyLoadMenu::remapTable() const
 
 bool SegyLoadMenu::checkFields()
 {
+    if (_fileField->text().trimmed().isEmpty()) return refuse(_fileField, QString(), tr("No file to load is named."));
     return checkCount(_maxVal, &_maxText, tr("The number of traces")) &&
            checkCount(_nsampVal, &_nsampText, tr("The number of samples")) && checkRate();
 }

@@ -37,6 +37,7 @@ private slots:
     void aWrongNumberIsRefusedAndTheOldTextComesBack_data();
     void aWrongNumberIsRefusedAndTheOldTextComesBack();
     void aWrongNumberKeepsTheMenuOpen();
+    void withoutAFileNothingIsOpened();
     void returnInAFieldOpensNoFile();
     void browseJoinsTheNamesAndKeepsTheFolder();
     void aNameWithACommaIsRefused();
@@ -190,8 +191,7 @@ void SegyMenuTest::everyControlHasATipAndItsPlaceInTheTabOrder()
     const char* const order[] = {"fileField", "browseButton", "sortBox", "typeBox",  "formatBox",
                                  "maxVal",    "nsampVal",     "srateVal", "variBox", "coorBox",
                                  "elevBox",   "indexBox",     "remapBox", "remapButton"};  // no index to build yet
-    menu.edit("fileField")->setFocus();
-    menu.dialog->activateWindow();
+    menu.dialog->activateWindow();  // the file is asked for first
     QTRY_VERIFY(menu.edit("fileField")->hasFocus());
     for (const char* name : order) {
         QCOMPARE(menu.dialog->focusWidget()->objectName(), QString(name));
@@ -332,6 +332,17 @@ void SegyMenuTest::aWrongNumberKeepsTheMenuOpen()
     QTest::keyClicks(menu.edit("nsampVal"), "x");
     menu.click("openButton");
     QCOMPARE(boxes.titles.size(), 1);
+    QVERIFY(menu.dialog->isVisible());
+    QCOMPARE(menu.host.asked.size(), 0);
+}
+
+void SegyMenuTest::withoutAFileNothingIsOpened()
+{
+    MenuFixture menu;
+    BoxWatcher boxes;
+    menu.edit("fileField")->setText("  ");
+    menu.click("openButton");
+    QCOMPARE(boxes.texts, QStringList({"No file to load is named."}));
     QVERIFY(menu.dialog->isVisible());
     QCOMPARE(menu.host.asked.size(), 0);
 }
