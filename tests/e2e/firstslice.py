@@ -25,13 +25,13 @@ def blocks(first_sample, odd):
     return shot
 
 
-def check_blocks(window, picture, first_sample, odd):
+def check_blocks(window, picture, first_sample, odd, traces=TRACES):
     """The positive blocks are filled to the right of their traces' axes, and nothing else is."""
     left, top, right, bottom = window.canvas(picture)
     width, height = right - left + 1, bottom - top + 1
-    per_trace = width / (TRACES + 1)
+    per_trace = width / (traces + 1)
     dark = picture[top:bottom + 1, left:right + 1].max(axis=2) < 128
-    for i in range(TRACES):
+    for i in range(traces):
         column = int((i + 1) * per_trace + 0.25 * per_trace)
         for middle, expected in ((first_sample + 25, i % 2 == odd), (first_sample - 25, False), (first_sample + 75, False)):
             row = int(middle / SAMPLES * height)
@@ -88,8 +88,96 @@ def a_locale_with_decimal_commas_changes_nothing(program, path):
         shows_what_the_samples_say(program, path, environment)
 
 
+GATHERS, FOLD = 3, 10
+
+
+def gather_shots():
+    """FOLD shots of GATHERS traces, so that the gather of CDP c has its blocks at sample 50 c."""
+    shots = []
+    for shot in range(FOLD):
+        traces = numpy.full((GATHERS, SAMPLES), -1.0)
+        for c in range(GATHERS):
+            if shot % 2 == 0:
+                traces[c, 50 * (c + 1):50 * (c + 1) + 50] = 1.0
+        shots.append(traces)
+    return shots
+
+
+def check_gather(window, cdp):
+    window.xdotool('mousemove', 600, 20)
+    check_blocks(window, window.settled(), 50 * cdp, 0, FOLD)
+
+
+def sort_by_cdp(window):
+    window.key('ctrl+l')
+    window.dialog('SEGY Menu')
+    window.key('Tab', 'Tab')  # from the file over Browse to the sort
+    window.type_text('CDP')
+    for _ in range(8):  # type, format, traces, samples, rate, length, two scalars
+        window.key('Tab')
+    window.key('Tab')
+    window.type_text('Yes')
+    window.key('alt+o')
+    time.sleep(0.5)
+
+
+def a_processors_first_quarter_of_an_hour(program, _):
+    """Open, sort by CDP, page, change colour and gain, zoom, seek, export, leave."""
+    with tempfile.TemporaryDirectory() as folder:
+        path = os.path.join(folder, 'gathers.sgy')
+        write_shots(path, gather_shots())
+        with Window(program, [path]) as window:
+            sort_by_cdp(window)
+            check_gather(window, 1)
+            *_, back, forward = window.find_colour(GREEN)
+            window.click(*forward)
+            check_gather(window, 2)
+            window.click(*back)
+            check_gather(window, 1)
+
+            window.key('ctrl+s')
+            window.dialog('Seek SEGY Record')
+            window.key('ctrl+a')
+            window.type_text('3')
+            window.key('Return')
+            time.sleep(0.5)
+            check_gather(window, 3)
+
+            box = window.canvas(window.settled())
+            window.key('ctrl+u')
+            window.dialog('Parameter Menu')
+            window.key('Tab')  # from the tabs to the display mode
+            window.type_text('Color')
+            window.key('Escape')
+            window.leave()
+            coloured = window.settled()
+            # Samples of -1, scaled to half a trace and a range of -3 to 3, are a blue between white and blue.
+            inside = coloured[box[1]:box[3], box[0]:box[2]]
+            blueish = (inside[:, :, 2] == 255) & (inside[:, :, 0] < 250)
+            reddish = (inside[:, :, 0] == 255) & (inside[:, :, 2] < 250)
+            assert blueish.mean() > 0.2 and 0.01 < reddish.mean() < blueish.mean(), (blueish.mean(), reddish.mean())
+
+            for key, name, magic in (('ctrl+x', 'section.pdf', b'%PDF-'), ('ctrl+i', 'section.png', b'\x89PNG')):
+                target = os.path.join(folder, name)
+                window.key(key)
+                window.dialog('Export File Name')
+                window.key('ctrl+a')
+                window.type_text(target)
+                window.key('Return')
+                for _ in range(50):
+                    if os.path.exists(target):
+                        break
+                    time.sleep(0.1)
+                with open(target, 'rb') as exported:
+                    assert exported.read(len(magic)) == magic, name
+            window.leave()
+            window.key('ctrl+e')
+            assert window.process.wait(10) == 0
+
+
 TESTS = [shows_what_the_samples_say, next_shows_the_next_shot, zoom_and_back_gives_the_same_picture,
-         exit_key_leaves_with_status_0, a_locale_with_decimal_commas_changes_nothing]
+         exit_key_leaves_with_status_0,
+         a_processors_first_quarter_of_an_hour, a_locale_with_decimal_commas_changes_nothing]
 
 if __name__ == '__main__':
     program, wanted = sys.argv[1:]

@@ -10,7 +10,10 @@ import numpy
 
 
 def write_shots(path, shots):
-    """A SEG-Y file, IEEE, 4 ms: shots is a list of arrays [trace, sample]; FFID counts from 1, CHAN from 1."""
+    """A SEG-Y file, IEEE, 4 ms: shots is a list of arrays [trace, sample]; FFID counts from 1, CHAN from 1.
+
+    Trace j of each shot, from 0, belongs to CDP j + 1, and its offset is that of its shot.
+    """
     n_samples = shots[0].shape[1]
     reel = bytearray(3600)
     struct.pack_into('>h', reel, 3212, max(len(s) for s in shots))
@@ -22,8 +25,9 @@ def write_shots(path, shots):
             for j, trace in enumerate(shot):
                 header = bytearray(240)
                 struct.pack_into('>iiii', header, 0, j + 1, j + 1, i + 1, j + 1)
+                struct.pack_into('>i', header, 20, j + 1)
                 struct.pack_into('>h', header, 28, 1)
-                struct.pack_into('>i', header, 36, 25 * (j + 1))
+                struct.pack_into('>i', header, 36, 25 * (i + 1))
                 struct.pack_into('>hh', header, 114, n_samples, 4000)
                 out.write(bytes(header) + trace.astype('>f4').tobytes())
 
@@ -74,6 +78,22 @@ class Window:
     def key(self, *keys):
         """To the window that has the focus; the program may be gone when xdotool looks again."""
         subprocess.run(['xdotool', 'key', *keys], check=False, timeout=30)
+
+    @staticmethod
+    def type_text(text):
+        subprocess.run(['xdotool', 'type', '--delay', '15', '--', text], check=True, timeout=30)
+        time.sleep(0.2)
+
+    def dialog(self, title):
+        """Waits for a dialog and gives it the focus."""
+        found = self.xdotool('search', '--sync', '--onlyvisible', '--name', title).split()[-1]
+        self.xdotool('windowactivate', '--sync', found)
+        time.sleep(0.3)
+
+    def leave(self):
+        """Back to the main window."""
+        self.xdotool('windowactivate', '--sync', self.id)
+        time.sleep(0.3)
 
     def picture(self):
         """The screen as an array [row, column, RGB]."""
