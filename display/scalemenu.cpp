@@ -8,6 +8,7 @@
 #include "tracedata/seismicdata.h"
 #include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
+#include "widgets/waitcursor.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -348,6 +349,7 @@ void ScaleMenu::changeSecLabel(const QString& text)
 /// Changes a conditioner of each plot, runs the chain, and repaints.
 void ScaleMenu::condition(const std::function<void(SeismicPlot*)>& change)
 {
+    const WaitCursor wait;
     for (SeismicDisplay* display : _selection.mainlist()) {
         change(display->seismicPlot());
         display->seismicPlot()->computeNormalizer();
