@@ -58,6 +58,7 @@ void SeismicDisplay::makeAxes(bool enableLeft, bool enableRight)
     enableAxis(xBottom, false);
     enableVerticalAxis(enableLeft, enableRight);
     setAxisTitle("Time (msec)");
+    for (const int axis : {yLeft, yRight}) setAxisScale(axis, 1000.0, 0.0);  // times run down, also without data
     // Maps of the disabled axes follow the canvas, so nothing may stand between it and the scales.
     plotLayout()->setAlignCanvasToScales(true);
     plotLayout()->setCanvasMargin(0);

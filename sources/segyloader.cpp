@@ -6,6 +6,7 @@
 #include "sources/segymapthread.h"
 #include "sources/segysamples.h"
 #include "tracedata/parmmenu.h"
+#include "tracedata/picturedefaults.h"
 
 #include <QFileInfo>
 
@@ -83,32 +84,11 @@ void SegyLoader::setMenu(parmmenu* menu)
 {
     _menu = menu;
     if (!_menu) return;
-    _menu->idisplay = 0;
-    _menu->iscreens = 1;
-    _menu->dostore = 0;
-    _menu->docollect = 0;
-    _menu->icollect = 10;
+    setPictureDefaults(_menu);
     _menu->nens = _maxtr;
-    _menu->tpi = 0.0f;
-    _menu->ips = 0.0f;
-    _menu->bias = 0.0f;
-    _menu->clip = 2.0f;
-    _menu->minrange = -3.0f;
-    _menu->maxrange = 3.0f;
     _menu->ipkey = _menu->ipkeyreal = _iepkey;
     _menu->iskey = _menu->iskeyreal = _ieskey;
-    _menu->iskeymod = 2;
-    _menu->iskeyinc = 25;
-    _menu->igain = 0;
-    _menu->irange = 1;
-    _menu->stime = 0;
-    _menu->etime = 0;
-    _menu->idirection = 0;
-    _menu->iplotheader = -1;
-    _menu->idifference = 0;
-    _menu->iscale = 1;
     _menu->ireset = 1;
-    _menu->moveup = 1;
 }
 
 SegyReadParm SegyLoader::readParm() const

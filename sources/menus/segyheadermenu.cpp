@@ -136,4 +136,5 @@ void SegyHeaderMenu::changeMethod(int method)
 {
     _method = method;
     loadHeader();
+    _textEdit->verticalScrollBar()->setValue(0);  // lines of another view stand for other bytes
 }

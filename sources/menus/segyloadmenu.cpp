@@ -36,6 +36,7 @@ SegyLoadMenu::SegyLoadMenu(SegyMenuHost* host, QWidget* parent) : QWidget(parent
     makeRemapRow(grid);
     grid->setRowStretch(grid->rowCount(), 1);
     orderTabs();
+    setFocusProxy(_fileField);
     setParm(_host->segyLoadParm());
 }
 
@@ -134,17 +135,13 @@ void SegyLoadMenu::makeIndexRow(QGridLayout* grid)
     QPalette red = _buildLabel->palette();
     red.setColor(QPalette::WindowText, Qt::red);
     _buildLabel->setPalette(red);
-    // The row keeps its height, so that nothing jumps while the index builds.
-    QSizePolicy policy = _buildLabel->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    _buildLabel->setSizePolicy(policy);
     _buildLabel->hide();
     auto* cell = new QHBoxLayout;
     cell->addWidget(_indexBox);
+    cell->addWidget(_buttonBuild);
     cell->addWidget(_buildLabel);
     cell->addStretch();
     grid->addLayout(cell, row, 1);
-    grid->addWidget(_buttonBuild, row, 2);
     connect(_indexBox, qOverload<int>(&QComboBox::currentIndexChanged), this, &SegyLoadMenu::changeBuildIndex);
     connect(_buttonBuild, &QPushButton::clicked, this, &SegyLoadMenu::buildIndexNow);
 }
@@ -229,6 +226,7 @@ SegyRemapTable SegyLoadMenu::remapTable() const
 
 bool SegyLoadMenu::checkFields()
 {
+    if (_fileField->text().trimmed().isEmpty()) return refuse(_fileField, QString(), tr("No file to load is named."));
     return checkCount(_maxVal, &_maxText, tr("The number of traces")) &&
            checkCount(_nsampVal, &_nsampText, tr("The number of samples")) && checkRate();
 }

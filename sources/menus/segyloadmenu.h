@@ -31,7 +31,7 @@ public:
     SegyLoadParm parm() const;
     /// A snapshot of the remap table; empty when it was never shown.
     SegyRemapTable remapTable() const;
-    /// Checks a number that is still being typed. False after a box.
+    /// Checks what is still being typed, and that a file is named. False after a box.
     bool checkFields();
     /// A file is on the screen: the index may be built.
     void newLoader(SegyLoader* loader);

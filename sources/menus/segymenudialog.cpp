@@ -10,8 +10,12 @@
 
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <climits>
 
 enum Tab { LoadTab, EbcdicTab, BinaryTab, TraceTab };
 
@@ -33,11 +37,13 @@ SegyMenuDialog::SegyMenuDialog(SegyMenuHost* host, QWidget* parent) : QDialog(pa
     layout->addWidget(_tabWidget);
     makeButtons();
     layout->addWidget(_buttonBox);
-    // Eighty-some characters of the text header, whatever the font.
+    // The text header whole, whatever the font, where the screen is high enough.
     const QFontMetrics metrics(fixedFont());
-    resize(metrics.averageCharWidth() * 90, metrics.height() * 34);
+    const int most = screen() ? screen()->availableGeometry().height() * 4 / 5 : INT_MAX;
+    resize(metrics.averageCharWidth() * 90, std::min(metrics.height() * 50, most));
     connect(_tabWidget, &QTabWidget::currentChanged, this, &SegyMenuDialog::changeTab);
     changeTab(LoadTab);
+    _segyloadmenu->setFocus();
     if (_host->segyLoader()) buildConnections(_host->segyLoader());
 }
 

@@ -1,0 +1,362 @@
+/// The SEG-Y menu and the seek dialog as the main window uses them.
+#include "display/seismicdisplay.h"
+#include "frame/mainwindow.h"
+#include "frame/menudefaults.h"
+#include "frame/windowactions.h"
+#include "sources/menus/segyrecdialog.h"
+#include "sources/menus/segyremapdialog.h"
+#include "tests/gui/segymenufixture.h"
+#include "tests/testdata.h"
+#include "tracedata/parmmenu.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QTemporaryDir>
+
+#include <cstring>
+#include <functional>
+
+class SegyMenuWindowTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void theMenuIsMadeOnceAndShownAgain();
+    void withoutAFileTheMenuComesWithNothingFilledIn();
+    void aFileOfTheCommandLineIsShownWithoutTheMenu();
+    void openShowsTheFirstEnsemble();
+    void aFailedLoadBringsTheMenuAgainWithItsFields();
+    void aFailedLoadKeepsTheOldFileInTheTabs();
+    void inAFlowTheMenuIsModalAndComesAgain();
+    void buildNowEnablesPreviousAndSeek();
+    void theRemapTableIsInForceWhenTheFileOpens();
+    void aRemapTableWithoutAUsableRowUnchecksItsBox();
+    void aSecondFileFillsTheTabs();
+    void aFileOpenedElsewhereIsShownInTheLoadTab();
+    void seekShowsTheRecord();
+    void seekInAnotherSortRebuildsTheSortFirst();
+    void aDismissedSeekChangesNothing();
+    void anMsdosFileShowsItsTextAndHeaders();
+
+private:
+    QTemporaryDir _folder;
+    QString _file;
+};
+
+/// A window with the defaults, shown.
+struct WindowFixture {
+    std::unique_ptr<parmmenu> menu = std::make_unique<parmmenu>();
+    std::unique_ptr<MainWindow> window;
+
+    WindowFixture()
+    {
+        setDisplayDefaults(menu.get());
+        window = std::make_unique<MainWindow>(nullptr, menu.get());
+        window->buildMainPlot();
+        window->show();
+    }
+    QAction* action(const char* name) { return window->actionTable()->action(name); }
+    QString shownKey() { return window->display()->axisTitle(QwtPlot::xTop).text().simplified(); }
+    SegyMenuDialog* dialog() { return window->findChild<SegyMenuDialog*>("SegyMenuDialog"); }
+    template <class T>
+    T* find(const char* name)
+    {
+        T* control = dialog() ? dialog()->findChild<T*>(name) : nullptr;
+        if (!control) qFatal("no control %s", name);
+        return control;
+    }
+    QString text(const char* tab)
+    {
+        return find<QWidget>(tab)->findChild<QPlainTextEdit*>("textEdit")->toPlainText();
+    }
+    void open(const QString& file, const QString& index = "No")
+    {
+        action("segyAct")->trigger();
+        find<QLineEdit>("fileField")->setText(file);
+        find<QComboBox>("indexBox")->setCurrentText(index);
+        find<QPushButton>("openButton")->click();
+    }
+    /// Presses "seek" and does the rest in the dialog that comes.
+    bool seek(const std::function<void(SegyRecDialog*)>& answer)
+    {
+        bool isAnswered = false;
+        QTimer::singleShot(0, [&] {
+            auto* seekDialog = qobject_cast<SegyRecDialog*>(QApplication::activeModalWidget());
+            if (!seekDialog) return;
+            isAnswered = true;
+            answer(seekDialog);
+        });
+        action("seekAct")->trigger();
+        return isAnswered;
+    }
+};
+
+void SegyMenuWindowTest::initTestCase()
+{
+    QVERIFY(_folder.isValid());
+    qputenv("TREVIA_HOME", _folder.path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", _folder.path().toLocal8Bit());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _folder.path());
+    _file = writeSegy(_folder.path() + "/six.sgy");
+}
+
+void SegyMenuWindowTest::theMenuIsMadeOnceAndShownAgain()
+{
+    WindowFixture fixture;
+    QVERIFY(!fixture.dialog());
+    fixture.action("segyAct")->trigger();
+    SegyMenuDialog* made = fixture.dialog();
+    QVERIFY(made && made->isVisible() && !made->isModal());
+    fixture.find<QLineEdit>("maxVal")->setText("12");
+    fixture.find<QPushButton>("dismissButton")->click();
+    QVERIFY(!made->isVisible());
+    fixture.action("segyAct")->trigger();
+    QCOMPARE(fixture.dialog(), made);
+    QVERIFY(made->isVisible());
+    QCOMPARE(fixture.find<QLineEdit>("maxVal")->text(), QString("12"));
+    QCOMPARE(fixture.window->findChildren<SegyMenuDialog*>().size(), 1);
+}
+
+void SegyMenuWindowTest::withoutAFileTheMenuComesWithNothingFilledIn()
+{
+    WindowFixture fixture;
+    QCOMPARE(fixture.window->showSegyMenu(true, false), 1);
+    QVERIFY(fixture.dialog() && fixture.dialog()->isVisible());
+    for (const char* name : {"fileField", "maxVal", "nsampVal", "srateVal"})
+        QCOMPARE(fixture.find<QLineEdit>(name)->text(), QString());
+    for (const char* name : {"sortBox", "typeBox", "formatBox", "variBox", "coorBox", "elevBox", "indexBox"})
+        QCOMPARE(fixture.find<QComboBox>(name)->currentIndex(), 0);
+    QVERIFY(!fixture.find<QPushButton>("buttonBuild")->isEnabled());
+    QVERIFY(!fixture.find<QCheckBox>("remapBox")->isChecked());
+}
+
+void SegyMenuWindowTest::aFileOfTheCommandLineIsShownWithoutTheMenu()
+{
+    WindowFixture fixture;
+    std::strcpy(fixture.menu->cfile, (_file + ",").toLocal8Bit());
+    fixture.menu->segysort = 4;
+    fixture.menu->segymaxtr = 3;
+    fixture.menu->segysamprat = 0.5f;
+    QCOMPARE(fixture.window->showSegyMenu(true, false), 1);
+    QVERIFY(!fixture.dialog());
+    QCOMPARE(fixture.shownKey(), QString("CDP :101"));
+    fixture.action("segyAct")->trigger();
+    QCOMPARE(fixture.find<QLineEdit>("fileField")->text(), _file);
+    QCOMPARE(fixture.find<QComboBox>("sortBox")->currentText(), QString("CDP Gather"));
+    QCOMPARE(fixture.find<QLineEdit>("maxVal")->text(), QString("3"));
+    QCOMPARE(fixture.find<QLineEdit>("srateVal")->text(), QString("0.5"));
+    QVERIFY(fixture.find<QPushButton>("buttonBuild")->isEnabled());
+    QVERIFY(fixture.text("segyebcdicmenu").startsWith("C 1 line of text"));
+    QVERIFY(fixture.text("segybinarymenu").startsWith("Job identification number:"));
+}
+
+void SegyMenuWindowTest::openShowsTheFirstEnsemble()
+{
+    WindowFixture fixture;
+    fixture.open(_file);
+    QVERIFY(!fixture.dialog()->isVisible());
+    QCOMPARE(fixture.shownKey(), QString("FFID :10"));
+    QCOMPARE(fixture.window->display()->traceCount(), 2);
+    QVERIFY(!fixture.action("seekAct")->isEnabled());
+    fixture.action("segyAct")->trigger();
+    QVERIFY(fixture.find<QPushButton>("buttonBuild")->isEnabled());
+}
+
+void SegyMenuWindowTest::aFailedLoadBringsTheMenuAgainWithItsFields()
+{
+    WindowFixture fixture;
+    BoxWatcher boxes;
+    fixture.action("segyAct")->trigger();
+    fixture.find<QLineEdit>("nsampVal")->setText("250");
+    fixture.find<QComboBox>("typeBox")->setCurrentText("MSDOS");
+    fixture.open("/nowhere/none.sgy");
+    QCOMPARE(boxes.titles, QStringList({"SEGY Load Error"}));
+    QCOMPARE(boxes.texts, QStringList({"Error while open or read from file: /nowhere/none.sgy"}));
+    QVERIFY(fixture.dialog()->isVisible());
+    QCOMPARE(fixture.find<QLineEdit>("fileField")->text(), QString("/nowhere/none.sgy"));
+    QCOMPARE(fixture.find<QLineEdit>("nsampVal")->text(), QString("250"));
+    QCOMPARE(fixture.find<QComboBox>("typeBox")->currentText(), QString("MSDOS"));
+    QVERIFY(!fixture.find<QPushButton>("buttonBuild")->isEnabled());
+}
+
+void SegyMenuWindowTest::aFailedLoadKeepsTheOldFileInTheTabs()
+{
+    WindowFixture fixture;
+    fixture.open(_file, "Yes");
+    BoxWatcher boxes;
+    fixture.open("/nowhere/none.sgy");
+    QCOMPARE(boxes.titles, QStringList({"SEGY Load Error"}));
+    fixture.find<QTabWidget>("tabWidget")->setCurrentIndex(3);
+    QCOMPARE(fixture.find<QLabel>("trcLabel")->text(), QString("Total traces: 6"));
+    fixture.find<QSpinBox>("spinBox")->setValue(6);
+    QVERIFY(fixture.text("segyheadermenu").split('\n')[0].endsWith(" 6"));
+    fixture.action("forwardAct")->trigger();
+    QCOMPARE(fixture.shownKey(), QString("FFID :11"));
+}
+
+void SegyMenuWindowTest::inAFlowTheMenuIsModalAndComesAgain()
+{
+    WindowFixture fixture;
+    QStringList seen;
+    BoxWatcher boxes;
+    QTimer answers;
+    connect(&answers, &QTimer::timeout, this, [&] {
+        auto* dialog = qobject_cast<SegyMenuDialog*>(QApplication::activeModalWidget());
+        if (!dialog) return;
+        auto* field = dialog->findChild<QLineEdit*>("fileField");
+        seen += field->text();
+        field->setText(seen.size() == 1 ? "/nowhere/none.sgy" : _file);
+        dialog->findChild<QPushButton*>("openButton")->click();
+    });
+    answers.start(5);
+    QCOMPARE(fixture.window->showSegyMenu(true, true), 1);  // returns when the menu is done
+    answers.stop();
+    QCOMPARE(seen, QStringList({"", "/nowhere/none.sgy"}));
+    QCOMPARE(boxes.titles, QStringList({"SEGY Load Error"}));
+    QCOMPARE(fixture.shownKey(), QString("FFID :10"));
+    QVERIFY(!fixture.window->isStandAlone());
+}
+
+void SegyMenuWindowTest::buildNowEnablesPreviousAndSeek()
+{
+    WindowFixture fixture;
+    fixture.open(_file);
+    fixture.window->nextRecord();
+    QVERIFY(!fixture.action("backAct")->isEnabled());
+    QVERIFY(!fixture.action("seekAct")->isEnabled());
+    fixture.action("segyAct")->trigger();
+    fixture.find<QPushButton>("buttonBuild")->click();
+    QVERIFY(fixture.find<QLabel>("buildLabel")->isVisible());
+    QTRY_VERIFY(fixture.action("backAct")->isEnabled());
+    QVERIFY(fixture.action("seekAct")->isEnabled());
+    QTRY_VERIFY(!fixture.find<QLabel>("buildLabel")->isVisible());
+    fixture.action("backAct")->trigger();
+    QCOMPARE(fixture.shownKey(), QString("FFID :10"));
+}
+
+void SegyMenuWindowTest::theRemapTableIsInForceWhenTheFileOpens()
+{
+    WindowFixture fixture;
+    fixture.action("segyAct")->trigger();
+    fixture.find<QPushButton>("remapButton")->click();
+    SegyRemapTable remap;
+    remap.cells[0] = {"FFID", "4I", "IEEE", "21"};  // the CDP: 101 to 106
+    fixture.find<SegyRemapDialog>("SegyRemapDialog")->setTable(remap);
+    fixture.find<QComboBox>("sortBox")->setCurrentText("FFID");
+    fixture.open(_file, "Yes");
+    QCOMPARE(fixture.window->segyLoader()->applyRemap(), 1);
+    QVERIFY(fixture.window->segyLoader()->remapTable() == remap);
+    QCOMPARE(fixture.window->segyLoader()->priList(), QStringList({"101", "102", "103", "104", "105", "106"}));
+    QVERIFY(fixture.find<QCheckBox>("remapBox")->isChecked());
+}
+
+void SegyMenuWindowTest::aRemapTableWithoutAUsableRowUnchecksItsBox()
+{
+    WindowFixture fixture;
+    fixture.action("segyAct")->trigger();
+    fixture.find<QCheckBox>("remapBox")->click();
+    fixture.open(_file, "Yes");
+    QCOMPARE(fixture.window->segyLoader()->applyRemap(), 0);
+    QVERIFY(!fixture.find<QCheckBox>("remapBox")->isChecked());
+}
+
+void SegyMenuWindowTest::aSecondFileFillsTheTabs()
+{
+    WindowFixture fixture;
+    fixture.open(_file, "Yes");
+    QByteArray bytes = segyBytes(2);
+    put32(&bytes, 3200, 77);
+    const QString second = writeSegy(_folder.path() + "/second.sgy", bytes);
+    fixture.open(second, "Yes");
+    QVERIFY(fixture.text("segybinarymenu").split('\n')[0].endsWith(" 77"));
+    fixture.find<QTabWidget>("tabWidget")->setCurrentIndex(3);
+    QCOMPARE(fixture.find<QLabel>("trcLabel")->text(), QString("Total traces: 2"));
+}
+
+void SegyMenuWindowTest::aFileOpenedElsewhereIsShownInTheLoadTab()
+{
+    WindowFixture fixture;
+    fixture.open(_file);
+    SegyLoadParm parm;
+    parm.files = writeSegy(_folder.path() + "/dropped.sgy");
+    parm.isort = 4;
+    parm.nsamp = 3;
+    QCOMPARE(fixture.window->loadSegyFile(parm), 1);
+    QCOMPARE(fixture.find<QLineEdit>("fileField")->text(), parm.files);
+    QCOMPARE(fixture.find<QComboBox>("sortBox")->currentText(), QString("CDP Gather"));
+    QCOMPARE(fixture.find<QLineEdit>("nsampVal")->text(), QString("3"));
+}
+
+void SegyMenuWindowTest::seekShowsTheRecord()
+{
+    WindowFixture fixture;
+    fixture.open(_file, "Yes");
+    for (int i = 0; i < 4; ++i) fixture.window->nextRecord();
+    QVERIFY(fixture.seek([](SegyRecDialog* dialog) {
+        dialog->findChild<QSpinBox*>("seekSpin")->setValue(11);
+        dialog->accept();
+    }));
+    QCOMPARE(fixture.shownKey(), QString("FFID :11"));
+    QVERIFY(fixture.action("forwardAct")->isEnabled());
+    fixture.action("forwardAct")->trigger();
+    QCOMPARE(fixture.shownKey(), QString("FFID :12"));
+}
+
+void SegyMenuWindowTest::seekInAnotherSortRebuildsTheSortFirst()
+{
+    WindowFixture fixture;
+    fixture.open(_file, "Yes");
+    QCOMPARE(fixture.window->numberOfRecords(), 3);
+    QVERIFY(fixture.seek([](SegyRecDialog* dialog) {
+        dialog->findChild<QComboBox*>("seekPriBox")->setCurrentText("CDP Gather");
+        dialog->findChild<QSpinBox*>("seekSpin")->setValue(104);
+        dialog->accept();
+    }));
+    QCOMPARE(fixture.window->segyLoader()->currentSortKey(), 4);
+    QCOMPARE(fixture.window->numberOfRecords(), 6);
+    QCOMPARE(fixture.shownKey(), QString("CDP :104"));
+    QCOMPARE(fixture.window->display()->traceCount(), 1);
+    QCOMPARE(fixture.menu->ipkey, fixture.window->segyLoader()->priEKey());
+    QCOMPARE(fixture.menu->iskeyreal, fixture.window->segyLoader()->secEKey());
+    fixture.action("backAct")->trigger();
+    QCOMPARE(fixture.shownKey(), QString("CDP :103"));
+}
+
+void SegyMenuWindowTest::aDismissedSeekChangesNothing()
+{
+    WindowFixture fixture;
+    fixture.open(_file, "Yes");
+    QVERIFY(fixture.seek([](SegyRecDialog* dialog) {
+        dialog->findChild<QComboBox*>("seekPriBox")->setCurrentText("CDP Gather");
+        dialog->reject();
+    }));
+    QCOMPARE(fixture.window->segyLoader()->currentSortKey(), 1);
+    QCOMPARE(fixture.shownKey(), QString("FFID :10"));
+}
+
+void SegyMenuWindowTest::anMsdosFileShowsItsTextAndHeaders()
+{
+    if (!hasTestData()) QSKIP("no real data files");
+    WindowFixture fixture;
+    fixture.action("segyAct")->trigger();
+    fixture.find<QComboBox>("typeBox")->setCurrentText("MSDOS");
+    fixture.find<QComboBox>("sortBox")->setCurrentText("In-Line Stack");
+    fixture.open(QString::fromStdString(testDataFile("poststack-3d/f3-lsb.sgy")), "Yes");
+    QCOMPARE(fixture.window->segyLoader()->isOpen(), true);
+    const QStringList reel = fixture.text("segybinarymenu").split('\n');
+    QCOMPARE(reel[7], QString("Number of samples per trace:").leftJustified(40) + "75");
+    fixture.find<QTabWidget>("tabWidget")->setCurrentIndex(3);
+    QCOMPARE(fixture.find<QLabel>("trcLabel")->text(), QString("Total traces: 414"));
+    QVERIFY(fixture.text("segyheadermenu").contains(QRegularExpression("189\\) 3-D in-line number: +111\n")));
+    QVERIFY(fixture.text("segyheadermenu").contains(QRegularExpression("193\\) 3-D cross-line number: +875\n")));
+}
+
+QTEST_MAIN(SegyMenuWindowTest)
+#include "segymenuwindowtest.moc"
