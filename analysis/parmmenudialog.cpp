@@ -4,6 +4,7 @@
 #include "display/displaymenu.h"
 #include "display/scalemenu.h"
 #include "display/seismicdisplay.h"
+#include "display/seismicplot.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
@@ -46,8 +47,12 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
 
     connect(dismiss, &QPushButton::clicked, this, &QDialog::hide);
     connect(_scaleMenu, &ScaleMenu::conditioningChanged, this, &ParmMenuDialog::updateGain);
+    connect(_scaleMenu, &ScaleMenu::overlayChanged, this, &ParmMenuDialog::overlayChanged);
     connect(_groupDisplay, &QButtonGroup::idClicked, this, &ParmMenuDialog::changeDisplay);
-    if (!displaylist->isEmpty()) addNewDisplay(displaylist->first());
+    if (!displaylist->isEmpty()) {
+        addNewDisplay(displaylist->first());
+        setOverlayMode(displaylist->first()->overlayPlot() && displaylist->first()->overlayPlot()->isVisible());
+    }
     if (otherlist)
         for (SeismicDisplay* display : qAsConst(*otherlist)) addNewDisplay(display);
 }
@@ -67,6 +72,18 @@ void ParmMenuDialog::updateAll()
 void ParmMenuDialog::updateGain()
 {
     _displayMenu->updateGain();
+}
+
+void ParmMenuDialog::showOverlay(bool on)
+{
+    _scaleMenu->showOverlay(on);
+}
+
+void ParmMenuDialog::setOverlayMode(bool on)
+{
+    _colordiag->setOverlayMode(on);
+    _scaleMenu->setOverlayMode(on);
+    _displayMenu->update();
 }
 
 void ParmMenuDialog::changeDisplay(int id)

@@ -29,8 +29,16 @@ public:
     /// Shows all parameters anew, after a new file.
     void updateAll();
     void updateGain();
+    /// Asks for an overlay, or for none, as a click on the box of the tab "Plot" does.
+    void showOverlay(bool on);
+    /// An overlay has come, or gone.
+    void setOverlayMode(bool on);
     /// Adds a button to choose a display by; the first is checked.
     void addNewDisplay(SeismicDisplay* display);
+
+signals:
+    /// The user wants an overlay, or none.
+    void overlayChanged(bool on);
 
 public slots:
     /// 0 chooses the main displays, k the k-th of the others.

@@ -5,6 +5,7 @@
 #include "tracedata/parmmenu.h"
 #include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
+#include "widgets/waitcursor.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -279,6 +280,7 @@ void DisplayMenu::updateGain()
 void DisplayMenu::changeDisplay(int index)
 {
     if (_doUpdate || !shownPlot()) return;
+    const WaitCursor wait;
     const auto type = DisplayType(index);
     for (SeismicDisplay* display : _selection.mainlist())
         if (SeismicPlot* plot = plotOf(display)) plot->setDisplayType(type);
@@ -309,6 +311,7 @@ void DisplayMenu::changeDirection(int index)
 
 void DisplayMenu::changeScalar(int index)
 {
+    const WaitCursor wait;
     applyToPlots([=](SeismicPlot* plot) { plot->setNormalization(Normalize(index)); });
     updateGain();
 }

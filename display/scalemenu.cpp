@@ -8,6 +8,7 @@
 #include "tracedata/seismicdata.h"
 #include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
+#include "widgets/waitcursor.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -133,19 +134,14 @@ void ScaleMenu::makeConditioners(QVBoxLayout* column)
 
 void ScaleMenu::makeOverlay(QVBoxLayout* column)
 {
-    const QString later = tr("Overlay data are not built yet");
-    _opacBox = makeControl<QCheckBox>("opacBox", later, "Show Overlay");
-    _opacSlider = makeControl<QSlider>("opacSlider", later, Qt::Horizontal);
+    _opacBox = makeControl<QCheckBox>("opacBox", tr("Every second ensemble is laid over the one before it"), "Show Overlay");
+    _opacSlider = makeControl<QSlider>("opacSlider", tr("Opacity of the overlay, in percent"), Qt::Horizontal);
     _opacSlider->setRange(1, 100);
-    _opacSlider->setValue(75);
-    _opacEdit = makeEdit("opacEdit", later, 1.0, 100.0, true);
-    _opacEdit->setNumber(75.0);
-    _opacLabel = makeControl<QLabel>("opacLabel", later, "percent");
+    _opacEdit = makeEdit("opacEdit", tr("Opacity of the overlay, in percent, 1 to 100"), 1.0, 100.0, true);
+    _opacLabel = makeControl<QLabel>("opacLabel", QString(), "percent");
     QGridLayout* grid = makeGroup(column, "Overlay Plot");
     addWidgets(grid, {_opacBox, new QLabel("Opacity:"), _opacSlider, _opacEdit, _opacLabel});
     grid->setColumnStretch(2, 1);
-    grid->parentWidget()->setEnabled(false);
-    grid->parentWidget()->setToolTip(later);
 }
 
 void ScaleMenu::connectControls()
@@ -155,16 +151,19 @@ void ScaleMenu::connectControls()
         void (ScaleMenu::*slot)(int);
     } boxes[] = {{_gridTBox, &ScaleMenu::changeApplyTGrid}, {_gridTMinorBox, &ScaleMenu::changeApplyMinorTGrid},
                  {_gridSBox, &ScaleMenu::changeApplySGrid}, {_gridSMinorBox, &ScaleMenu::changeApplyMinorSGrid},
-                 {_agcBox, &ScaleMenu::changeApplyAGC},     {_phseBox, &ScaleMenu::changePhase}};
+                 {_agcBox, &ScaleMenu::changeApplyAGC},     {_phseBox, &ScaleMenu::changePhase},
+                 {_opacBox, &ScaleMenu::changeOverlay}};
     for (const auto& row : boxes) connect(row.box, &QCheckBox::stateChanged, this, row.slot);
     const struct {
         NumberEdit* edit;
         void (ScaleMenu::*slot)();
     } edits[] = {{_gridTMajorEdit, &ScaleMenu::changeMajorTGrid}, {_gridTMinorEdit, &ScaleMenu::changeMinorTGrid},
                  {_gridSMajorEdit, &ScaleMenu::changeMajorSGrid}, {_gridSMinorEdit, &ScaleMenu::changeMinorSGrid},
-                 {_agcEdit, &ScaleMenu::changeAGCWin},            {_phseEdit, &ScaleMenu::changePhaseValue}};
+                 {_agcEdit, &ScaleMenu::changeAGCWin},            {_phseEdit, &ScaleMenu::changePhaseValue},
+                 {_opacEdit, &ScaleMenu::changeOverlayValue}};
     for (const auto& row : edits) connect(row.edit, &NumberEdit::numberEdited, this, row.slot);
     connect(_phseSlider, &QSlider::valueChanged, this, &ScaleMenu::changeSliderPhase);
+    connect(_opacSlider, &QSlider::valueChanged, this, &ScaleMenu::changeSliderOverlay);
     connect(_prilBox, &QComboBox::textActivated, this, &ScaleMenu::changePriLabel);
     connect(_seclBox, &QComboBox::textActivated, this, &ScaleMenu::changeSecLabel);
 }
@@ -196,6 +195,12 @@ void ScaleMenu::showDisplay()
     _phseBox->setChecked(display->seismicPlot()->isPhase());
     _phseSlider->setEnabled(_phseBox->isChecked());
     _phseEdit->setEnabled(_phseBox->isChecked());
+    _opacBox->setChecked(display->menu() && display->menu()->ioverlay != 0);
+    const SeismicPlot* overlay = display->overlayPlot();
+    const int percent = int(std::lround((overlay ? overlay->opacity() : display->seismicPlot()->opacity()) * 100.0f));
+    _opacSlider->setValue(percent);
+    _opacEdit->setNumber(percent);
+    enableOpacity();
 }
 
 void ScaleMenu::update()
@@ -348,6 +353,7 @@ void ScaleMenu::changeSecLabel(const QString& text)
 /// Changes a conditioner of each plot, runs the chain, and repaints.
 void ScaleMenu::condition(const std::function<void(SeismicPlot*)>& change)
 {
+    const WaitCursor wait;
     for (SeismicDisplay* display : _selection.mainlist()) {
         change(display->seismicPlot());
         display->seismicPlot()->computeNormalizer();
@@ -388,6 +394,7 @@ void ScaleMenu::changePhase(int state)
 
 void ScaleMenu::changeSliderPhase(int value)
 {
+    if (_doUpdate) return;
     _phseEdit->setNumber(value);
     setPhase(true, value);
 }
@@ -398,4 +405,52 @@ void ScaleMenu::changePhaseValue()
     const QSignalBlocker quiet(_phseSlider);
     _phseSlider->setValue(angle);
     setPhase(true, angle);
+}
+
+void ScaleMenu::showOverlay(bool on)
+{
+    _opacBox->setChecked(on);
+}
+
+void ScaleMenu::setOverlayMode(bool on)
+{
+    if (on) setOpacity(int(_opacEdit->number()));
+}
+
+void ScaleMenu::enableOpacity()
+{
+    for (QWidget* widget : QList<QWidget*>{_opacSlider, _opacEdit, _opacLabel}) widget->setEnabled(_opacBox->isChecked());
+}
+
+void ScaleMenu::changeOverlay(int state)
+{
+    enableOpacity();
+    if (_doUpdate) return;
+    const QList<SeismicDisplay*> displays = _selection.mainDisplays();
+    if (!displays.isEmpty()) displays.first()->setOverlayMode(state != 0);
+    emit overlayChanged(state != 0);
+}
+
+void ScaleMenu::setOpacity(int percent)
+{
+    for (SeismicDisplay* display : _selection.mainlist()) {
+        if (!display->overlayPlot()) continue;
+        display->overlayPlot()->setOpacity(float(percent / 100.0));
+        display->rePlot();
+    }
+}
+
+void ScaleMenu::changeSliderOverlay(int value)
+{
+    if (_doUpdate) return;
+    _opacEdit->setNumber(value);
+    setOpacity(value);
+}
+
+void ScaleMenu::changeOverlayValue()
+{
+    const int percent = int(_opacEdit->number());
+    const QSignalBlocker quiet(_opacSlider);
+    _opacSlider->setValue(percent);
+    setOpacity(percent);
 }

@@ -1,4 +1,4 @@
-/// The tab "Plot" of the parameter menu: grids, key labels, gain control and phase.
+/// The tab "Plot" of the parameter menu: grids, key labels, gain control, phase and the overlay.
 #ifndef SCALEMENU_H
 #define SCALEMENU_H
 
@@ -34,8 +34,14 @@ public:
     void setDisplay(int id);
     /// Lists the header words of the data, which are first known with the first ensemble.
     void update();
+    /// Shows or hides the overlay, as a click on its box does.
+    void showOverlay(bool on);
+    /// An overlay has come, or gone: one that was made after its opacity was chosen takes it.
+    void setOverlayMode(bool on);
 
 signals:
+    /// The overlay is wanted, or not any more.
+    void overlayChanged(bool on);
     /// A conditioner was changed, and with it the amplitudes that the range may follow.
     void conditioningChanged();
 
@@ -55,6 +61,9 @@ private slots:
     void changePhase(int state);
     void changeSliderPhase(int value);
     void changePhaseValue();
+    void changeOverlay(int state);
+    void changeSliderOverlay(int value);
+    void changeOverlayValue();
 
 private:
     void makeGrids(QVBoxLayout* column);
@@ -70,6 +79,8 @@ private:
     void applyToLabels(const std::function<void(SeismicDisplay*)>& change);
     void condition(const std::function<void(SeismicPlot*)>& change);
     void setPhase(bool state, int angle);
+    void setOpacity(int percent);
+    void enableOpacity();
 
     DisplaySelection _selection;
     QStringList _hlist;    // header names of 8 characters

@@ -246,9 +246,17 @@ void MainWindow::tellNotBuilt(const QString& what)
     statusBar()->showMessage(what + " is not built yet.");
 }
 
+void MainWindow::makeParmMenu()
+{
+    if (_parmmenu) return;
+    _parmmenu = new ParmMenuDialog(this, &_displaylist, &_otherlist);
+    QCheckBox* box = _actions->box("overlayBox");
+    connect(_parmmenu, &ParmMenuDialog::overlayChanged, box, &QCheckBox::setChecked);
+}
+
 void MainWindow::parameterMenu()
 {
-    if (!_parmmenu) _parmmenu = new ParmMenuDialog(this, &_displaylist, &_otherlist);
+    makeParmMenu();
     _parmmenu->show();
     _parmmenu->raise();
     _parmmenu->activateWindow();
@@ -264,7 +272,8 @@ void MainWindow::contentHelp() { tellNotBuilt("The help viewer"); }
 
 void MainWindow::showOverlay(int state)
 {
-    if (!_displaylist.isEmpty()) _displaylist.first()->setOverlayMode(state != 0);
+    makeParmMenu();
+    _parmmenu->showOverlay(state != 0);
 }
 
 ColorBarFrame* MainWindow::overlayColorBarFrame()
@@ -281,6 +290,7 @@ ColorBarFrame* MainWindow::overlayColorBarFrame()
 void MainWindow::setOverlayMode(bool on)
 {
     overlayColorBarFrame()->setVisible(on);
+    if (_parmmenu) _parmmenu->setOverlayMode(on);
 }
 
 void MainWindow::saveImage(int state)

@@ -136,6 +136,7 @@ protected:
 
 private:
     void makeCentre();
+    void makeParmMenu();
     void makeDifference();
     void loadDifference();
     void makeRecentMenu();

@@ -8,7 +8,7 @@
 NumberEdit::NumberEdit(double least, double largest, QWidget* parent)
     : QLineEdit(parent), _least(least), _largest(largest)
 {
-    setFixedWidth(fontMetrics().horizontalAdvance("-0.00000e+00 "));
+    setFixedWidth(fontMetrics().horizontalAdvance("-0.00000e+000 "));
     connect(this, &QLineEdit::returnPressed, this, &NumberEdit::commit);
     connect(this, &QLineEdit::editingFinished, this, &NumberEdit::commitTyped);
 }

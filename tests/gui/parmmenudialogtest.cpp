@@ -38,6 +38,7 @@ private slots:
     void gainControlRefreshesTheAutomaticRange();
     void theWindowOpensOneMenuAndRefreshesIt();
     void anotherFileShowsItsOwnParameters();
+    void theToolBarsOverlayBoxAndTheMenusAgree();
     void aLoadedColorFileIsKeptForTheNextSession();
 
 private:
@@ -204,6 +205,26 @@ void ParmMenuDialogTest::anotherFileShowsItsOwnParameters()
     QCOMPARE(mode->currentIndex(), int(f.window->display()->seismicPlot()->displayType()));
     const QString tpi = f.dialog()->findChild<NumberEdit*>("tscaleEdit")->text();
     QCOMPARE(tpi, QString::number(double(f.window->display()->seismicPlot()->traceSpacing()), 'f', 2));
+}
+
+void ParmMenuDialogTest::theToolBarsOverlayBoxAndTheMenusAgree()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture f;
+    f.open("prestack-marine/viking_small.segy");
+    QCheckBox* onToolBar = f.window->actionTable()->box("overlayBox");
+    onToolBar->click();
+    auto* inMenu = f.dialog()->findChild<QCheckBox*>("opacBox");
+    QVERIFY(inMenu->isChecked());
+    auto* ofColors = f.dialog()->findChild<ColorBarDialog*>()->findChild<QCheckBox*>("overlayBox");
+    QVERIFY(!ofColors->isEnabled());
+    f.window->actionTable()->action("forwardAct")->trigger();
+    QVERIFY(f.window->display()->overlayPlot());
+    QVERIFY(ofColors->isEnabled());
+    inMenu->click();
+    QVERIFY(!onToolBar->isChecked());
+    QVERIFY(!f.window->display()->overlayPlot()->isVisible());
+    QVERIFY(!ofColors->isEnabled());
 }
 
 void ParmMenuDialogTest::aLoadedColorFileIsKeptForTheNextSession()

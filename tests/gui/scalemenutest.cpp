@@ -42,6 +42,9 @@ private slots:
     void conditioningTouchesNoSample();
     void anEnsembleThatFollowsIsConditionedToo();
     void whatIsNotBuiltIsDisabledAndSaysSo();
+    void theOverlayBoxAsksForAnOverlay();
+    void opacityCountsPercent();
+    void anOverlayOfFullOpacityCoversTheData();
     void eachControlRepaintsOnce();
     void everyControlHasATip();
 };
@@ -351,10 +354,63 @@ void ScaleMenuTest::whatIsNotBuiltIsDisabledAndSaysSo()
         QCOMPARE(combo->currentText(), QString("None"));
         QVERIFY(combo->toolTip().contains("not built yet"));
     }
-    for (const char* name : {"opacBox", "opacSlider", "opacEdit"}) {
-        QVERIFY(!f.find<QWidget>(name)->isEnabled());
-        QVERIFY(f.find<QWidget>(name)->toolTip().contains("not built yet"));
-    }
+}
+
+void ScaleMenuTest::theOverlayBoxAsksForAnOverlay()
+{
+    MenuFixture f;
+    QSignalSpy changed(f.page.get(), &ScaleMenu::overlayChanged);
+    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"}) QVERIFY(!f.find<QWidget>(name)->isEnabled());
+    f.box("opacBox")->click();
+    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"}) QVERIFY(f.find<QWidget>(name)->isEnabled());
+    QCOMPARE(f.menu->ioverlay, 1);
+    QCOMPARE(changed.count(), 1);
+    f.load(f.ensemble);
+    QVERIFY(f[0]->overlayPlot());
+    QVERIFY(f[0]->overlayPlot()->isVisible());
+    f.box("opacBox")->click();
+    QCOMPARE(f.menu->ioverlay, 0);
+    QVERIFY(!f[0]->overlayPlot()->isVisible());
+}
+
+void ScaleMenuTest::opacityCountsPercent()
+{
+    MenuFixture f;
+    f.box("opacBox")->click();
+    QCOMPARE(f.edit("opacEdit")->text(), QString("75"));
+    f.find<QSlider>("opacSlider")->setValue(40);  // chosen before there is an overlay
+    f.load(f.ensemble);
+    f.page->setOverlayMode(true);
+    QCOMPARE(f[0]->overlayPlot()->opacity(), 0.4f);
+    QCOMPARE(f.find<QSlider>("opacSlider")->minimum(), 1);
+    QCOMPARE(f.find<QSlider>("opacSlider")->maximum(), 100);
+    f.type("opacEdit", "1");
+    QCOMPARE(f[0]->overlayPlot()->opacity(), 0.01f);
+    QCOMPARE(f.find<QSlider>("opacSlider")->value(), 1);
+    f.type("opacEdit", "101");
+    QCOMPARE(f.edit("opacEdit")->text(), QString("1"));
+}
+
+void ScaleMenuTest::anOverlayOfFullOpacityCoversTheData()
+{
+    MenuFixture f;
+    for (auto& trace : f.ensemble.samples) std::fill(trace.begin(), trace.end(), 2.0f);
+    f.box("opacBox")->click();
+    f.load(f.ensemble);
+    f[0]->overlayPlot()->setDisplayType(Map);
+    f[0]->overlayPlot()->setNormalization(Normalize::None);
+    f[0]->overlayPlot()->setRange(0.0f, 2.0f);  // the samples are the upper end
+    const QPoint middle = f[0]->canvas()->mapTo(f[0], f[0]->canvas()->rect().center());
+    const QRgb top = f.host.overlayBar.table().getColorRGB2(2.0);
+    f[0]->rePlot();
+    const auto distance = [&] {
+        const QRgb seen = f[0]->grab().toImage().pixel(middle);
+        return std::abs(qRed(seen) - qRed(top)) + std::abs(qGreen(seen) - qGreen(top)) + std::abs(qBlue(seen) - qBlue(top));
+    };
+    f.type("opacEdit", "100");
+    QCOMPARE(distance(), 0);
+    f.type("opacEdit", "1");
+    QVERIFY(distance() > 200);
 }
 
 void ScaleMenuTest::eachControlRepaintsOnce()
