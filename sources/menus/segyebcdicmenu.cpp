@@ -36,6 +36,7 @@ SegyEbcdicMenu::SegyEbcdicMenu(QWidget* parent) : QWidget(parent)
     _textEdit->setToolTip(tr("The 40 lines of the text header"));
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_textEdit);
+    setFocusProxy(_textEdit);
 }
 
 void SegyEbcdicMenu::newLoader(SegyLoader* loader)

@@ -46,6 +46,7 @@ private slots:
     void theRemapTableGoesToTheLoader();
     void aFailedLoadKeepsTheFields();
     void dismissClosesIt();
+    void shownAgainTheKeysGoToTheTabInView();
     void theTextHeaderIsFortyLinesOfEighty();
     void editTogglesReadOnly();
     void loadOfATextFileDoesNotTouchTheReel();
@@ -474,6 +475,18 @@ void SegyMenuTest::dismissClosesIt()
     QTest::keyClick(menu.dialog.get(), Qt::Key_Escape);
     QVERIFY(!menu.dialog->isVisible());
     QCOMPARE(menu.host.asked.size(), 1);
+}
+
+void SegyMenuTest::shownAgainTheKeysGoToTheTabInView()
+{
+    MenuFixture menu;
+    menu.find<QPushButton>("dismissButton")->setFocus();
+    menu.click("dismissButton");
+    menu.dialog->show();
+    menu.dialog->activateWindow();
+    QTRY_VERIFY(menu.edit("fileField")->hasFocus());
+    QTest::keyClick(menu.dialog->focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(menu.find<QTabWidget>("tabWidget")->currentIndex(), 1);
 }
 
 void SegyMenuTest::theTextHeaderIsFortyLinesOfEighty()
