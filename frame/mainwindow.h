@@ -132,6 +132,7 @@ private:
     void makeCentre();
     void makeRecentMenu();
     void openSegy(const QString& name);
+    void openSegyWindow();
     void readSettings();
     void writeSettings();
     void setAreaLineTitle();

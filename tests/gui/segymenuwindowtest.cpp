@@ -35,6 +35,7 @@ private slots:
     void aFailedLoadBringsTheMenuAgainWithItsFields();
     void aFailedLoadKeepsTheOldFileInTheTabs();
     void inAFlowTheMenuIsModalAndComesAgain();
+    void besideADatasetSegyGetsAWindowOfItsOwn();
     void buildNowEnablesPreviousAndSeek();
     void theRemapTableIsInForceWhenTheFileOpens();
     void aRemapTableWithoutAUsableRowUnchecksItsBox();
@@ -222,6 +223,26 @@ void SegyMenuWindowTest::inAFlowTheMenuIsModalAndComesAgain()
     QCOMPARE(boxes.titles, QStringList({"SEGY Load Error"}));
     QCOMPARE(fixture.shownKey(), QString("FFID :10"));
     QVERIFY(!fixture.window->isStandAlone());
+}
+
+void SegyMenuWindowTest::besideADatasetSegyGetsAWindowOfItsOwn()
+{
+    WindowFixture fixture;
+    fixture.menu->dotrevia = 2;
+    fixture.action("segyAct")->trigger();
+    auto* second = fixture.window->findChild<MainWindow*>();
+    QVERIFY(second && second->isVisible() && second->isWindow());
+    auto* dialog = second->findChild<SegyMenuDialog*>();
+    QVERIFY(dialog && dialog->isVisible());
+    dialog->findChild<QLineEdit*>("fileField")->setText(_file);
+    dialog->findChild<QPushButton*>("openButton")->click();
+    QCOMPARE(second->display()->traceCount(), 2);
+    QVERIFY(second->isSegy());
+    QCOMPARE(fixture.window->display()->traceCount(), 0);
+    QVERIFY(!fixture.window->isSegy());
+    QPointer<MainWindow> closed(second);
+    second->close();
+    QTRY_VERIFY(!closed);
 }
 
 void SegyMenuWindowTest::buildNowEnablesPreviousAndSeek()
