@@ -201,6 +201,7 @@ void MainWindow::seekRecord()
     if (dialog.getSortKey() != _segyloader->currentSortKey()) {
         _segyloader->buildNewSort(dialog.getSortKey());
         takeLoaderKeys();
+        _segyloader->dataLoaded();  // the trace tab counts in the new order
     }
     _segyloader->seekEnsemble(dialog.prikey());
     showRecord(_segyloader->numTraces() > 0);

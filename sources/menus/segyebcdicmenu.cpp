@@ -42,6 +42,12 @@ SegyEbcdicMenu::SegyEbcdicMenu(QWidget* parent) : QWidget(parent)
 void SegyEbcdicMenu::newLoader(SegyLoader* loader)
 {
     _segyloader = loader;
+    _textEdit->document()->setModified(false);
+}
+
+bool SegyEbcdicMenu::isEdited() const
+{
+    return _textEdit->document()->isModified();
 }
 
 void SegyEbcdicMenu::loadEbcdic()
@@ -63,6 +69,7 @@ int SegyEbcdicMenu::loadText(const QString& path)
         return 0;
     }
     _textEdit->setPlainText(QString::fromUtf8(text));
+    _textEdit->document()->setModified(true);
     return 1;
 }
 

@@ -96,7 +96,8 @@ void SegyMenuDialog::buildConnections(SegyLoader* loader)
 
 void SegyMenuDialog::loadTabs()
 {
-    _segyebcdicmenu->loadEbcdic();
+    // The same file is read anew when its index is built: that must not take an edited text away.
+    if (!_segyebcdicmenu->isEdited()) _segyebcdicmenu->loadEbcdic();
     _segybinarymenu->loadBinary();
     _segyheadermenu->loadHeader();
 }

@@ -49,6 +49,7 @@ private slots:
     void shownAgainTheKeysGoToTheTabInView();
     void theTextHeaderIsFortyLinesOfEighty();
     void editTogglesReadOnly();
+    void anEditedTextSurvivesTheBuildOfTheIndex();
     void loadOfATextFileDoesNotTouchTheReel();
     void saveWritesTheTextOfTheEditor();
     void aTextFileThatCannotBeReadOrWrittenIsTold();
@@ -520,6 +521,21 @@ void SegyMenuTest::editTogglesReadOnly()
     QVERIFY(text->toPlainText().startsWith("XC 1"));
     menu.click("editButton");
     QVERIFY(text->isReadOnly());
+}
+
+void SegyMenuTest::anEditedTextSurvivesTheBuildOfTheIndex()
+{
+    MenuFixture menu;
+    menu.open(_file);
+    menu.showTab(1);
+    menu.click("editButton");
+    QTest::keyClicks(menu.text("segyebcdicmenu"), "X");
+    menu.showTab(0);
+    menu.click("buttonBuild");
+    QTRY_VERIFY(menu.host.loader->isIndexBuilt());
+    QVERIFY(menu.text("segyebcdicmenu")->toPlainText().startsWith("XC 1"));
+    menu.open(_file);
+    QVERIFY(menu.text("segyebcdicmenu")->toPlainText().startsWith("C 1"));
 }
 
 void SegyMenuTest::loadOfATextFileDoesNotTouchTheReel()
