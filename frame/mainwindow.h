@@ -142,6 +142,7 @@ private:
     void makeRecentMenu();
     void makeAssumptionsPanel();
     void openSegy(const QString& name);
+    void openSegyWindow();
     void readSettings();
     void writeSettings();
     void setAreaLineTitle();

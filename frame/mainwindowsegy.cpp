@@ -4,6 +4,7 @@
 #include "analysis/parmmenudialog.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/menudefaults.h"
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
 #include "host/signal/bytes.h"
@@ -20,6 +21,8 @@
 #include <QMessageBox>
 #include <QSettings>
 #include <QStatusBar>
+
+#include <vector>
 
 namespace {
 
@@ -204,6 +207,7 @@ void MainWindow::seekRecord()
     if (dialog.getSortKey() != _segyloader->currentSortKey()) {
         _segyloader->buildNewSort(dialog.getSortKey());
         takeLoaderKeys();
+        _segyloader->dataLoaded();  // the trace tab counts in the new order
     }
     _segyloader->seekEnsemble(dialog.prikey());
     showRecord(_segyloader->numTraces() > 0);
@@ -220,8 +224,26 @@ void MainWindow::takeLoaderKeys()
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
 }
 
+/// A window on a dataset or a flow keeps its data: SEG-Y gets a window of its own, with a record of its own.
+void MainWindow::openSegyWindow()
+{
+    static std::vector<std::unique_ptr<parmmenu>> menus;  // live until the process ends
+    menus.push_back(std::make_unique<parmmenu>());
+    parmmenu* menu = menus.back().get();
+    setDisplayDefaults(menu);
+    menu->iskeyinc = 5;
+    auto* window = new MainWindow(this, menu);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setVelSemblance(_velsemblance);
+    window->setFBPickMenu(_fbpickmenu);
+    window->buildMainPlot();
+    window->show();
+    window->segyMenu();
+}
+
 void MainWindow::segyMenu()
 {
+    if (_menu->dotrevia != 0) return openSegyWindow();
     if (!_segy) _segy = new SegyMenuDialog(this, this);
     if (_isStandAlone) {
         _segy->show();

@@ -35,3 +35,16 @@ int makeHome()
     }
     return 1;
 }
+
+/// A name of one folder: no slash, no dots alone.
+static bool isFolderName(const std::string& name)
+{
+    return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
+}
+
+const char* treviaLinePath(const char* area, const char* line)
+{
+    static std::string folder;
+    folder = isFolderName(area) && isFolderName(line) ? homeFolder() + "/areas/" + area + "/" + line : "";
+    return folder.c_str();
+}

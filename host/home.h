@@ -12,4 +12,8 @@ const char* GetHome();
 /// Returns 1, or 0 when they can't be made.
 int makeHome();
 
+/// Folder of a line, GetHome()/areas/AREA/LINE; without trailing slash, not made here. Valid until the next
+/// call. Empty when a name is empty or would leave the folder.
+const char* treviaLinePath(const char* area, const char* line);
+
 #endif

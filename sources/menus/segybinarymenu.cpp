@@ -67,6 +67,7 @@ SegyBinaryMenu::SegyBinaryMenu(QWidget* parent) : QWidget(parent)
     _textEdit->setToolTip(tr("The binary reel header as it is in use"));
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_textEdit);
+    setFocusProxy(_textEdit);
 }
 
 void SegyBinaryMenu::newLoader(SegyLoader* loader)

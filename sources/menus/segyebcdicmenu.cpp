@@ -36,11 +36,18 @@ SegyEbcdicMenu::SegyEbcdicMenu(QWidget* parent) : QWidget(parent)
     _textEdit->setToolTip(tr("The 40 lines of the text header"));
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_textEdit);
+    setFocusProxy(_textEdit);
 }
 
 void SegyEbcdicMenu::newLoader(SegyLoader* loader)
 {
     _segyloader = loader;
+    _textEdit->document()->setModified(false);
+}
+
+bool SegyEbcdicMenu::isEdited() const
+{
+    return _textEdit->document()->isModified();
 }
 
 void SegyEbcdicMenu::loadEbcdic()
@@ -62,6 +69,7 @@ int SegyEbcdicMenu::loadText(const QString& path)
         return 0;
     }
     _textEdit->setPlainText(QString::fromUtf8(text));
+    _textEdit->document()->setModified(true);
     return 1;
 }
 

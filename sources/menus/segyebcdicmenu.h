@@ -18,6 +18,8 @@ public:
     explicit SegyEbcdicMenu(QWidget* parent = nullptr);
     void newLoader(SegyLoader* loader);
     bool isReadOnly() const { return _readOnly; }
+    /// The text is the user's, typed or loaded, and not the reel's.
+    bool isEdited() const;
 
     /// The editor takes a file's whole text. Returns 1; 0 after a box, and the text stays.
     int loadText(const QString& path);

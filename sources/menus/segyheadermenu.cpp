@@ -41,6 +41,7 @@ SegyHeaderMenu::SegyHeaderMenu(QWidget* parent) : QWidget(parent), _tfont(fixedF
     _textEdit->setReadOnly(true);
     _textEdit->setToolTip(tr("The 240 bytes of the trace header"));
     layout->addWidget(_textEdit);
+    setFocusProxy(_spinBox);
 }
 
 QWidget* SegyHeaderMenu::makeControls()

@@ -43,7 +43,6 @@ SegyMenuDialog::SegyMenuDialog(SegyMenuHost* host, QWidget* parent) : QDialog(pa
     resize(metrics.averageCharWidth() * 90, std::min(metrics.height() * 50, most));
     connect(_tabWidget, &QTabWidget::currentChanged, this, &SegyMenuDialog::changeTab);
     changeTab(LoadTab);
-    _segyloadmenu->setFocus();
     if (_host->segyLoader()) buildConnections(_host->segyLoader());
 }
 
@@ -97,7 +96,8 @@ void SegyMenuDialog::buildConnections(SegyLoader* loader)
 
 void SegyMenuDialog::loadTabs()
 {
-    _segyebcdicmenu->loadEbcdic();
+    // The same file is read anew when its index is built: that must not take an edited text away.
+    if (!_segyebcdicmenu->isEdited()) _segyebcdicmenu->loadEbcdic();
     _segybinarymenu->loadBinary();
     _segyheadermenu->loadHeader();
 }
@@ -107,6 +107,12 @@ void SegyMenuDialog::changeTab(int tab)
     _openButton->setEnabled(tab == LoadTab);
     for (QPushButton* button : {_loadButton, _saveButton, _editButton}) button->setEnabled(tab == EbcdicTab);
     if (tab == TraceTab) _segyheadermenu->openTraceTab();
+}
+
+void SegyMenuDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    _tabWidget->currentWidget()->setFocus();
 }
 
 void SegyMenuDialog::accept()

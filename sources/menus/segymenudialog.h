@@ -43,6 +43,10 @@ public slots:
     void reject() override;
     void changeTab(int tab);
 
+protected:
+    /// The keys go to the tab in view, not to the button that has last closed the dialog.
+    void showEvent(QShowEvent* event) override;
+
 private slots:
     void loadTabs();
 

@@ -46,8 +46,10 @@ private slots:
     void theRemapTableGoesToTheLoader();
     void aFailedLoadKeepsTheFields();
     void dismissClosesIt();
+    void shownAgainTheKeysGoToTheTabInView();
     void theTextHeaderIsFortyLinesOfEighty();
     void editTogglesReadOnly();
+    void anEditedTextSurvivesTheBuildOfTheIndex();
     void loadOfATextFileDoesNotTouchTheReel();
     void saveWritesTheTextOfTheEditor();
     void aTextFileThatCannotBeReadOrWrittenIsTold();
@@ -476,6 +478,18 @@ void SegyMenuTest::dismissClosesIt()
     QCOMPARE(menu.host.asked.size(), 1);
 }
 
+void SegyMenuTest::shownAgainTheKeysGoToTheTabInView()
+{
+    MenuFixture menu;
+    menu.find<QPushButton>("dismissButton")->setFocus();
+    menu.click("dismissButton");
+    menu.dialog->show();
+    menu.dialog->activateWindow();
+    QTRY_VERIFY(menu.edit("fileField")->hasFocus());
+    QTest::keyClick(menu.dialog->focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(menu.find<QTabWidget>("tabWidget")->currentIndex(), 1);
+}
+
 void SegyMenuTest::theTextHeaderIsFortyLinesOfEighty()
 {
     MenuFixture menu;
@@ -507,6 +521,21 @@ void SegyMenuTest::editTogglesReadOnly()
     QVERIFY(text->toPlainText().startsWith("XC 1"));
     menu.click("editButton");
     QVERIFY(text->isReadOnly());
+}
+
+void SegyMenuTest::anEditedTextSurvivesTheBuildOfTheIndex()
+{
+    MenuFixture menu;
+    menu.open(_file);
+    menu.showTab(1);
+    menu.click("editButton");
+    QTest::keyClicks(menu.text("segyebcdicmenu"), "X");
+    menu.showTab(0);
+    menu.click("buttonBuild");
+    QTRY_VERIFY(menu.host.loader->isIndexBuilt());
+    QVERIFY(menu.text("segyebcdicmenu")->toPlainText().startsWith("XC 1"));
+    menu.open(_file);
+    QVERIFY(menu.text("segyebcdicmenu")->toPlainText().startsWith("C 1"));
 }
 
 void SegyMenuTest::loadOfATextFileDoesNotTouchTheReel()

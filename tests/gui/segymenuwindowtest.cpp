@@ -35,6 +35,7 @@ private slots:
     void aFailedLoadBringsTheMenuAgainWithItsFields();
     void aFailedLoadKeepsTheOldFileInTheTabs();
     void inAFlowTheMenuIsModalAndComesAgain();
+    void besideADatasetSegyGetsAWindowOfItsOwn();
     void buildNowEnablesPreviousAndSeek();
     void theRemapTableIsInForceWhenTheFileOpens();
     void aRemapTableWithoutAUsableRowUnchecksItsBox();
@@ -42,6 +43,7 @@ private slots:
     void aFileOpenedElsewhereIsShownInTheLoadTab();
     void seekShowsTheRecord();
     void seekInAnotherSortRebuildsTheSortFirst();
+    void theTraceTabCountsInTheNewOrder();
     void aDismissedSeekChangesNothing();
     void anMsdosFileShowsItsTextAndHeaders();
 
@@ -224,6 +226,26 @@ void SegyMenuWindowTest::inAFlowTheMenuIsModalAndComesAgain()
     QVERIFY(!fixture.window->isStandAlone());
 }
 
+void SegyMenuWindowTest::besideADatasetSegyGetsAWindowOfItsOwn()
+{
+    WindowFixture fixture;
+    fixture.menu->dotrevia = 2;
+    fixture.action("segyAct")->trigger();
+    auto* second = fixture.window->findChild<MainWindow*>();
+    QVERIFY(second && second->isVisible() && second->isWindow());
+    auto* dialog = second->findChild<SegyMenuDialog*>();
+    QVERIFY(dialog && dialog->isVisible());
+    dialog->findChild<QLineEdit*>("fileField")->setText(_file);
+    dialog->findChild<QPushButton*>("openButton")->click();
+    QCOMPARE(second->display()->traceCount(), 2);
+    QVERIFY(second->isSegy());
+    QCOMPARE(fixture.window->display()->traceCount(), 0);
+    QVERIFY(!fixture.window->isSegy());
+    QPointer<MainWindow> closed(second);
+    second->close();
+    QTRY_VERIFY(!closed);
+}
+
 void SegyMenuWindowTest::buildNowEnablesPreviousAndSeek()
 {
     WindowFixture fixture;
@@ -327,6 +349,23 @@ void SegyMenuWindowTest::seekInAnotherSortRebuildsTheSortFirst()
     QCOMPARE(fixture.menu->iskeyreal, fixture.window->segyLoader()->secEKey());
     fixture.action("backAct")->trigger();
     QCOMPARE(fixture.shownKey(), QString("CDP :103"));
+}
+
+void SegyMenuWindowTest::theTraceTabCountsInTheNewOrder()
+{
+    WindowFixture fixture;
+    fixture.open(_file, "Yes");
+    fixture.action("segyAct")->trigger();
+    fixture.find<QTabWidget>("tabWidget")->setCurrentIndex(3);
+    fixture.find<QSpinBox>("spinBox")->setValue(2);
+    const auto channel = [&fixture] { return fixture.text("segyheadermenu").split('\n')[3].mid(46).toInt(); };
+    QCOMPARE(channel(), 2);
+    QVERIFY(fixture.seek([](SegyRecDialog* dialog) {
+        dialog->findChild<QComboBox*>("seekPriBox")->setCurrentText("Offset");  // in truth by channel: 1 1 1 2 2 2
+        dialog->accept();
+    }));
+    QCOMPARE(fixture.find<QSpinBox>("spinBox")->value(), 2);
+    QCOMPARE(channel(), 1);
 }
 
 void SegyMenuWindowTest::aDismissedSeekChangesNothing()
