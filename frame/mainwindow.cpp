@@ -10,6 +10,7 @@
 #include "host/home.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
+#include "widgets/helpviewer.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -268,7 +269,11 @@ void MainWindow::drawMenu() { tellNotBuilt("Drawing on the canvas"); }
 void MainWindow::addNewDisplay() { tellNotBuilt("Adding a display"); }
 void MainWindow::menuViewer() {}
 void MainWindow::getMapViewer() { tellNotBuilt("The map"); }
-void MainWindow::contentHelp() { tellNotBuilt("The help viewer"); }
+void MainWindow::contentHelp()
+{
+    (new HelpViewer(this, GetHome(), "/docs/meridune-docs/index.html", _COMPANY))->show();
+}
+
 
 void MainWindow::showOverlay(int state)
 {
