@@ -10,6 +10,7 @@
 #include "host/home.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
+#include "widgets/dialogprogress.h"
 #include "widgets/helpviewer.h"
 
 #include <QCheckBox>
@@ -37,7 +38,8 @@ static void initPictures()
 static const char programTitle[] = "Seismic Display";
 
 MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
-    : QMainWindow(parent), _report(std::make_unique<WindowReport>(this)), _menu(menu)
+    : QMainWindow(parent), _report(std::make_unique<WindowReport>(this)),
+      _progress(std::make_unique<DialogProgress>(this)), _menu(menu)
 {
     initPictures();
     setObjectName("MainWindow");
