@@ -114,6 +114,7 @@ void DisplayMenu::makeAmplitudeRows(QGridLayout* grid)
                                        tr("Sets the RMS amplitude until the next ensemble is measured; the "
                                           "automatic range of scaled traces is 1.4 times it"),
                                        0.0, most);
+    _rmsEdit->setPlaceholderText(tr("measured"));
     _rmsLabel = makeControl<QLabel>("rmsLabel", tr("RMS amplitude of the ensemble, in units of the samples"));
     addRow(grid, "RMS:", {_rmsEdit, _rmsLabel, new QLabel("   Amplitude")});
 
