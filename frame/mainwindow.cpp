@@ -59,6 +59,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
 MainWindow::~MainWindow()
 {
     // The displays borrow from the loader's parameter record and the header table.
+    delete _parmmenu;
     qDeleteAll(_displaylist);
 }
 
@@ -196,6 +197,7 @@ void MainWindow::writeSettings()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     writeSettings();
+    if (_parmmenu) _parmmenu->hide();
     _run._doExit = true;
     event->accept();
 }
