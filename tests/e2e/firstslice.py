@@ -88,6 +88,50 @@ def a_locale_with_decimal_commas_changes_nothing(program, path):
         shows_what_the_samples_say(program, path, environment)
 
 
+def ibm_to_float(words):
+    """Big-endian IBM floats as numpy floats."""
+    words = words.astype('>u4').astype(numpy.uint64)
+    sign = numpy.where(words >> 31, -1.0, 1.0)
+    exponent = ((words >> 24) & 0x7f).astype(int) - 64
+    return sign * (words & 0xffffff).astype(float) / 2.0**24 * 16.0**exponent
+
+
+def a_real_shot_looks_like_its_samples(program, _):
+    """Each pixel beside a trace of a marine shot is black or white as the sample under it is positive or not."""
+    data = os.environ.get('MERIDUNE_TEST_DATA') or os.path.join(os.path.dirname(__file__), '../../../shared/data')
+    path = os.path.join(data, 'prestack-marine', 'viking_small.segy')
+    if not os.path.exists(path):
+        print(f'SKIP   : data no real data files in {data}')
+        return
+    n_traces, n_samples = 120, 600
+    record = numpy.dtype([('header', 'u1', 240), ('samples', '>u4', n_samples)])
+    shot = ibm_to_float(numpy.fromfile(path, record, n_traces, offset=3600)['samples'])
+    shot = shot / (2.0 * numpy.abs(shot).mean(axis=1, keepdims=True))  # in trace widths
+
+    with Window(program, [path]) as window:
+        window.xdotool('mousemove', 600, 20)
+        picture = window.settled()
+        left, top, right, bottom = window.canvas(picture)
+    dark = picture[top:bottom + 1, left:right + 1].max(axis=2) < 128
+    height, width = dark.shape
+    rows = numpy.arange(height)
+    below = numpy.clip((rows * n_samples / height).astype(int), 1, n_samples - 3)
+    axes = ((numpy.arange(n_traces) + 1) * width / (n_traces + 1)).astype(int)
+    beside = dark[:, axes + 2].T            # [trace, row]: two pixels right of the axis
+    # A row lies between two samples: it is sure of its colour where both, and their neighbours, agree.
+    around = numpy.stack([shot[:, below + k] for k in (-1, 0, 1, 2)])
+    loud = around.min(axis=0) > 0.6         # fills more than half a trace width
+    # White wants that neither the trace nor the two on either side reach the place with fill or line.
+    quiet = around.max(axis=0) < -0.3
+    quiet[1:] &= around.max(axis=0)[:-1] < 0.5
+    quiet[2:] &= around.max(axis=0)[:-2] < 1.5
+    quiet[:-1] &= around.min(axis=0)[1:] > -0.5
+    quiet[:-2] &= around.min(axis=0)[2:] > -1.5
+    assert loud.sum() > 1000 and quiet.sum() > 100, (loud.sum(), quiet.sum())
+    assert beside[loud].mean() > 0.97, f'only {beside[loud].mean():.3f} of the loud places are black'
+    assert beside[quiet].mean() < 0.1, f'{beside[quiet].mean():.3f} of the quiet places are black'
+
+
 GATHERS, FOLD = 3, 10
 
 
@@ -177,7 +221,7 @@ def a_processors_first_quarter_of_an_hour(program, _):
 
 TESTS = [shows_what_the_samples_say, next_shows_the_next_shot, zoom_and_back_gives_the_same_picture,
          exit_key_leaves_with_status_0,
-         a_processors_first_quarter_of_an_hour, a_locale_with_decimal_commas_changes_nothing]
+         a_real_shot_looks_like_its_samples, a_processors_first_quarter_of_an_hour, a_locale_with_decimal_commas_changes_nothing]
 
 if __name__ == '__main__':
     program, wanted = sys.argv[1:]
