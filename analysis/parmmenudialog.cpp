@@ -51,10 +51,16 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
     connect(_groupDisplay, &QButtonGroup::idClicked, this, &ParmMenuDialog::changeDisplay);
     if (!displaylist->isEmpty()) {
         addNewDisplay(displaylist->first());
-        setOverlayMode(displaylist->first()->overlayPlot() && displaylist->first()->overlayPlot()->isVisible());
+        setOverlayMode(displaylist->first()->overlayPlot() &&
+                       displaylist->first()->overlayPlot()->isVisible());
     }
     if (otherlist)
         for (SeismicDisplay* display : qAsConst(*otherlist)) addNewDisplay(display);
+}
+
+ParmMenuDialog::~ParmMenuDialog()
+{
+    hide();
 }
 
 void ParmMenuDialog::update()

@@ -23,6 +23,9 @@ public:
     /// The lists are lent and outlive the dialog; the second may be null. A button is made for the main list,
     /// under the name of its first display, and one for each of the others.
     ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist);
+    /// Hides it first, so that a number that is just being typed is taken while all still stands: delete the
+    /// dialog before the displays.
+    ~ParmMenuDialog() override;
 
     /// Shows what has changed with the data, after a new ensemble.
     void update();
@@ -52,7 +55,7 @@ private:
     QButtonGroup* _groupDisplay;
     QHBoxLayout* _displayLayout;
     int _ibcount = 0;  // buttons made
-    int _lastid = 0;   // the active one
+    int _lastid = 0;  // the active one
 };
 
 #endif

@@ -51,12 +51,16 @@ static QPushButton* makeButton(const char* name, const QString& text, const QStr
 
 void ColorBarDialog::makeTable(QGridLayout* grid)
 {
-    _colorTable = makeControl<ColorStopTable>("colorTable", tr("Color stops from high to low values. Double click a color to choose another; type a "
-                               "percentage from 0 to 100 into a blank row to add a stop, clear it to drop one"));
+    _colorTable = makeControl<ColorStopTable>(
+        "colorTable",
+        tr("Color stops from high to low values. Double click a color to choose another; type a "
+           "percentage from 0 to 100 into a blank row to add a stop, clear it to drop one"));
     grid->addWidget(_colorTable, 0, 0);
-    _resetButton = makeButton("resetButton", "Reset", tr("Back to the colors from before the menu was opened"));
+    _resetButton =
+        makeButton("resetButton", "Reset", tr("Back to the colors from before the menu was opened"));
     _updateButton = makeButton("updateButton", "Update", tr("Paint with the colors of the table"));
-    _saveButton = makeButton("saveButton", "Save", tr("Paint with the colors of the table and save them to a file"));
+    _saveButton =
+        makeButton("saveButton", "Save", tr("Paint with the colors of the table and save them to a file"));
     auto* buttons = new QHBoxLayout;
     for (QPushButton* button : {_resetButton, _updateButton, _saveButton}) buttons->addWidget(button);
     grid->addLayout(buttons, 1, 0);
@@ -71,10 +75,14 @@ void ColorBarDialog::makeProperties(QGridLayout* grid)
         "numColorsEdit", tr("Steps that the range of amplitudes is divided into, 1 to 65536"), 1.0, 65536.0);
     _numColorsEdit->setWhole(true);
     _scaledBox = makeControl<QCheckBox>(
-        "scaledBox", tr("Mix colors between the stops; else each stop's color reaches up to the next"), "Scaled Colors");
-    _drawScaleBox = makeControl<QCheckBox>("drawScaleBox", tr("Amplitudes beside the color bar"), "Draw Scale Values");
-    _backgroundButton = makeButton("backgroundButton", "Background Color", tr("Color of the picture where there are no traces"));
-    _fileList = makeControl<QListWidget>("fileList", tr("Color files of your folder; a double click loads one"));
+        "scaledBox", tr("Mix colors between the stops; else each stop's color reaches up to the next"),
+        "Scaled Colors");
+    _drawScaleBox =
+        makeControl<QCheckBox>("drawScaleBox", tr("Amplitudes beside the color bar"), "Draw Scale Values");
+    _backgroundButton = makeButton("backgroundButton", "Background Color",
+                                   tr("Color of the picture where there are no traces"));
+    _fileList =
+        makeControl<QListWidget>("fileList", tr("Color files of your folder; a double click loads one"));
     _fileList->setIconSize(QSize(4, 1) * fontMetrics().height());
     _loadButton = makeButton("loadButton", "Load", tr("Paint with the colors of the chosen file"));
     _overlayBox = makeControl<QCheckBox>(
@@ -87,7 +95,8 @@ void ColorBarDialog::makeProperties(QGridLayout* grid)
     count->addWidget(_numColorsEdit);
     count->addStretch();
     column->addLayout(count);
-    for (QWidget* widget : QList<QWidget*>{_scaledBox, _drawScaleBox, _backgroundButton}) column->addWidget(widget, 0, Qt::AlignLeft);
+    for (QWidget* widget : QList<QWidget*>{_scaledBox, _drawScaleBox, _backgroundButton})
+        column->addWidget(widget, 0, Qt::AlignLeft);
     auto* files = new QGroupBox("Color Files");
     auto* filesLayout = new QVBoxLayout(files);
     filesLayout->addWidget(_fileList);
@@ -101,6 +110,8 @@ void ColorBarDialog::makeProperties(QGridLayout* grid)
     connect(_drawScaleBox, &QCheckBox::stateChanged, this, &ColorBarDialog::changeDrawScale);
     connect(_backgroundButton, &QPushButton::clicked, this, &ColorBarDialog::changeBackground);
     connect(_loadButton, &QPushButton::clicked, this, &ColorBarDialog::loadFile);
+    connect(_fileList, &QListWidget::currentItemChanged, _loadButton,
+            [this](QListWidgetItem* item) { _loadButton->setEnabled(item != nullptr); });
     connect(_fileList, &QListWidget::itemDoubleClicked, this, &ColorBarDialog::loadFile);
     connect(_overlayBox, &QCheckBox::stateChanged, this, &ColorBarDialog::changeOverlay);
 }
@@ -133,7 +144,8 @@ void ColorBarDialog::applyToBars(const std::function<void(ColorBarFrame*)>& chan
     const QList<ColorBarFrame*> changed = bars();
     for (ColorBarFrame* bar : changed) change(bar);
     for (SeismicDisplay* display : _selection.allDisplays())
-        if (changed.contains(barOf(display, false)) || changed.contains(barOf(display, true))) display->rebuildPlot();
+        if (changed.contains(barOf(display, false)) || changed.contains(barOf(display, true)))
+            display->rebuildPlot();
     showBar();
 }
 
@@ -263,8 +275,11 @@ void ColorBarDialog::loadColorFiles()
 {
     const QString chosen = _fileList->currentItem() ? _fileList->currentItem()->text() : QString();
     _fileList->clear();
-    for (const QString& name : QDir(colorFolder()).entryList({"*.col"}, QDir::Files, QDir::Name | QDir::IgnoreCase)) {
-        auto* item = new QListWidgetItem(fileIcon(colorFolder() + name, _fileList->iconSize()), name, _fileList);
+    _loadButton->setEnabled(false);
+    for (const QString& name :
+         QDir(colorFolder()).entryList({"*.col"}, QDir::Files, QDir::Name | QDir::IgnoreCase)) {
+        auto* item =
+            new QListWidgetItem(fileIcon(colorFolder() + name, _fileList->iconSize()), name, _fileList);
         if (name == chosen) _fileList->setCurrentItem(item);
     }
 }
@@ -299,23 +314,24 @@ static bool writeFile(const QString& name, const std::string& text)
 {
     QDir().mkpath(colorFolder());
     QSaveFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(text.data(), qint64(text.size())) == qint64(text.size()) &&
-           file.commit();
+    return file.open(QIODevice::WriteOnly) &&
+           file.write(text.data(), qint64(text.size())) == qint64(text.size()) && file.commit();
 }
 
 void ColorBarDialog::saveColorMap()
 {
     bool ok = false;
-    const QString typed = QInputDialog::getText(this, "Save Colorbar to File ", tr("File name in %1").arg(colorFolder()),
-                                                QLineEdit::Normal, QString(), &ok);
+    const QString typed =
+        QInputDialog::getText(this, "Save Colorbar to File ", tr("File name in %1").arg(colorFolder()),
+                              QLineEdit::Normal, QString(), &ok);
     if (!ok) return;
     const QString name = colorFilePath(typed);
     if (name.isEmpty()) {
         QMessageBox::warning(this, tr("Color File Error"), tr("\"%1\" is not a file name.").arg(typed));
         return;
     }
-    if (QFile::exists(name) &&
-        QMessageBox::question(this, "Save Colorbar to File ", tr("Replace %1?").arg(name)) != QMessageBox::Yes)
+    if (QFile::exists(name) && QMessageBox::question(this, "Save Colorbar to File ",
+                                                     tr("Replace %1?").arg(name)) != QMessageBox::Yes)
         return;
     ColorFile colors = tableColors();
     colors.numColors = _colorTable->rowCount();

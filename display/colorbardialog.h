@@ -19,15 +19,16 @@ class QPushButton;
 class SeismicDisplay;
 class SeismicPlot;
 
-/// Edits the bars of the displays chosen, or of their overlays. The table acts with "Update", all else at once;
-/// each change ends in one repaint of every display that is painted with a changed bar.
+/// Edits the bars of the displays chosen, or of their overlays. The table acts with "Update", all else at
+/// once; each change ends in one repaint of every display that is painted with a changed bar.
 class ColorBarDialog : public QWidget
 {
     Q_OBJECT
 
 public:
     /// The lists are lent and outlive the dialog; the second may be null.
-    ColorBarDialog(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist, QWidget* parent = nullptr);
+    ColorBarDialog(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
+                   QWidget* parent = nullptr);
 
     /// Shows another display: 0 all main ones, k the k-th of the others.
     void setDisplay(int id);

@@ -49,7 +49,8 @@ void ColorStopTable::setColorMap(const ColorMap& map, int nRows)
     setRowCount(std::max(nRows, int(shown.size())));
     for (int row = 0; row < int(shown.size()); ++row) {
         setColor(row, shown[row].color);
-        setItem(row, percentColumn, new QTableWidgetItem(QString::number(shown[row].position * 100.0, 'g', 6)));
+        setItem(row, percentColumn,
+                new QTableWidgetItem(QString::number(shown[row].position * 100.0, 'g', 6)));
     }
     scrollToTop();
 }
@@ -103,7 +104,8 @@ void ColorStopTable::editColor(int row, int column)
 
 void ColorStopTable::keyPressEvent(QKeyEvent* event)
 {
-    const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    const bool opens =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
     if (opens && currentColumn() == colorColumn && currentRow() >= 0)
         editColor(currentRow(), currentColumn());
     else

@@ -18,7 +18,8 @@
 #include <algorithm>
 #include <cmath>
 
-DisplayMenu::DisplayMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist, QWidget* parent)
+DisplayMenu::DisplayMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
+                         QWidget* parent)
     : QWidget(parent), _selection(displaylist, otherlist)
 {
     setObjectName("DisplayMenu");
@@ -61,11 +62,14 @@ static void addRow(QGridLayout* grid, const QString& label, const QList<QWidget*
 void DisplayMenu::makeTraceRows(QGridLayout* grid)
 {
     _displayBox = makeCombo("displayBox", tr("How the traces are drawn"),
-                            {"Wiggle/Variable Area", "Wiggle Only", "Variable Area Only", "Color", "Color/Wiggle",
-                             "Map", "Velocity"});
-    _directBox = makeCombo("directBox", tr("Side at which the first trace stands"), {"Left to Right", "Right to Left"});
-    _scalarBox = makeCombo("scalarBox", tr("Amplitudes are divided by twice the mean of each trace, of the ensemble, or not at all"),
-                           {"Trace", "Ensemble", "None"});
+                            {"Wiggle/Variable Area", "Wiggle Only", "Variable Area Only", "Color",
+                             "Color/Wiggle", "Map", "Velocity"});
+    _directBox = makeCombo("directBox", tr("Side at which the first trace stands"),
+                           {"Left to Right", "Right to Left"});
+    _scalarBox = makeCombo(
+        "scalarBox",
+        tr("Amplitudes are divided by twice the mean of each trace, of the ensemble, or not at all"),
+        {"Trace", "Ensemble", "None"});
     _clipEdit = makeControl<NumberEdit>("clipEdit", tr("Largest excursion, in trace widths"), 0.0, 1000.0);
     _moveEdit = makeControl<NumberEdit>("moveEdit", tr("Ensembles that Next and Previous move by"), 1.0, 1e6);
     _moveEdit->setWhole(true);
@@ -81,11 +85,14 @@ void DisplayMenu::makeSpacingRows(QGridLayout* grid)
     _tscaleSlider = makeSlider("tscaleSlider", tr("Trace spacing, in tenths of a trace per inch"), 1, 1000);
     _tscaleEdit = makeControl<NumberEdit>("tscaleEdit", tr("Trace spacing, in traces per inch"), 1e-3, 1e6);
     _tscaleBox = makeControl<QCheckBox>("tscaleBox", tr("All traces fill the width of the display"));
-    addRow(grid, "Trace Spacing:", {_tscaleSlider, _tscaleEdit, new QLabel("TPI"), new QLabel("Automatic:"), _tscaleBox});
+    addRow(grid, "Trace Spacing:",
+           {_tscaleSlider, _tscaleEdit, new QLabel("TPI"), new QLabel("Automatic:"), _tscaleBox});
     _sscaleSlider = makeSlider("sscaleSlider", tr("Sample spacing, in tenths of an inch per second"), 1, 400);
-    _sscaleEdit = makeControl<NumberEdit>("sscaleEdit", tr("Sample spacing, in inches per second"), 1e-3, 1e6);
+    _sscaleEdit =
+        makeControl<NumberEdit>("sscaleEdit", tr("Sample spacing, in inches per second"), 1e-3, 1e6);
     _sscaleBox = makeControl<QCheckBox>("sscaleBox", tr("All samples fill the height of the display"));
-    addRow(grid, "Sample Spacing:", {_sscaleSlider, _sscaleEdit, new QLabel("IPS"), new QLabel("Automatic:"), _sscaleBox});
+    addRow(grid, "Sample Spacing:",
+           {_sscaleSlider, _sscaleEdit, new QLabel("IPS"), new QLabel("Automatic:"), _sscaleBox});
 }
 
 void DisplayMenu::makeAmplitudeRows(QGridLayout* grid)
@@ -95,17 +102,24 @@ void DisplayMenu::makeAmplitudeRows(QGridLayout* grid)
     addRow(grid, "Gain:", {_gainSlider, _gainEdit});
 
     const double most = 3.4e38;
-    _lminEdit = makeControl<NumberEdit>("lminEdit", tr("Amplitude at the lower end of the color bar, after trace scaling"), -most, most);
-    _lmaxEdit = makeControl<NumberEdit>("lmaxEdit", tr("Amplitude at the upper end of the color bar, after trace scaling"), -most, most);
+    _lminEdit = makeControl<NumberEdit>(
+        "lminEdit", tr("Amplitude at the lower end of the color bar, after trace scaling"), -most, most);
+    _lmaxEdit = makeControl<NumberEdit>(
+        "lmaxEdit", tr("Amplitude at the upper end of the color bar, after trace scaling"), -most, most);
     _lautoBox = makeControl<QCheckBox>("lautoBox", tr("The range follows the amplitudes of each ensemble"));
     addRow(grid, "Range Limit,   Min:",
            {_lminEdit, new QLabel("   Max:"), _lmaxEdit, new QLabel("Automatic:"), _lautoBox});
 
-    _rmsEdit = makeControl<NumberEdit>("rmsEdit", tr("Sets the RMS amplitude until the next ensemble is measured; the automatic range of scaled traces is 1.4 times it"), 0.0, most);
+    _rmsEdit = makeControl<NumberEdit>("rmsEdit",
+                                       tr("Sets the RMS amplitude until the next ensemble is measured; the "
+                                          "automatic range of scaled traces is 1.4 times it"),
+                                       0.0, most);
+    _rmsEdit->setPlaceholderText(tr("measured"));
     _rmsLabel = makeControl<QLabel>("rmsLabel", tr("RMS amplitude of the ensemble, in units of the samples"));
     addRow(grid, "RMS:", {_rmsEdit, _rmsLabel, new QLabel("   Amplitude")});
 
-    _biasEdit = makeControl<NumberEdit>("biasEdit", tr("Added to the samples after the gain, in units of the samples"), -most, most);
+    _biasEdit = makeControl<NumberEdit>(
+        "biasEdit", tr("Added to the samples after the gain, in units of the samples"), -most, most);
     _biasBox = makeControl<QCheckBox>("biasBox", tr("Apply the bias"));
     addRow(grid, "Bias:", {_biasEdit, _biasBox});
     _aliasBox = makeControl<QCheckBox>("aliasBox", tr("Low-pass traces that have more samples than pixels"));
@@ -114,11 +128,12 @@ void DisplayMenu::makeAmplitudeRows(QGridLayout* grid)
 
 void DisplayMenu::makeFoot(QGridLayout* grid)
 {
-    _overlayBox = makeControl<QCheckBox>("overlayBox", tr("The controls act on the overlay data, if there are any"),
-                                         "Edit Overlay Display");
+    _overlayBox = makeControl<QCheckBox>(
+        "overlayBox", tr("The controls act on the overlay data, if there are any"), "Edit Overlay Display");
     grid->addWidget(_overlayBox, grid->rowCount(), 0, 1, 2);
     grid->setRowStretch(grid->rowCount(), 1);
-    grid->addWidget(new QLabel("Mouse:   MB1: Zoom,   MB3: UnZoom,   MB2: Pan"), grid->rowCount() + 1, 0, 1, 2);
+    grid->addWidget(new QLabel("Mouse:   MB1: Zoom,   MB3: UnZoom,   MB2: Pan"), grid->rowCount() + 1, 0, 1,
+                    2);
 }
 
 void DisplayMenu::connectControls()
@@ -131,10 +146,14 @@ void DisplayMenu::connectControls()
     const struct {
         NumberEdit* edit;
         void (DisplayMenu::*slot)();
-    } edits[] = {{_clipEdit, &DisplayMenu::changeClip},           {_moveEdit, &DisplayMenu::changeMoveUp},
-                 {_tscaleEdit, &DisplayMenu::changeTraceSpacing}, {_sscaleEdit, &DisplayMenu::changeSampleSpacing},
-                 {_gainEdit, &DisplayMenu::changeGain},           {_lminEdit, &DisplayMenu::changeRange},
-                 {_lmaxEdit, &DisplayMenu::changeRange},          {_rmsEdit, &DisplayMenu::changeRMS},
+    } edits[] = {{_clipEdit, &DisplayMenu::changeClip},
+                 {_moveEdit, &DisplayMenu::changeMoveUp},
+                 {_tscaleEdit, &DisplayMenu::changeTraceSpacing},
+                 {_sscaleEdit, &DisplayMenu::changeSampleSpacing},
+                 {_gainEdit, &DisplayMenu::changeGain},
+                 {_lminEdit, &DisplayMenu::changeRange},
+                 {_lmaxEdit, &DisplayMenu::changeRange},
+                 {_rmsEdit, &DisplayMenu::changeRMS},
                  {_biasEdit, &DisplayMenu::changeBias}};
     for (const auto& row : edits) connect(row.edit, &NumberEdit::numberEdited, this, row.slot);
 
@@ -455,7 +474,8 @@ void DisplayMenu::changeRMS()
     const auto rms = float(_rmsEdit->number());
     applyToPlots([=](SeismicPlot* plot) {
         plot->setRMS(rms);
-        if (plot->isAutoGain() && plot->normalization() != Normalize::None) plot->setRange(-plot->peak(), plot->peak());
+        if (plot->isAutoGain() && plot->normalization() != Normalize::None)
+            plot->setRange(-plot->peak(), plot->peak());
     });
     const SeismicPlot* plot = shownPlot();
     if (!plot) return;

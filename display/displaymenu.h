@@ -26,7 +26,8 @@ class DisplayMenu : public QWidget
 
 public:
     /// The lists are lent and outlive the menu; the second may be null.
-    DisplayMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist, QWidget* parent = nullptr);
+    DisplayMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
+                QWidget* parent = nullptr);
 
     /// Shows another display: 0 all main ones, k the k-th of the others.
     void setDisplay(int id);
@@ -102,7 +103,7 @@ private:
     QCheckBox* _aliasBox;
     QCheckBox* _overlayBox;
     bool _isOverlay = false;  // the controls act on the overlay
-    bool _doUpdate = false;   // values are only being shown: controls must not act
+    bool _doUpdate = false;  // values are only being shown: controls must not act
 };
 
 #endif

@@ -65,17 +65,27 @@ void ScaleMenu::makeGrids(QVBoxLayout* column)
 {
     _gridTBox = makeControl<QCheckBox>("gridTBox", tr("Lines at the steps of the time axis"), "Major Grid:");
     _gridTMajorEdit = makeEdit("gridTMajorEdit", tr("Step of the time axis, in ms"), 1e-3, 1e6, false);
-    _gridTMinorBox = makeControl<QCheckBox>("gridTMinorBox", tr("Lines between the steps of the time axis"), "Minor Grid:");
-    _gridTMinorEdit = makeEdit("gridTMinorEdit", tr("Wanted step between minor lines, in ms; the plot itself chooses how to divide the major step"), 1e-3, 1e6, false);
+    _gridTMinorBox = makeControl<QCheckBox>("gridTMinorBox", tr("Lines between the steps of the time axis"),
+                                            "Minor Grid:");
+    _gridTMinorEdit = makeEdit(
+        "gridTMinorEdit",
+        tr("Wanted step between minor lines, in ms; the plot itself chooses how to divide the major step"),
+        1e-3, 1e6, false);
     _gridSBox = makeControl<QCheckBox>("gridSBox", tr("Lines at the steps of the trace axis"), "Major Grid:");
     _gridSMajorEdit = makeEdit("gridSMajorEdit", tr("Step of the trace axis, in traces"), 1.0, 1e6, false);
-    _gridSMinorBox = makeControl<QCheckBox>("gridSMinorBox", tr("Lines between the steps of the trace axis"), "Minor Grid:");
-    _gridSMinorEdit = makeEdit("gridSMinorEdit", tr("Wanted step between minor lines, in traces; the plot itself chooses how to divide the major step"), 1e-3, 1e6, false);
+    _gridSMinorBox = makeControl<QCheckBox>("gridSMinorBox", tr("Lines between the steps of the trace axis"),
+                                            "Minor Grid:");
+    _gridSMinorEdit = makeEdit("gridSMinorEdit",
+                               tr("Wanted step between minor lines, in traces; the plot itself chooses how "
+                                  "to divide the major step"),
+                               1e-3, 1e6, false);
     _gridTMinorEdit->setNumber(100.0);
     _gridSMinorEdit->setNumber(1.0);
     QGridLayout* grid = makeGroup(column, "Grid");
-    addWidgets(grid, {new QLabel("Time: "), _gridTBox, _gridTMajorEdit, new QLabel("ms"), _gridTMinorBox, _gridTMinorEdit, new QLabel("ms")});
-    addWidgets(grid, {new QLabel("Trace: "), _gridSBox, _gridSMajorEdit, new QLabel("trc"), _gridSMinorBox, _gridSMinorEdit, new QLabel("trc")});
+    addWidgets(grid, {new QLabel("Time: "), _gridTBox, _gridTMajorEdit, new QLabel("ms"), _gridTMinorBox,
+                      _gridTMinorEdit, new QLabel("ms")});
+    addWidgets(grid, {new QLabel("Trace: "), _gridSBox, _gridSMajorEdit, new QLabel("trc"), _gridSMinorBox,
+                      _gridSMinorEdit, new QLabel("trc")});
     grid->setColumnStretch(7, 1);
 }
 
@@ -115,7 +125,8 @@ void ScaleMenu::makeConditioners(QVBoxLayout* column)
     _agcEdit = makeEdit("agcEdit", tr("Length of the AGC window, in ms"), 1.0, 1e6, true);
     _agcEdit->setNumber(500.0);
     QGridLayout* grid = makeGroup(column, "Automatic Gain Control");
-    addWidgets(grid, {new QLabel("Apply AGC:"), _agcBox, new QLabel("Window Length:"), _agcEdit, new QLabel("msec")});
+    addWidgets(grid, {new QLabel("Apply AGC:"), _agcBox, new QLabel("Window Length:"), _agcEdit,
+                      new QLabel("msec")});
     grid->setColumnStretch(5, 1);
 
     _phseBox = makeControl<QCheckBox>("phseBox", tr("Rotate the phase of all frequencies"), "Phase Rotation");
@@ -134,8 +145,10 @@ void ScaleMenu::makeConditioners(QVBoxLayout* column)
 
 void ScaleMenu::makeOverlay(QVBoxLayout* column)
 {
-    _opacBox = makeControl<QCheckBox>("opacBox", tr("Every second ensemble is laid over the one before it"), "Show Overlay");
-    _opacSlider = makeControl<QSlider>("opacSlider", tr("Opacity of the overlay, in percent"), Qt::Horizontal);
+    _opacBox = makeControl<QCheckBox>("opacBox", tr("Every second ensemble is laid over the one before it"),
+                                      "Show Overlay");
+    _opacSlider =
+        makeControl<QSlider>("opacSlider", tr("Opacity of the overlay, in percent"), Qt::Horizontal);
     _opacSlider->setRange(1, 100);
     _opacEdit = makeEdit("opacEdit", tr("Opacity of the overlay, in percent, 1 to 100"), 1.0, 100.0, true);
     _opacLabel = makeControl<QLabel>("opacLabel", QString(), "percent");
@@ -149,17 +162,21 @@ void ScaleMenu::connectControls()
     const struct {
         QCheckBox* box;
         void (ScaleMenu::*slot)(int);
-    } boxes[] = {{_gridTBox, &ScaleMenu::changeApplyTGrid}, {_gridTMinorBox, &ScaleMenu::changeApplyMinorTGrid},
-                 {_gridSBox, &ScaleMenu::changeApplySGrid}, {_gridSMinorBox, &ScaleMenu::changeApplyMinorSGrid},
-                 {_agcBox, &ScaleMenu::changeApplyAGC},     {_phseBox, &ScaleMenu::changePhase},
-                 {_opacBox, &ScaleMenu::changeOverlay}};
+    } boxes[] = {
+        {_gridTBox, &ScaleMenu::changeApplyTGrid}, {_gridTMinorBox, &ScaleMenu::changeApplyMinorTGrid},
+        {_gridSBox, &ScaleMenu::changeApplySGrid}, {_gridSMinorBox, &ScaleMenu::changeApplyMinorSGrid},
+        {_agcBox, &ScaleMenu::changeApplyAGC},     {_phseBox, &ScaleMenu::changePhase},
+        {_opacBox, &ScaleMenu::changeOverlay}};
     for (const auto& row : boxes) connect(row.box, &QCheckBox::stateChanged, this, row.slot);
     const struct {
         NumberEdit* edit;
         void (ScaleMenu::*slot)();
-    } edits[] = {{_gridTMajorEdit, &ScaleMenu::changeMajorTGrid}, {_gridTMinorEdit, &ScaleMenu::changeMinorTGrid},
-                 {_gridSMajorEdit, &ScaleMenu::changeMajorSGrid}, {_gridSMinorEdit, &ScaleMenu::changeMinorSGrid},
-                 {_agcEdit, &ScaleMenu::changeAGCWin},            {_phseEdit, &ScaleMenu::changePhaseValue},
+    } edits[] = {{_gridTMajorEdit, &ScaleMenu::changeMajorTGrid},
+                 {_gridTMinorEdit, &ScaleMenu::changeMinorTGrid},
+                 {_gridSMajorEdit, &ScaleMenu::changeMajorSGrid},
+                 {_gridSMinorEdit, &ScaleMenu::changeMinorSGrid},
+                 {_agcEdit, &ScaleMenu::changeAGCWin},
+                 {_phseEdit, &ScaleMenu::changePhaseValue},
                  {_opacEdit, &ScaleMenu::changeOverlayValue}};
     for (const auto& row : edits) connect(row.edit, &NumberEdit::numberEdited, this, row.slot);
     connect(_phseSlider, &QSlider::valueChanged, this, &ScaleMenu::changeSliderPhase);
@@ -197,7 +214,8 @@ void ScaleMenu::showDisplay()
     _phseEdit->setEnabled(_phseBox->isChecked());
     _opacBox->setChecked(display->menu() && display->menu()->ioverlay != 0);
     const SeismicPlot* overlay = display->overlayPlot();
-    const int percent = int(std::lround((overlay ? overlay->opacity() : display->seismicPlot()->opacity()) * 100.0f));
+    const int percent =
+        int(std::lround((overlay ? overlay->opacity() : display->seismicPlot()->opacity()) * 100.0f));
     _opacSlider->setValue(percent);
     _opacEdit->setNumber(percent);
     enableOpacity();
@@ -303,7 +321,8 @@ static void changeStep(SeismicDisplay* display, const QList<int>& axes, double s
     for (const int axis : axes) shown.append(display->axisScaleDiv(axis));
     change();
     for (int i = 0; showsPart && i < axes.size(); ++i)
-        display->setAxisScale(axes[i], shown[i].lowerBound(), shown[i].upperBound(), axisStep(shown[i].range(), step));
+        display->setAxisScale(axes[i], shown[i].lowerBound(), shown[i].upperBound(),
+                              axisStep(shown[i].range(), step));
     display->rePlot();
 }
 
@@ -311,14 +330,16 @@ void ScaleMenu::changeMajorTGrid()
 {
     const double step = _gridTMajorEdit->number();
     for (SeismicDisplay* display : _selection.mainDisplays())
-        changeStep(display, {QwtPlot::yLeft, QwtPlot::yRight}, step, [=] { display->setTimeIncrement(float(step)); });
+        changeStep(display, {QwtPlot::yLeft, QwtPlot::yRight}, step,
+                   [=] { display->setTimeIncrement(float(step)); });
 }
 
 void ScaleMenu::changeMajorSGrid()
 {
     const double step = _gridSMajorEdit->number();
     for (SeismicDisplay* display : _selection.mainlist())
-        changeStep(display, {QwtPlot::xTop, QwtPlot::xBottom}, step, [=] { display->setTraceIncrement(float(step)); });
+        changeStep(display, {QwtPlot::xTop, QwtPlot::xBottom}, step,
+                   [=] { display->setTraceIncrement(float(step)); });
 }
 
 /// The minor division stays the plot's own.
@@ -419,7 +440,8 @@ void ScaleMenu::setOverlayMode(bool on)
 
 void ScaleMenu::enableOpacity()
 {
-    for (QWidget* widget : QList<QWidget*>{_opacSlider, _opacEdit, _opacLabel}) widget->setEnabled(_opacBox->isChecked());
+    for (QWidget* widget : QList<QWidget*>{_opacSlider, _opacEdit, _opacLabel})
+        widget->setEnabled(_opacBox->isChecked());
 }
 
 void ScaleMenu::changeOverlay(int state)

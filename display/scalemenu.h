@@ -28,7 +28,8 @@ class ScaleMenu : public QWidget
 
 public:
     /// The lists are lent and outlive the menu; the second may be null.
-    ScaleMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist, QWidget* parent = nullptr);
+    ScaleMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
+              QWidget* parent = nullptr);
 
     /// Shows another display: 0 all main ones, k the k-th of the others.
     void setDisplay(int id);
@@ -83,9 +84,9 @@ private:
     void enableOpacity();
 
     DisplaySelection _selection;
-    QStringList _hlist;    // header names of 8 characters
-    QStringList _hvlist;   // texts for the combos
-    QList<int> _hindex;    // their words, counted from 0
+    QStringList _hlist;   // header names of 8 characters
+    QStringList _hvlist;  // texts for the combos
+    QList<int> _hindex;   // their words, counted from 0
     QCheckBox* _gridTBox;  // all controls are children of this widget
     NumberEdit* _gridTMajorEdit;
     QCheckBox* _gridTMinorBox;

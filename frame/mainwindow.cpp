@@ -10,6 +10,8 @@
 #include "host/home.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
+#include "widgets/dialogprogress.h"
+#include "widgets/helpviewer.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -36,7 +38,8 @@ static void initPictures()
 static const char programTitle[] = "Seismic Display";
 
 MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
-    : QMainWindow(parent), _report(std::make_unique<WindowReport>(this)), _menu(menu)
+    : QMainWindow(parent), _report(std::make_unique<WindowReport>(this)),
+      _progress(std::make_unique<DialogProgress>(this)), _menu(menu)
 {
     initPictures();
     setObjectName("MainWindow");
@@ -56,6 +59,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
 MainWindow::~MainWindow()
 {
     // The displays borrow from the loader's parameter record and the header table.
+    delete _parmmenu;
     qDeleteAll(_displaylist);
 }
 
@@ -193,6 +197,7 @@ void MainWindow::writeSettings()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     writeSettings();
+    if (_parmmenu) _parmmenu->hide();
     _run._doExit = true;
     event->accept();
 }
@@ -268,7 +273,11 @@ void MainWindow::drawMenu() { tellNotBuilt("Drawing on the canvas"); }
 void MainWindow::addNewDisplay() { tellNotBuilt("Adding a display"); }
 void MainWindow::menuViewer() {}
 void MainWindow::getMapViewer() { tellNotBuilt("The map"); }
-void MainWindow::contentHelp() { tellNotBuilt("The help viewer"); }
+void MainWindow::contentHelp()
+{
+    (new HelpViewer(this, GetHome(), "/docs/meridune-docs/index.html", _COMPANY))->show();
+}
+
 
 void MainWindow::showOverlay(int state)
 {

@@ -16,6 +16,7 @@
 class AssumptionsPanel;
 class ColorBarFrame;
 class ParmMenuDialog;
+class DialogProgress;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
@@ -168,6 +169,7 @@ private:
     SeismicDisplay* _display = nullptr;  // the last screen made
     ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use
     SegyMenuDialog* _segy = nullptr;     // child, made on first use
+    std::unique_ptr<DialogProgress> _progress;  // lent to the loader, so it goes after it
     std::unique_ptr<SegyLoader> _segyloader;
     SegyLoadParm _segyParm;  // how the loader reads its file
 

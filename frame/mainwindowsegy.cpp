@@ -88,13 +88,12 @@ SegyLoadParm MainWindow::segyLoadParm() const
 int MainWindow::loadSegyFile(const SegyLoadParm& parm)
 {
     WaitCursor wait;
-    DialogProgress progress(this);
     const QStringList assumedBefore = _assumptionsPanel->lines();
     _assumptionsPanel->setLines({});
     auto loader = std::make_unique<SegyLoader>(1, parm.files, 0, parm.isort, parm.itype, parm.iformat, parm.ivariable,
                                                littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
                                                parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
-                                               _report.get(), &progress, &_headerTable);
+                                               _report.get(), _progress.get(), &_headerTable);
     if (_segy) loader->setRemapTable(parm.iremap, _segy->remapTable());
     if (!loader->openFiles()) {
         _assumptionsPanel->setLines(assumedBefore);
@@ -107,6 +106,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     loader->setMenu(_menu);
     if (_segy) _segy->buildConnections(loader.get());
     loader->initBuild();
+    _progress->close();
     connect(loader.get(), &SegyLoader::indexBuilt, this, [this] { enableBackKey(true); });
     _segyloader = std::move(loader);
     _segyParm = parm;

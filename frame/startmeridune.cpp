@@ -55,18 +55,30 @@ static void watchTiming(MainWindow* window)
 }
 
 /// Resources of a static library are only linked in when they are asked for by name.
-static void initColors()
+static void initResources()
 {
     Q_INIT_RESOURCE(meridune);
 }
 
-/// Makes the user's folder, and puts the shipped color files there that it lacks.
+/// Shipped files, and the folders of the installation that get those which they lack.
+static const struct {
+    const char* from;
+    const char* to;
+} shipped[] = {
+    {":/colors", "/port/misc"},
+    {":/remap", "/port/db/segy"},
+    {":/docs/meridune-docs", "/docs/meridune-docs"},
+};
+
+/// Makes the user's folder and puts the shipped files there.
 static void fillHome()
 {
-    initColors();
+    initResources();
     makeHome();
-    if (copyMissingFiles(":/colors", QString(GetHome()) + "/port/misc") < 0)
-        std::puts("MERIDUNE: the color files can't be copied to the user's folder");
+    for (const auto& row : shipped)
+        if (copyMissingFiles(row.from, QString(GetHome()) + row.to) < 0)
+            std::printf("MERIDUNE: the files of %s can't be copied to %s%s\n", row.from + 2, GetHome(), row.to);
+    std::fflush(stdout);
 }
 
 int aloneMeriduneSEGY()

@@ -28,7 +28,7 @@ const char* GetHome()
 
 int makeHome()
 {
-    for (const char* sub : {"/port/misc", "/port/db/segy", "/linux/lib"}) {
+    for (const char* sub : {"/port/misc", "/port/db/segy", "/linux/lib", "/docs/meridune-docs"}) {
         std::error_code error;
         std::filesystem::create_directories(GetHome() + std::string(sub), error);
         if (error) return 0;

@@ -11,7 +11,8 @@ int copyMissingFiles(const QString& from, const QString& to)
         const QString copy = to + "/" + name;
         if (QFile::exists(copy)) continue;
         if (!QFile::copy(from + "/" + name, copy)) return -1;
-        QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+        QFile::setPermissions(copy,
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
         ++nCopied;
     }
     return nCopied;

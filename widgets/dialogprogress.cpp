@@ -37,3 +37,8 @@ void DialogProgress::step(int value)
     _dialog->setValue(value);
     letPaint();
 }
+
+void DialogProgress::close()
+{
+    _dialog.reset();
+}

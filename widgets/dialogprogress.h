@@ -20,6 +20,8 @@ public:
     void begin(const std::string& title, const std::string& label) override;
     void setRange(int least, int largest) override;
     void step(int value) override;
+    /// Takes the dialog away: the work is done. The next begin makes another.
+    void close();
 
 private:
     QWidget* _parent;

@@ -153,7 +153,7 @@ void ColorBarDialogTest::updatePaintsWithTheTable()
     f.press("updateButton");
     QCOMPARE(f.bar.colorMap().rgb(0.0, 1.0, 0.6), qRgb(255, 0, 0));
     QCOMPARE(f.bar.colorMap().rgb(0.0, 1.0, 0.25), qRgb(128, 128, 128));  // halfway from black to white
-    QCOMPARE(f.percent(3), QString("0"));  // the dropped row has gone
+    QCOMPARE(f.percent(3), QString("0"));                                // the dropped row has gone
 }
 
 void ColorBarDialogTest::aColorIsChosenInADialog()
@@ -292,9 +292,9 @@ void ColorBarDialogTest::saveWritesTheRowsThatCount()
     PageFixture f;
     f.find<NumberEdit>("numColorsEdit")->setText("10");
     QTest::keyClick(f.find<NumberEdit>("numColorsEdit"), Qt::Key_Return);
-    f.typePercent(1, "150");   // beyond the bar
+    f.typePercent(1, "150");  // beyond the bar
     f.typePercent(2, "33.25");
-    f.typePercent(3, "");      // dropped
+    f.typePercent(3, "");     // dropped
     f.typePercent(5, "some");  // no number
     QString title;
     answerNext<QInputDialog>([&](QInputDialog* dialog) {

@@ -90,8 +90,13 @@ struct MenuFixture : DisplayFixture {
 void DisplayMenuTest::theDisplayModesAreThoseOfTheTypes()
 {
     MenuFixture f;
-    const QStringList names = {"Wiggle/Variable Area", "Wiggle Only", "Variable Area Only", "Color", "Color/Wiggle",
-                               "Map", "Velocity"};
+    const QStringList names = {"Wiggle/Variable Area",
+                               "Wiggle Only",
+                               "Variable Area Only",
+                               "Color",
+                               "Color/Wiggle",
+                               "Map",
+                               "Velocity"};
     QCOMPARE(f.find<QComboBox>("displayBox")->count(), 7);
     for (int i = 1; i < 7; ++i) {
         f.choose("displayBox", i);
@@ -169,12 +174,18 @@ void DisplayMenuTest::fieldsGiveTheirValueToThePlot_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<float>("wanted");
-    QTest::newRow("clip") << "clipEdit" << "1.5" << 1.5f;
-    QTest::newRow("gain") << "gainEdit" << "-6.5" << -6.5f;
-    QTest::newRow("bias") << "biasEdit" << "0.25" << 0.25f;
-    QTest::newRow("least") << "lminEdit" << "-5" << -5.0f;
-    QTest::newRow("largest") << "lmaxEdit" << "1e3" << 1000.0f;
-    QTest::newRow("rms") << "rmsEdit" << "12" << 12.0f;
+    QTest::newRow("clip") << "clipEdit"
+                          << "1.5" << 1.5f;
+    QTest::newRow("gain") << "gainEdit"
+                          << "-6.5" << -6.5f;
+    QTest::newRow("bias") << "biasEdit"
+                          << "0.25" << 0.25f;
+    QTest::newRow("least") << "lminEdit"
+                           << "-5" << -5.0f;
+    QTest::newRow("largest") << "lmaxEdit"
+                             << "1e3" << 1000.0f;
+    QTest::newRow("rms") << "rmsEdit"
+                         << "12" << 12.0f;
 }
 
 static float fieldOf(const SeismicPlot* plot, const QString& name)
@@ -194,22 +205,32 @@ void DisplayMenuTest::fieldsGiveTheirValueToThePlot()
     QFETCH(float, wanted);
     MenuFixture f(2);
     f.type(name.toLatin1(), typed);
-    for (int i = 0; i < 2; ++i) QVERIFY(std::abs(fieldOf(f.plot(i), name) - wanted) < 1e-5f * std::abs(wanted));
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(std::abs(fieldOf(f.plot(i), name) - wanted) < 1e-5f * std::abs(wanted));
 }
 
 void DisplayMenuTest::badInputLeavesTheFormerValue_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("typed");
-    QTest::newRow("no number") << "clipEdit" << "wide";
-    QTest::newRow("negative clip") << "clipEdit" << "-1";
-    QTest::newRow("empty") << "gainEdit" << "";
-    QTest::newRow("a gain beyond the slider") << "gainEdit" << "900";
-    QTest::newRow("not a number") << "biasEdit" << "nan";
-    QTest::newRow("infinite") << "lmaxEdit" << "inf";
-    QTest::newRow("a decimal comma") << "lminEdit" << "1,5";
-    QTest::newRow("part of an ensemble") << "moveEdit" << "1.5";
-    QTest::newRow("no ensemble") << "moveEdit" << "0";
+    QTest::newRow("no number") << "clipEdit"
+                               << "wide";
+    QTest::newRow("negative clip") << "clipEdit"
+                                   << "-1";
+    QTest::newRow("empty") << "gainEdit"
+                           << "";
+    QTest::newRow("a gain beyond the slider") << "gainEdit"
+                                              << "900";
+    QTest::newRow("not a number") << "biasEdit"
+                                  << "nan";
+    QTest::newRow("infinite") << "lmaxEdit"
+                              << "inf";
+    QTest::newRow("a decimal comma") << "lminEdit"
+                                     << "1,5";
+    QTest::newRow("part of an ensemble") << "moveEdit"
+                                         << "1.5";
+    QTest::newRow("no ensemble") << "moveEdit"
+                                 << "0";
 }
 
 void DisplayMenuTest::badInputLeavesTheFormerValue()
@@ -325,7 +346,8 @@ void DisplayMenuTest::automaticSpacingShowsWhatFits()
     f[0]->resize(900, 700);
     QTest::qWait(20);
     f.page->update();
-    QCOMPARE(f.text("tscaleEdit"), QString::number(21.0 * 115.0 / f[0]->canvas()->contentsRect().width(), 'f', 2));
+    QCOMPARE(f.text("tscaleEdit"),
+             QString::number(21.0 * 115.0 / f[0]->canvas()->contentsRect().width(), 'f', 2));
 }
 
 void DisplayMenuTest::spacingGoesToTheOtherDisplaysToo()

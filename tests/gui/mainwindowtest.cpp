@@ -10,6 +10,7 @@
 #include "tests/testdata.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
+#include "widgets/helpviewer.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -19,6 +20,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 #include <QToolBar>
 #include <QtTest>
 
@@ -45,6 +47,7 @@ private slots:
     void theDifferenceIsThatOfTheTwoScreensBeforeIt();
     void showImagesWithoutImagesUnchecksItself();
     void aboutNamesTheCompany();
+    void theHelpOpensItsFirstPageOrNamesTheMissingOne();
 
 private:
     QTemporaryDir _home;
@@ -390,6 +393,41 @@ void MainWindowTest::aboutNamesTheCompany()
     fixture.window->about();
     QCOMPARE(boxes.titles, QStringList({"About Seismic Display"}));
     QVERIFY(boxes.texts.first().contains("Aurora Geoservices"));
+}
+
+void MainWindowTest::theHelpOpensItsFirstPageOrNamesTheMissingOne()
+{
+    WindowFixture fixture;
+    QFile::remove(_home.path() + "/docs/meridune-docs/index.html");
+    fixture.action("contentAct")->trigger();
+    auto* viewer = fixture.window->findChild<HelpViewer*>("HelpViewer");
+    QVERIFY(viewer);
+    QVERIFY(viewer->browser()->toPlainText().contains("/docs/meridune-docs/index.html is missing"));
+    viewer->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    QDir().mkpath(_home.path() + "/docs/meridune-docs");
+    for (const char* name : {"index.html", "open.html", "display.html", "parameters.html", "keys.html"})
+        QVERIFY2(QFile::copy(QString(":/docs/meridune-docs/") + name, _home.path() + "/docs/meridune-docs/" + name), name);
+    fixture.action("contentAct")->trigger();
+    viewer = fixture.window->findChild<HelpViewer*>("HelpViewer");
+    QVERIFY(viewer);
+    QVERIFY(viewer->windowTitle().startsWith("Help Viewer"));
+    QVERIFY(viewer->browser()->toPlainText().contains("Opening SEG-Y files"));
+    // Every link of every page leads to a page.
+    for (const char* name : {"index.html", "open.html", "display.html", "parameters.html", "keys.html"}) {
+        QFile page(_home.path() + "/docs/meridune-docs/" + name);
+        QVERIFY(page.open(QIODevice::ReadOnly));
+        QRegularExpressionMatchIterator links =
+            QRegularExpression("href=\"([^\"]+)\"").globalMatch(QString::fromUtf8(page.readAll()));
+        QVERIFY2(links.hasNext(), name);
+        while (links.hasNext())
+            QVERIFY(QFile::exists(_home.path() + "/docs/meridune-docs/" + links.next().captured(1)));
+    }
+    viewer->browser()->setSource(QUrl("open.html"));
+    QVERIFY(viewer->findChild<QAction*>("previousAct")->isEnabled());
+    viewer->findChild<QAction*>("previousAct")->trigger();
+    QVERIFY(viewer->findChild<QAction*>("nextAct")->isEnabled());
 }
 
 QTEST_MAIN(MainWindowTest)

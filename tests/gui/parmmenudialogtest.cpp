@@ -11,6 +11,7 @@
 #include "sources/segyloadparm.h"
 #include "tests/gui/displayfixture.h"
 #include "tests/testdata.h"
+#include "widgets/copymissingfiles.h"
 #include "widgets/numberedit.h"
 
 #include <QCheckBox>
@@ -39,6 +40,8 @@ private slots:
     void theWindowOpensOneMenuAndRefreshesIt();
     void anotherFileShowsItsOwnParameters();
     void theToolBarsOverlayBoxAndTheMenusAgree();
+    void aHalfTypedNumberOutlivesNoWindow();
+    void theProgramsColorFilesComeWithIt();
     void aLoadedColorFileIsKeptForTheNextSession();
 
 private:
@@ -148,7 +151,7 @@ void ParmMenuDialogTest::gainControlRefreshesTheAutomaticRange()
              QString::number(double(f[0]->seismicPlot()->rangeMax()), 'g', 6));
 }
 
-#define NEEDS_TEST_DATA() \
+#define NEEDS_TEST_DATA()                                                                                    \
     if (!hasTestData()) QSKIP("no real data files")
 
 /// A main window with its record.
@@ -225,6 +228,36 @@ void ParmMenuDialogTest::theToolBarsOverlayBoxAndTheMenusAgree()
     QVERIFY(!onToolBar->isChecked());
     QVERIFY(!f.window->display()->overlayPlot()->isVisible());
     QVERIFY(!ofColors->isEnabled());
+}
+
+void ParmMenuDialogTest::aHalfTypedNumberOutlivesNoWindow()
+{
+    DisplayFixture displays;
+    TestEnsemble ensemble(20, 500);
+    displays.load(ensemble);
+    auto dialog = std::make_unique<ParmMenuDialog>(nullptr, &displays.displays, &displays.others);
+    dialog->show();
+    auto* clip = dialog->findChild<NumberEdit*>("clipEdit");
+    QApplication::setActiveWindow(dialog.get());
+    clip->setFocus();
+    QTRY_VERIFY(clip->hasFocus());
+    clip->selectAll();
+    QTest::keyClicks(clip, "5");
+    dialog.reset();  // the window goes with the dialog still open
+    QCOMPARE(displays[0]->seismicPlot()->clip(), 5.0f);
+}
+
+void ParmMenuDialogTest::theProgramsColorFilesComeWithIt()
+{
+    WindowFixture f;  // links the resources in
+    const QString folder = _home.path() + "/shipped";
+    QVERIFY(copyMissingFiles(":/colors", folder) >= 12);
+    ColorBarFrame bar;
+    for (const QString& name : QDir(folder).entryList({"*.col"})) {
+        QString error;
+        QVERIFY2(bar.loadColorMapFile(folder + "/" + name, &error), qPrintable(error));
+    }
+    QCOMPARE(QDir(folder).entryList({"semblance.col"}).size(), 1);
 }
 
 void ParmMenuDialogTest::aLoadedColorFileIsKeptForTheNextSession()

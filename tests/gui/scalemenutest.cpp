@@ -288,7 +288,8 @@ void ScaleMenuTest::turningThePhaseByHalfACircleFlipsTheTrace()
     f.type("phseEdit", "180");
     QVERIFY(f[0]->seismicPlot()->isPhase());
     QCOMPARE(f.find<QSlider>("phseSlider")->value(), 180);
-    for (int j = 200; j < 300; j += 7) QVERIFY(std::abs(f.conditioned(2, j) + f.ensemble.samples[2][j]) < 1e-3f);
+    for (int j = 200; j < 300; j += 7)
+        QVERIFY(std::abs(f.conditioned(2, j) + f.ensemble.samples[2][j]) < 1e-3f);
     f.box("phseBox")->click();
     QCOMPARE(f.conditioned(2, 250), 1.0f);
 }
@@ -360,9 +361,11 @@ void ScaleMenuTest::theOverlayBoxAsksForAnOverlay()
 {
     MenuFixture f;
     QSignalSpy changed(f.page.get(), &ScaleMenu::overlayChanged);
-    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"}) QVERIFY(!f.find<QWidget>(name)->isEnabled());
+    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"})
+        QVERIFY(!f.find<QWidget>(name)->isEnabled());
     f.box("opacBox")->click();
-    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"}) QVERIFY(f.find<QWidget>(name)->isEnabled());
+    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"})
+        QVERIFY(f.find<QWidget>(name)->isEnabled());
     QCOMPARE(f.menu->ioverlay, 1);
     QCOMPARE(changed.count(), 1);
     f.load(f.ensemble);
@@ -405,7 +408,8 @@ void ScaleMenuTest::anOverlayOfFullOpacityCoversTheData()
     f[0]->rePlot();
     const auto distance = [&] {
         const QRgb seen = f[0]->grab().toImage().pixel(middle);
-        return std::abs(qRed(seen) - qRed(top)) + std::abs(qGreen(seen) - qGreen(top)) + std::abs(qBlue(seen) - qBlue(top));
+        return std::abs(qRed(seen) - qRed(top)) + std::abs(qGreen(seen) - qGreen(top)) +
+               std::abs(qBlue(seen) - qBlue(top));
     };
     f.type("opacEdit", "100");
     QCOMPARE(distance(), 0);
@@ -423,9 +427,11 @@ void ScaleMenuTest::eachControlRepaintsOnce()
         QTest::qWait(30);
         return f[0]->myCanvas()->renderCount() - before;
     };
-    for (const char* name : {"gridTBox", "gridTMinorBox", "gridSBox", "gridSMinorBox", "gridTBox", "agcBox", "phseBox"})
+    for (const char* name :
+         {"gridTBox", "gridTMinorBox", "gridSBox", "gridSMinorBox", "gridTBox", "agcBox", "phseBox"})
         QCOMPARE(renders([&] { f.box(name)->click(); }), 1);
-    for (const char* name : {"gridTMajorEdit", "gridTMinorEdit", "gridSMajorEdit", "gridSMinorEdit", "agcEdit", "phseEdit"})
+    for (const char* name :
+         {"gridTMajorEdit", "gridTMinorEdit", "gridSMajorEdit", "gridSMinorEdit", "agcEdit", "phseEdit"})
         QCOMPARE(renders([&] { f.type(name, "120"); }), 1);
     QCOMPARE(renders([&] { f.find<QSlider>("phseSlider")->setValue(30); }), 1);
     QCOMPARE(renders([&] { QTest::keyClick(f.find<QComboBox>("prilBox"), Qt::Key_Down); }), 1);

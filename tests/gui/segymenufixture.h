@@ -8,10 +8,14 @@
 #include "sources/menus/segymenuhost.h"
 #include "sources/segyloader.h"
 
+#include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
 #include <QtTest>
 
 #include <memory>
@@ -123,6 +127,43 @@ public:
     QList<SegyLoadParm> asked;
     std::unique_ptr<SegyLoader> loader;
     SegyMenuDialog* dialog = nullptr;
+};
+
+/// A menu over a stand-in window, shown.
+struct MenuFixture {
+    MenuHost host;
+    std::unique_ptr<SegyMenuDialog> dialog;
+
+    explicit MenuFixture(const SegyLoadParm& start = SegyLoadParm())
+    {
+        host.start = start;
+        makeDialog();
+    }
+    void makeDialog()
+    {
+        dialog = std::make_unique<SegyMenuDialog>(&host);
+        host.dialog = dialog.get();
+        dialog->show();
+    }
+    template <class T>
+    T* find(const char* name)
+    {
+        T* control = dialog->findChild<T*>(name);
+        if (!control) qFatal("no control %s", name);
+        return control;
+    }
+    QPlainTextEdit* text(const char* tab) { return find<QWidget>(tab)->findChild<QPlainTextEdit*>("textEdit"); }
+    QComboBox* box(const char* name) { return find<QComboBox>(name); }
+    QLineEdit* edit(const char* name) { return find<QLineEdit>(name); }
+    void click(const char* button) { find<QPushButton>(button)->click(); }
+    void showTab(int i) { find<QTabWidget>("tabWidget")->setCurrentIndex(i); }
+    void open(const QString& file, int indexbuilt = 0)
+    {
+        edit("fileField")->setText(file);
+        box("indexBox")->setCurrentIndex(indexbuilt);
+        click("openButton");
+        dialog->show();
+    }
 };
 
 #endif
