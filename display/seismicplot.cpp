@@ -199,7 +199,7 @@ struct OwnerTap : TraceTap {
     PlotOwner* owner;
 };
 
-QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y, double pixelRatio) const
+RasterParm SeismicPlot::rasterParm(std::vector<float>* offsets) const
 {
     static const ColorTable blackAndWhite;
     RasterParm parm;
@@ -211,9 +211,6 @@ QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y, double pixelR
     parm.divRecord = _conditioner.divRecord();
     parm.view = _seisRect;
     parm.startSample = _startSample;
-    parm.x = x;
-    parm.y = y;
-    parm.pixelRatio = pixelRatio;
     parm.timeDirection = timeDirection();
     parm.displayType = _displayType;
     parm.plotDirection = _plotDirection;
@@ -230,12 +227,21 @@ QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y, double pixelR
     parm.colors = _colorBar ? &_colorBar->table() : &blackAndWhite;
     if (_colorBar) parm.background = _colorBar->backRGB();
 
-    std::vector<float> offsets;
     if (_owner && _applyMoveout != 0 && _velocity > 0.0f) {
-        offsets.resize(parm.nDataTraces);  // of the conditioned copy, which may be older than the data
-        _owner->traceOffsets(*_data, std::min(_data->traceCount(), parm.nDataTraces), offsets.data());
-        parm.offsets = offsets.data();
+        offsets->resize(parm.nDataTraces);  // of the conditioned copy, which may be older than the data
+        _owner->traceOffsets(*_data, std::min(_data->traceCount(), parm.nDataTraces), offsets->data());
+        parm.offsets = offsets->data();
     }
+    return parm;
+}
+
+QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y, double pixelRatio) const
+{
+    std::vector<float> offsets;
+    RasterParm parm = rasterParm(&offsets);
+    parm.x = x;
+    parm.y = y;
+    parm.pixelRatio = pixelRatio;
     OwnerTap tap(_owner);
     return _raster.render(parm, _owner ? &tap : nullptr);
 }

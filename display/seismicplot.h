@@ -147,6 +147,9 @@ public:
     bool isFilter() const { return _conditioner.isFilter(); }
     /// The conditioned traces and their measures.
     const TraceConditioner& conditioner() const { return _conditioner; }
+    /// What a render takes, but for the maps; valid until the next change of the plot or its data.
+    /// @param offsets  room for the traces' offsets, which the result may point into
+    RasterParm rasterParm(std::vector<float>* offsets) const;
 
 protected:
     /// Always null: the base class's cache isn't used.

@@ -27,6 +27,13 @@ public:
     bool isAGC() const { return _applyAGC; }
     bool isPhase() const { return _applyPhase; }
     bool isFilter() const { return _applyFilter; }
+    /// In ms.
+    int agcWindow() const { return _agcWindow; }
+    /// In degrees.
+    float phaseAngle() const { return _angle; }
+    /// The four corners in Hz.
+    const int* filterCorners() const { return _corners; }
+    bool isTimeFilter() const { return _isTime; }
 
     /// Conditions num samples in place: phase, band-pass, AGC.
     /// @param nSamples    length of the ensemble's traces

@@ -94,6 +94,8 @@ public:
 public slots:
     void print();
     void exportPDF();
+    /// The whole ensemble of the first screen, true to scale.
+    void exportSection();
     void exportImage();
     void exportScreen();
     void closeProcess();

@@ -2,7 +2,9 @@
 #include "frame/mainwindow.h"
 
 #include "display/seismicdisplay.h"
+#include "frame/sectionexportdialog.h"
 #include "widgets/pictureexport.h"
+#include "widgets/waitcursor.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -11,6 +13,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScreen>
+#include <QStatusBar>
 
 static const char pictureFilter[] = "Images (*.jpg,*.jpeg,*.png,*.tif,*.bmp);;All files (*)";
 
@@ -41,6 +44,31 @@ void MainWindow::exportPDF()
     const QString name = askName(this, "PDF Export File Name", "/meridune.pdf", "PDF Documents (*.pdf)");
     QString error;
     if (!name.isEmpty() && !savePdf(grab(), name, &error)) tell(this, "PDF Export Error", error);
+}
+
+void MainWindow::exportSection()
+{
+    if (_displaylist.isEmpty() || _displaylist.first()->traceCount() < 1) {
+        statusBar()->showMessage("There is no section to export yet.");
+        return;
+    }
+    const SeismicDisplay& display = *_displaylist.first();
+    std::vector<float> offsets;
+    SectionContent content = sectionContent(display, presentScale(display), _fileName, _segyloader.get(), &offsets);
+    const auto layout = [&](const SectionScale& scale) { return sectionPage(display, scale, int(content.side.size())); };
+    SectionExportDialog dialog(presentScale(display), layout, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const QString name = askName(this, "Section Export File Name", "/meridune-section.pdf",
+                                 "PDF Documents (*.pdf);;SVG Pictures (*.svg)");
+    if (name.isEmpty()) return;
+    QString error;
+    {
+        WaitCursor wait;
+        // Anew: what the display shows may have changed while the dialogs were open.
+        content = sectionContent(display, dialog.scale(), _fileName, _segyloader.get(), &offsets);
+        saveSection(layout(dialog.scale()), content, withSectionSuffix(name), &error);
+    }
+    if (!error.isEmpty()) tell(this, "Section Export Error", error);
 }
 
 void MainWindow::exportImage()

@@ -26,6 +26,8 @@ static const struct {
     {"printAct", "&Print", "Ctrl+P", "Print the seismic display", "print.png", "&File", &MainWindow::print},
     {"pdfAct", "E&xport PDF", "Ctrl+X", "Export the seismic display to a PDF file", "exportpdf.png", "&File",
      &MainWindow::exportPDF},
+    {"sectionAct", "Export Sec&tion", "", "Export the whole ensemble true to scale to a PDF or SVG file", "", "&File",
+     &MainWindow::exportSection},
     {"imageAct", "Export &Image", "Ctrl+I", "Export the seismic display to a image file", "filesave.png", "&File",
      &MainWindow::exportImage},
     {"screenAct", "S&nap Shot", "Ctrl+N", "Take a snapshot of this window and any overlapping children.",
