@@ -201,6 +201,19 @@ def a_processors_first_quarter_of_an_hour(program, _):
             reddish = (inside[:, :, 0] == 255) & (inside[:, :, 2] < 250)
             assert blueish.mean() > 0.2 and 0.01 < reddish.mean() < blueish.mean(), (blueish.mean(), reddish.mean())
 
+            window.key('ctrl+u')
+            window.dialog('Parameter Menu')
+            window.key('Tab')
+            window.type_text('Wiggle')
+            window.key('Escape')
+            window.leave()
+            plain = window.settled()
+            window.drag(box[0] + 100, box[1] + 60, box[0] + 400, box[1] + 300)
+            window.xdotool('mousemove', 600, 20)
+            zoomed = window.settled()
+            assert (zoomed[box[1]:box[3], box[0]:box[2]] != plain[box[1]:box[3], box[0]:box[2]]).any(axis=2).mean() > 0.05
+            window.click(box[0] + 200, box[1] + 200, 3)
+
             for key, name, magic in (('ctrl+x', 'section.pdf', b'%PDF-'), ('ctrl+i', 'section.png', b'\x89PNG')):
                 target = os.path.join(folder, name)
                 window.key(key)
@@ -219,7 +232,27 @@ def a_processors_first_quarter_of_an_hour(program, _):
             assert window.process.wait(10) == 0
 
 
-TESTS = [shows_what_the_samples_say, next_shows_the_next_shot, zoom_and_back_gives_the_same_picture,
+def each_way_out_does_what_it_says(program, path):
+    """Exit and Exit/Continue end the program, Exit/Process hides the window, Interactive/Process keeps it."""
+    for key in ('ctrl+e', 'ctrl+c'):
+        with Window(program, [path]) as window:
+            window.key(key)
+            assert window.process.wait(10) == 0, key
+    with Window(program, [path]) as window:
+        window.key('ctrl+o')
+        window.wait_for_line('MERIDUNE: close window but continue processing this flow.')
+        assert window.process.poll() is None
+        found = subprocess.run(['xdotool', 'search', '--onlyvisible', '--name', 'Seismic Display'], check=False,
+                               capture_output=True, text=True).stdout.split()
+        assert window.id not in found, 'the window is still there'
+    with Window(program, [path]) as window:
+        window.key('ctrl+r')
+        time.sleep(0.5)
+        assert window.process.poll() is None
+        check_blocks(window, window.settled(), 50, 0)
+
+
+TESTS = [each_way_out_does_what_it_says, shows_what_the_samples_say, next_shows_the_next_shot, zoom_and_back_gives_the_same_picture,
          exit_key_leaves_with_status_0,
          a_real_shot_looks_like_its_samples, a_processors_first_quarter_of_an_hour, a_locale_with_decimal_commas_changes_nothing]
 
