@@ -1,5 +1,6 @@
 #include "display/displaymenu.h"
 
+#include "display/fitgain.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "tracedata/parmmenu.h"
@@ -11,6 +12,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -99,7 +101,10 @@ void DisplayMenu::makeAmplitudeRows(QGridLayout* grid)
 {
     _gainSlider = makeSlider("gainSlider", tr("Gain, in dB"), -200, 200);
     _gainEdit = makeControl<NumberEdit>("gainEdit", tr("Gain, in dB"), -200.0, 200.0);
-    addRow(grid, "Gain:", {_gainSlider, _gainEdit});
+    _fitGainButton = makeControl<QPushButton>(
+        "fitGainButton", tr("Sets the gain so that 98 of 100 samples stay inside the clip"), "Fit Gain");
+    _fitGainButton->setAutoDefault(false);
+    addRow(grid, "Gain:", {_gainSlider, _gainEdit, _fitGainButton});
 
     const double most = 3.4e38;
     _lminEdit = makeControl<NumberEdit>(
@@ -159,6 +164,7 @@ void DisplayMenu::connectControls()
 
     connect(_tscaleSlider, &QSlider::valueChanged, this, &DisplayMenu::changeSliderTrace);
     connect(_sscaleSlider, &QSlider::valueChanged, this, &DisplayMenu::changeSliderSample);
+    connect(_fitGainButton, &QPushButton::clicked, this, &DisplayMenu::fitShownGain);
     connect(_gainSlider, &QSlider::valueChanged, this, &DisplayMenu::changeSliderGain);
 
     const struct {
@@ -446,6 +452,16 @@ void DisplayMenu::changeGain()
     const QSignalBlocker quiet(_gainSlider);
     _gainSlider->setValue(int(_gainEdit->number()));
     setGain(_gainEdit->number());
+}
+
+void DisplayMenu::fitShownGain()
+{
+    const SeismicPlot* plot = shownPlot();
+    std::vector<float> offsets;
+    double db = 0.0;
+    if (!plot || !fitGain(plot->rasterParm(&offsets), &db)) return;
+    _gainEdit->setNumber(std::clamp(db, -200.0, 200.0), 'f', 2);
+    changeGain();
 }
 
 void DisplayMenu::changeRange()

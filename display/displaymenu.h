@@ -14,6 +14,7 @@ class QComboBox;
 class QGridLayout;
 class QHBoxLayout;
 class QLabel;
+class QPushButton;
 class QSlider;
 class SeismicDisplay;
 class SeismicPlot;
@@ -52,6 +53,7 @@ private slots:
     void changeAutoSample(int state);
     void changeSliderGain(int value);
     void changeGain();
+    void fitShownGain();
     void changeRange();
     void changeAutoRange(int state);
     void changeRMS();
@@ -93,6 +95,7 @@ private:
     QCheckBox* _sscaleBox;
     QSlider* _gainSlider;
     NumberEdit* _gainEdit;
+    QPushButton* _fitGainButton;
     NumberEdit* _lminEdit;
     NumberEdit* _lmaxEdit;
     QCheckBox* _lautoBox;

@@ -1,6 +1,7 @@
 #include "display/seismicdisplay.h"
 
 #include "display/axisdrag.h"
+#include "display/cliptip.h"
 #include "display/colorbarframe.h"
 #include "display/displayhost.h"
 #include "display/myqwtplotcanvas.h"
@@ -41,6 +42,7 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
     makeGrid();
     _seismicplot->attach(this);
     makeMouseTools();
+    new ClipTip(canvas(), _seismicplot);
     setZoom(true);
 }
 

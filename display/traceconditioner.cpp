@@ -154,6 +154,7 @@ void TraceConditioner::applyProcessing(float* trace, int num, int nSamples, floa
 
 void TraceConditioner::computeNormalizer(const SeismicData& data)
 {
+    ++_generation;
     _nTraces = std::max(0, data.traceCount());
     _nSamples = std::max(0, data.sampleCount());
     const size_t nAll = size_t(_nTraces) * _nSamples;

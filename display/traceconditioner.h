@@ -44,6 +44,8 @@ public:
     /// to the bit whatever their number.
     void computeNormalizer(const SeismicData& data);
 
+    /// How often the traces were conditioned: another number, other traces.
+    int generation() const { return _generation; }
     /// The conditioned traces, sampleCount() floats each; null before the first computeNormalizer.
     const float* samples() const { return _tempData.data(); }
     int traceCount() const { return _nTraces; }
@@ -80,6 +82,7 @@ private:
 
     std::vector<float> _tempData;  // only grows
     std::vector<float> _divTrace;  // only grows
+    int _generation = 0;
     int _nTraces = 0;
     int _nSamples = 0;
     float _divRecord = 0.0f;

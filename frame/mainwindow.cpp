@@ -4,6 +4,8 @@
 #include "display/colorbarframe.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/pagekeys.h"
+#include "frame/presetmenu.h"
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
 #include "frame/windowsettings.h"
@@ -48,6 +50,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     makeCentre();
     _actions = std::make_unique<WindowActions>(this);
     makeRecentMenu();
+    makeOptions();
     makeAssumptionsPanel();
     statusBar()->showMessage("Ready");
     readSettings();
@@ -88,6 +91,19 @@ void MainWindow::makeCentre()
     _controlStatus->showMessage("Ready");
     vLayout->addWidget(_controlStatus);
     setCentralWidget(frame);
+}
+
+void MainWindow::makeOptions()
+{
+    QMenu* tools = _actions->menu("&Tools");
+    tools->addSeparator();
+    auto* keys = new PageKeys(this, _actions->action("forwardAct"), _actions->action("backAct"));
+    tools->addAction(keys->option());
+    auto* presets = new PresetMenu(&_displaylist, this);
+    tools->addMenu(presets);
+    connect(presets, &PresetMenu::applied, this, [this] {
+        if (_parmmenu) _parmmenu->updateAll();
+    });
 }
 
 void MainWindow::makeAssumptionsPanel()

@@ -143,6 +143,7 @@ private:
     void makeDifference();
     void loadDifference();
     void makeRecentMenu();
+    void makeOptions();
     void makeAssumptionsPanel();
     void openSegy(const QString& name);
     void openSegyWindow();

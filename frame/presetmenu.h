@@ -1,0 +1,37 @@
+/// The menu of conditioning presets.
+#ifndef PRESETMENU_H
+#define PRESETMENU_H
+
+#include <QMenu>
+
+#include <functional>
+
+class SeismicDisplay;
+
+/// Saves the conditioning of the first display under a name, and gives that of a name to all displays at once, each
+/// repainted once.
+class PresetMenu : public QMenu
+{
+    Q_OBJECT
+
+public:
+    /// @param displays  lent, outlives the menu
+    PresetMenu(const QList<SeismicDisplay*>* displays, QWidget* parent);
+
+    /// Saves under a name; a blank one is refused with false.
+    bool save(const QString& name);
+    /// Applies a preset; false, with all as it was, where there is none or it can't be used.
+    bool apply(const QString& name);
+
+signals:
+    /// All displays have other parameters now.
+    void applied();
+
+private:
+    void fill();
+    void askName();
+
+    const QList<SeismicDisplay*>* _displays;
+};
+
+#endif
