@@ -41,12 +41,13 @@ inline Ratio measureRatio(const std::function<void()>& ours, const std::function
             *std::max_element(ratios.begin(), ratios.end()), median(oursSec), median(limitSec)};
 }
 
-/// One line of the table that bench/run prints; nBytes is what the limit moves.
+/// One line of the table that bench/run prints; nBytes is what the limit moves, 0 where that says nothing.
 inline void printRatio(const char* name, const Ratio& r, double allowed, double nBytes)
 {
-    std::printf("FIGURE %-44s %6.2f  (%.2f..%.2f)  allowed %.2f  %s  ours %.3f ms  limit %.3f ms  %.2f GB/s\n",
-                name, r.median, r.least, r.largest, allowed, r.median <= allowed ? "ok  " : "OVER", r.oursSec * 1e3,
-                r.limitSec * 1e3, nBytes / r.limitSec * 1e-9);
+    std::printf("FIGURE %-44s %6.2f  (%.2f..%.2f)  allowed %.2f  %s  ours %.0f ns  limit %.0f ns", name, r.median,
+                r.least, r.largest, allowed, r.median <= allowed ? "ok  " : "OVER", r.oursSec * 1e9, r.limitSec * 1e9);
+    if (nBytes > 0.0) std::printf("  %.2f GB/s", nBytes / r.limitSec * 1e-9);
+    std::printf("\n");
     std::fflush(stdout);
 }
 

@@ -200,6 +200,7 @@ void MainWindow::readSettings()
     const WindowSettings window = readWindowSettings(settings.get(), area, _menu->ireset != 0);
     resize(window.size);
     move(window.pos);
+    if (!window.state.isEmpty()) restoreState(window.state);
     if (!window.colormap.isEmpty() && !_colorBarFrame->loadColorMapFile(window.colormap))
         _report->line("MERIDUNE: the colour file " + window.colormap.toStdString() + " can't be read, using the built-in map\n");
 }
@@ -207,7 +208,7 @@ void MainWindow::readSettings()
 void MainWindow::writeSettings()
 {
     const std::unique_ptr<QSettings> settings(openSettings(nullptr));
-    writeWindowSettings(settings.get(), {pos(), size(), _colorBarFrame->colorFile()});
+    writeWindowSettings(settings.get(), {pos(), size(), _colorBarFrame->colorFile(), saveState()});
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

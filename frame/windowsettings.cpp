@@ -19,6 +19,7 @@ WindowSettings readWindowSettings(QSettings* settings, const QRect& screen, bool
         window.pos = settings->value("pos", window.pos).toPoint();
         window.size = settings->value("size", window.size).toSize();
     }
+    window.state = settings->value("state").toByteArray();
     window.colormap = settings->value("colormap").toString();
     return window;
 }
@@ -28,4 +29,5 @@ void writeWindowSettings(QSettings* settings, const WindowSettings& window)
     settings->setValue("pos", window.pos);
     settings->setValue("size", window.size);
     settings->setValue("colormap", window.colormap);
+    settings->setValue("state", window.state);
 }

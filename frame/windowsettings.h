@@ -2,6 +2,7 @@
 #ifndef WINDOWSETTINGS_H
 #define WINDOWSETTINGS_H
 
+#include <QByteArray>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -13,6 +14,7 @@ struct WindowSettings {
     QPoint pos;
     QSize size;
     QString colormap;  ///< colour file, empty for the built-in map
+    QByteArray state;  ///< tool bars and panels, as the window tells them; empty for none
 };
 
 /// Nine tenths of the screen, a quarter of the free space from its corner. A screen wider than 2000 pixels

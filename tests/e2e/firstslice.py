@@ -88,6 +88,50 @@ def a_locale_with_decimal_commas_changes_nothing(program, path):
         shows_what_the_samples_say(program, path, environment)
 
 
+def ibm_to_float(words):
+    """Big-endian IBM floats as numpy floats."""
+    words = words.astype('>u4').astype(numpy.uint64)
+    sign = numpy.where(words >> 31, -1.0, 1.0)
+    exponent = ((words >> 24) & 0x7f).astype(int) - 64
+    return sign * (words & 0xffffff).astype(float) / 2.0**24 * 16.0**exponent
+
+
+def a_real_shot_looks_like_its_samples(program, _):
+    """Each pixel beside a trace of a marine shot is black or white as the sample under it is positive or not."""
+    data = os.environ.get('MERIDUNE_TEST_DATA') or os.path.join(os.path.dirname(__file__), '../../../shared/data')
+    path = os.path.join(data, 'prestack-marine', 'viking_small.segy')
+    if not os.path.exists(path):
+        print(f'SKIP   : data no real data files in {data}')
+        return
+    n_traces, n_samples = 120, 600
+    record = numpy.dtype([('header', 'u1', 240), ('samples', '>u4', n_samples)])
+    shot = ibm_to_float(numpy.fromfile(path, record, n_traces, offset=3600)['samples'])
+    shot = shot / (2.0 * numpy.abs(shot).mean(axis=1, keepdims=True))  # in trace widths
+
+    with Window(program, [path]) as window:
+        window.xdotool('mousemove', 600, 20)
+        picture = window.settled()
+        left, top, right, bottom = window.canvas(picture)
+    dark = picture[top:bottom + 1, left:right + 1].max(axis=2) < 128
+    height, width = dark.shape
+    rows = numpy.arange(height)
+    below = numpy.clip((rows * n_samples / height).astype(int), 1, n_samples - 3)
+    axes = ((numpy.arange(n_traces) + 1) * width / (n_traces + 1)).astype(int)
+    beside = dark[:, axes + 2].T            # [trace, row]: two pixels right of the axis
+    # A row lies between two samples: it is sure of its colour where both, and their neighbours, agree.
+    around = numpy.stack([shot[:, below + k] for k in (-1, 0, 1, 2)])
+    loud = around.min(axis=0) > 0.6         # fills more than half a trace width
+    # White wants that neither the trace nor the two on either side reach the place with fill or line.
+    quiet = around.max(axis=0) < -0.3
+    quiet[1:] &= around.max(axis=0)[:-1] < 0.5
+    quiet[2:] &= around.max(axis=0)[:-2] < 1.5
+    quiet[:-1] &= around.min(axis=0)[1:] > -0.5
+    quiet[:-2] &= around.min(axis=0)[2:] > -1.5
+    assert loud.sum() > 1000 and quiet.sum() > 100, (loud.sum(), quiet.sum())
+    assert beside[loud].mean() > 0.97, f'only {beside[loud].mean():.3f} of the loud places are black'
+    assert beside[quiet].mean() < 0.1, f'{beside[quiet].mean():.3f} of the quiet places are black'
+
+
 GATHERS, FOLD = 3, 10
 
 
@@ -157,6 +201,19 @@ def a_processors_first_quarter_of_an_hour(program, _):
             reddish = (inside[:, :, 0] == 255) & (inside[:, :, 2] < 250)
             assert blueish.mean() > 0.2 and 0.01 < reddish.mean() < blueish.mean(), (blueish.mean(), reddish.mean())
 
+            window.key('ctrl+u')
+            window.dialog('Parameter Menu')
+            window.key('Tab')
+            window.type_text('Wiggle')
+            window.key('Escape')
+            window.leave()
+            plain = window.settled()
+            window.drag(box[0] + 100, box[1] + 60, box[0] + 400, box[1] + 300)
+            window.xdotool('mousemove', 600, 20)
+            zoomed = window.settled()
+            assert (zoomed[box[1]:box[3], box[0]:box[2]] != plain[box[1]:box[3], box[0]:box[2]]).any(axis=2).mean() > 0.05
+            window.click(box[0] + 200, box[1] + 200, 3)
+
             for key, name, magic in (('ctrl+x', 'section.pdf', b'%PDF-'), ('ctrl+i', 'section.png', b'\x89PNG')):
                 target = os.path.join(folder, name)
                 window.key(key)
@@ -175,9 +232,29 @@ def a_processors_first_quarter_of_an_hour(program, _):
             assert window.process.wait(10) == 0
 
 
-TESTS = [shows_what_the_samples_say, next_shows_the_next_shot, zoom_and_back_gives_the_same_picture,
+def each_way_out_does_what_it_says(program, path):
+    """Exit and Exit/Continue end the program, Exit/Process hides the window, Interactive/Process keeps it."""
+    for key in ('ctrl+e', 'ctrl+c'):
+        with Window(program, [path]) as window:
+            window.key(key)
+            assert window.process.wait(10) == 0, key
+    with Window(program, [path]) as window:
+        window.key('ctrl+o')
+        window.wait_for_line('MERIDUNE: close window but continue processing this flow.')
+        assert window.process.poll() is None
+        found = subprocess.run(['xdotool', 'search', '--onlyvisible', '--name', 'Seismic Display'], check=False,
+                               capture_output=True, text=True).stdout.split()
+        assert window.id not in found, 'the window is still there'
+    with Window(program, [path]) as window:
+        window.key('ctrl+r')
+        time.sleep(0.5)
+        assert window.process.poll() is None
+        check_blocks(window, window.settled(), 50, 0)
+
+
+TESTS = [each_way_out_does_what_it_says, shows_what_the_samples_say, next_shows_the_next_shot, zoom_and_back_gives_the_same_picture,
          exit_key_leaves_with_status_0,
-         a_processors_first_quarter_of_an_hour, a_locale_with_decimal_commas_changes_nothing]
+         a_real_shot_looks_like_its_samples, a_processors_first_quarter_of_an_hour, a_locale_with_decimal_commas_changes_nothing]
 
 if __name__ == '__main__':
     program, wanted = sys.argv[1:]

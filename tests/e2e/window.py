@@ -115,13 +115,17 @@ class Window:
 
     @staticmethod
     def canvas(picture):
-        """Left, top, right, bottom of the canvas: the rows and columns that are mostly black and white."""
+        """Left, top, right, bottom of the canvas, all inside: the rows and columns that are mostly black and white,
+        without the lines of the axes."""
+        def longest_run(hits):
+            runs = numpy.split(hits, numpy.flatnonzero(numpy.diff(hits) > 1) + 1)
+            return max(runs, key=len)
+
         plain = (picture.min(axis=2) == 255) | (picture.max(axis=2) == 0)
-        area = plain[60:830, 10:1210]  # inside the window's frame
-        rows = numpy.flatnonzero(area.mean(axis=1) > 0.6) + 60
+        rows = longest_run(numpy.flatnonzero(plain[60:830, 10:1210].mean(axis=1) > 0.6) + 60)
         inner = plain[rows[0]:rows[-1], 10:1210]
-        columns = numpy.flatnonzero(inner.mean(axis=0) > 0.9) + 10
-        return columns[0], rows[0], columns[-1], rows[-1]
+        columns = longest_run(numpy.flatnonzero(inner.mean(axis=0) > 0.9) + 10)
+        return columns[0] + 1, rows[0] + 1, columns[-1] - 1, rows[-1]
 
     def find_colour(self, rgb, picture=None):
         """Middles of the groups of columns that hold this colour in the tool bar, from left to right."""

@@ -47,6 +47,8 @@ private slots:
     void theDifferenceIsThatOfTheTwoScreensBeforeIt();
     void showImagesWithoutImagesUnchecksItself();
     void aboutNamesTheCompany();
+    void theWindowComesBackWithItsPanels();
+    void aDarkDesktopLeavesTheCanvasWhite();
     void theHelpOpensItsFirstPageOrNamesTheMissingOne();
 
 private:
@@ -393,6 +395,51 @@ void MainWindowTest::aboutNamesTheCompany()
     fixture.window->about();
     QCOMPARE(boxes.titles, QStringList({"About Seismic Display"}));
     QVERIFY(boxes.texts.first().contains("Aurora Geoservices"));
+}
+
+void MainWindowTest::theWindowComesBackWithItsPanels()
+{
+    {
+        WindowFixture fixture;
+        fixture.window->findChild<QAction*>("assumedAct")->trigger();
+        fixture.window->resize(977, 855);
+        fixture.window->close();
+    }
+    WindowFixture fixture;
+    QCOMPARE(fixture.window->size(), QSize(977, 855));
+    QVERIFY(fixture.window->assumptionsPanel()->isVisible());
+    fixture.window->findChild<QAction*>("assumedAct")->trigger();
+    fixture.window->close();
+}
+
+void MainWindowTest::aDarkDesktopLeavesTheCanvasWhite()
+{
+    NEEDS_TEST_DATA();
+    const QPalette before = QApplication::palette();
+    QPalette dark(QColor(50, 50, 50));
+    dark.setColor(QPalette::WindowText, QColor(230, 230, 230));
+    dark.setColor(QPalette::Text, QColor(230, 230, 230));
+    QApplication::setPalette(dark);
+    {
+        WindowFixture fixture;
+        fixture.open(dataFile("prestack-marine/viking_small.segy"));
+        SeismicDisplay* display = fixture.window->display();
+        const QImage canvas = display->canvas()->grab().toImage();
+        // Between the traces, before the first break: the canvas has colours of its own.
+        int nWhite = 0;
+        for (int x = 0; x < 200; ++x) nWhite += canvas.pixelColor(x, 40) == QColor(Qt::white);
+        QVERIFY2(nWhite > 120, qPrintable(QString::number(nWhite)));
+        // Around it, the desktop's: light numbers on a dark ground.
+        const QImage axis = display->axisWidget(QwtPlot::yLeft)->grab().toImage();
+        int nLight = 0, nDark = 0;
+        for (int y = 0; y < axis.height(); ++y)
+            for (int x = 0; x < axis.width(); ++x) {
+                nLight += qGray(axis.pixel(x, y)) > 200;
+                nDark += qGray(axis.pixel(x, y)) < 70;
+            }
+        QVERIFY2(nLight > 50 && nDark > 10 * nLight, qPrintable(QString("%1 light, %2 dark").arg(nLight).arg(nDark)));
+    }
+    QApplication::setPalette(before);
 }
 
 void MainWindowTest::theHelpOpensItsFirstPageOrNamesTheMissingOne()

@@ -30,10 +30,11 @@ TEST(WindowSettings, StoredValuesWinUnlessAResetIsAskedFor)
 {
     const QTemporaryDir folder;
     QSettings settings(folder.filePath("s.ini"), QSettings::IniFormat);
-    writeWindowSettings(&settings, {QPoint(7, 8), QSize(500, 400), "blue.col"});
+    writeWindowSettings(&settings, {QPoint(7, 8), QSize(500, 400), "blue.col", "bars"});
     const QRect screen(0, 0, 1000, 1000);
     EXPECT_EQ(readWindowSettings(&settings, screen, false).size, QSize(500, 400));
     EXPECT_EQ(readWindowSettings(&settings, screen, false).pos, QPoint(7, 8));
+    EXPECT_EQ(readWindowSettings(&settings, screen, false).state, QByteArray("bars"));
     EXPECT_EQ(readWindowSettings(&settings, screen, true).size, QSize(900, 900));
     EXPECT_EQ(readWindowSettings(&settings, screen, true).colormap, "blue.col");
 }
