@@ -210,6 +210,8 @@ static void paintSide(QPainter* painter, const SectionPage& page, const SectionC
 
 void paintSection(QPainter* painter, const SectionPage& page, const SectionContent& content)
 {
+    // Paper is white, a viewer of pictures may not be.
+    painter->fillRect(deviceRect({0.0, 0.0, page.width(), page.height()}), Qt::white);
     if (hasColors(content.raster.displayType)) paintColors(painter, page, content.raster);
     paintTraces(painter, page, content.raster);
     paintTimes(painter, page, content.hasTimeLines);

@@ -1,5 +1,6 @@
 #include "frame/sectionexport.h"
 
+#include "display/colortable.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "sources/segyloader.h"
@@ -98,7 +99,7 @@ SectionContent sectionContent(const SeismicDisplay& display, const SectionScale&
     const QwtScaleDraw* labels = display.axisScaleDraw(QwtPlot::xTop);
     for (int i = 1; i <= std::min(plot->seisRect().nTraces, conditioner.traceCount()); ++i)
         content.traceLabels.append(labels->label(i).text());
-    content.side = foldedSide({
+    std::vector<std::pair<QString, QString>> side = {
         {"File", file.isEmpty() ? QString("unknown") : file},
         {"Record", recordText(display)},
         {"Traces", QString::number(content.traceLabels.size())},
@@ -114,7 +115,11 @@ SectionContent sectionContent(const SeismicDisplay& display, const SectionScale&
         {"Polarity", "unknown"},
         {"Scale", numberText(scale.tracesPerCm) + " traces/cm, " + numberText(scale.cmPerSecond) + " cm/s"},
         {"Date", QDate::currentDate().toString(Qt::ISODate)},
-    });
+    };
+    const ColorTable& colors = *content.raster.colors;
+    if (colors.colorType() == ColorYes)
+        side.push_back({"Colors", numberText(colors.minValue()) + " to " + numberText(colors.maxValue())});
+    content.side = foldedSide(side);
     return content;
 }
 

@@ -187,6 +187,7 @@ void SectionExportTest::labelsAndSideLabelAreText()
     QVERIFY(svg.texts.contains(QDate::currentDate().toString(Qt::ISODate)));
     QCOMPARE(svg.texts.count("500"), 2);  // left and right
     QVERIFY(!svg.texts.contains("101"));
+    QVERIFY(!svg.texts.contains("Colors"));
 }
 
 void SectionExportTest::coloursAreAPicture()
@@ -195,6 +196,7 @@ void SectionExportTest::coloursAreAPicture()
     fixture.display()->seismicPlot()->setDisplayType(ColorB);
     SvgParts svg(fixture.save("svg"));
     QCOMPARE(svg.images.size(), 1);
+    QVERIFY(svg.texts.contains("-3 to 3"));  // where a color display starts
     QVERIFY(std::abs(svg.images[0].value("width").toDouble() - 20000.0) < 10.0);
     QVERIFY(std::abs(svg.images[0].value("height").toDouble() - 20000.0) < 10.0);
     fixture.display()->seismicPlot()->setDisplayType(ColorWiggle);
