@@ -70,7 +70,7 @@ void MainWindow::makeCentre()
 {
     auto* frame = new QFrame(this);
     frame->setFrameShape(QFrame::Panel);
-    frame->setFrameShadow(QFrame::Sunken);
+    frame->setFrameShadow(QFrame::Raised);
     frame->setLineWidth(1);
     auto* vLayout = new QVBoxLayout(frame);
     vLayout->setContentsMargins(2, 2, 2, 2);
@@ -232,11 +232,13 @@ void MainWindow::closeContinue()
 
 void MainWindow::closeProcess()
 {
+    if (_parmmenu) _parmmenu->hide();
     _run.processFlow(false);
 }
 
 void MainWindow::closeProcessHide()
 {
+    if (_parmmenu) _parmmenu->hide();
     _run.processFlow(true);
     hide();
     _report->line("\nMERIDUNE: close window but continue processing this flow.\n");

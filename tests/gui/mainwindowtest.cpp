@@ -307,7 +307,11 @@ void MainWindowTest::theExitChoicesSetTheRunState()
     }
     {
         WindowFixture fixture;
+        fixture.action("parmAct")->trigger();
+        auto* parameters = fixture.window->findChild<QDialog*>("ParmMenuDialog");
+        QVERIFY(parameters && parameters->isVisible());
         fixture.action("exitProcHideAct")->trigger();
+        QVERIFY(!parameters->isVisible());
         QVERIFY(!fixture.window->isVisible());
         QCOMPARE(fixture.window->getDirection(), 2);
         QCOMPARE(fixture.window->resetDirection(), 97);
