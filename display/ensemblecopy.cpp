@@ -4,19 +4,25 @@
 #include <new>
 #include <stdexcept>
 
-/// Makes room for n elements; 0 when memory ran out.
+/// Room for n elements in *grown, if the buffer has too few; 0 when memory ran out.
 template <typename T>
-static int grow(std::vector<T>* buffer, size_t n)
+static int reserve(const std::vector<T>& buffer, size_t n, std::vector<T>* grown)
 {
-    if (buffer->size() >= n) return 1;
+    if (buffer.size() >= n) return 1;
     try {
-        buffer->resize(n);
+        grown->resize(n);
     } catch (const std::bad_alloc&) {
         return 0;
     } catch (const std::length_error&) {
         return 0;
     }
     return 1;
+}
+
+template <typename T>
+static void take(std::vector<T>* buffer, std::vector<T>* grown)
+{
+    if (grown->size() > buffer->size()) buffer->swap(*grown);
 }
 
 void EnsembleCopy::point()
@@ -31,17 +37,24 @@ int EnsembleCopy::copy(float* const* traces, int* const* headers, int n, int fir
                        std::string* error)
 {
     if (n < 1) return 1;
-    // The large blocks first: when they can't be had, nothing else needs to grow.
-    const char* lacking = !grow(&_samples, size_t(n) * nSamples) ? "2"
-                          : !grow(&_words, size_t(n) * nWords)   ? "3"
-                          : !grow(&_traces, size_t(n))           ? "0"
-                          : !grow(&_headers, size_t(n))          ? "1"
-                                                                 : nullptr;
-    point();  // the blocks may have moved, whether all of them have grown or not
+    // Nothing moves before all of it is there: the data on the screen still look at the former blocks.
+    std::vector<float> samples;
+    std::vector<int> words;
+    std::vector<float*> tracePointers;
+    std::vector<int*> headerPointers;
+    const char* lacking = !reserve(_samples, size_t(n) * nSamples, &samples)    ? "2"
+                          : !reserve(_words, size_t(n) * nWords, &words)        ? "3"
+                          : !reserve(_traces, size_t(n), &tracePointers)        ? "0"
+                          : !reserve(_headers, size_t(n), &headerPointers)      ? "1"
+                                                                                : nullptr;
     if (lacking) {
         *error = std::string("MERIDUNE: loadSeismicData, error while getting memory, ") + lacking + ".";
         return 0;
     }
+    take(&_samples, &samples);
+    take(&_words, &words);
+    take(&_traces, &tracePointers);
+    take(&_headers, &headerPointers);
     _nTraces = n;
     _nSamples = nSamples;
     _nWords = nWords;

@@ -6,7 +6,7 @@
 #include "tracedata/seismicdata.h"
 #include "tracedata/seismicheader.h"
 
-#include <cstring>
+#include <iterator>
 #include <new>
 
 /// Type letter of a word in the host's lists.
@@ -48,7 +48,6 @@ static void nameFromHost(KeyColumn* column, SeismicHeader* header, int key)
 static void readColumn(KeyColumn* column, const SeismicData& data, int key, bool rightToLeft)
 {
     const int n = data.traceCount();
-    if (column->values.size() < size_t(n) + 2) column->values.resize(size_t(n) + 2);
     for (int i = 0; i < n; ++i) {
         float value = 0.0f;
         if (column->name != "None") {
@@ -88,9 +87,32 @@ void HeaderAxis::readParmTest(const SeismicData& data, bool isDifference)
     }
 }
 
+/// Room for n values in each column; without memory all of them, which the axes look at, stay where they are.
+int HeaderAxis::makeRoom(size_t n, std::string* error)
+{
+    const struct {
+        KeyColumn* column;
+        const char* place;  // the first two stores share a number
+    } columns[] = {{&_priReal, "0"}, {&_pri, "0"}, {&_sec, "1"}, {&_secReal, "2"}};
+    std::vector<float> grown[std::size(columns)];
+    for (size_t i = 0; i < std::size(columns); ++i) {
+        if (columns[i].column->values.size() >= n) continue;
+        try {
+            grown[i].resize(n);
+        } catch (const std::bad_alloc&) {
+            *error = std::string("MERIDUNE: buildHeadersAxis, error while getting memory: ") + columns[i].place + ".";
+            return 0;
+        }
+    }
+    for (size_t i = 0; i < std::size(columns); ++i)
+        if (!grown[i].empty()) columns[i].column->values.swap(grown[i]);
+    return 1;
+}
+
 int HeaderAxis::build(const SeismicData& data, const HeaderKeys& keys, bool isTrevia, bool rightToLeft,
                       bool isDifference, const HeaderTable* table, std::string* error)
 {
+    if (!makeRoom(size_t(data.traceCount()) + 2, error)) return 0;
     SeismicHeader* first = data.getTraceHeader(0);
     if (isTrevia) {
         nameFromHost(&_priReal, first, keys.priReal);
@@ -105,20 +127,10 @@ int HeaderAxis::build(const SeismicData& data, const HeaderKeys& keys, bool isTr
         for (KeyColumn* column : {&_sec, &_secReal})
             setColumn(column, header.OrvinHeaderIndexName(keys.sec), segyType(header.OrvinHeaderFormat(keys.sec)));
     }
-    const struct {
-        KeyColumn* column;
-        int key;
-        const char* place;  // the first two stores share a number
-    } columns[] = {
-        {&_priReal, keys.priReal, "0"}, {&_pri, keys.pri, "0"}, {&_sec, keys.sec, "1"}, {&_secReal, keys.secReal, "2"}};
-    for (const auto& c : columns) {
-        try {
-            readColumn(c.column, data, c.key, rightToLeft);
-        } catch (const std::bad_alloc&) {
-            *error = std::string("MERIDUNE: buildHeadersAxis, error while getting memory: ") + c.place + ".";
-            return 0;
-        }
-    }
+    readColumn(&_priReal, data, keys.priReal, rightToLeft);
+    readColumn(&_pri, data, keys.pri, rightToLeft);
+    readColumn(&_sec, data, keys.sec, rightToLeft);
+    readColumn(&_secReal, data, keys.secReal, rightToLeft);
     _nTraces = data.traceCount();
     readParmTest(data, isDifference);
     return 1;

@@ -38,7 +38,7 @@ public:
     /// @param rightToLeft  the last trace stands first
     /// @param isDifference the text of the parameter test is "Difference"
     /// @param table        the window's saved header table, or null
-    /// Returns 1; 0 with *error when memory ran out.
+    /// Returns 1; 0 with *error and all as it was when memory ran out.
     int build(const SeismicData& data, const HeaderKeys& keys, bool isTrevia, bool rightToLeft, bool isDifference,
               const HeaderTable* table, std::string* error);
 
@@ -53,6 +53,7 @@ public:
     float panelVelocity() const { return _panelVelocity; }
 
 private:
+    int makeRoom(size_t n, std::string* error);
     void readParmTest(const SeismicData& data, bool isDifference);
 
     KeyColumn _pri, _priReal, _sec, _secReal;

@@ -31,6 +31,8 @@ public:
 
     /// How often the plot was rendered since the canvas was made: a repaint that only uncovers doesn't count.
     int renderCount() const { return _renderCount; }
+    /// Of the picture last rendered, in device pixels.
+    QSize pictureSize() const { return _picture.size(); }
 
 public slots:
     /// Called by the plot's replot, by name.

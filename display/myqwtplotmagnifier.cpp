@@ -32,10 +32,12 @@ void MyQwtPlotMagnifier::setEnabled(bool on)
 {
     if (_isEnabled == on || !canvas()) return;
     _isEnabled = on;
-    if (on)
+    if (on) {
         canvas()->installEventFilter(this);
-    else
-        canvas()->removeEventFilter(this);
+        return;
+    }
+    canvas()->removeEventFilter(this);
+    stopTracking();  // the release of a drag that is under way will not come here
 }
 
 void MyQwtPlotMagnifier::setMouseButton(Qt::MouseButton button, Qt::KeyboardModifiers state)
@@ -64,7 +66,7 @@ void MyQwtPlotMagnifier::setAxisEnabled(int axis, bool on)
 void MyQwtPlotMagnifier::rescale(double factor)
 {
     QwtPlot* plot = this->plot();
-    if (!plot || factor == 1.0 || factor == 0.0) return;
+    if (!plot || factor == 1.0 || factor == 0.0 || !std::isfinite(factor)) return;
     bool isChanged = false;
     const bool autoReplot = plot->autoReplot();
     plot->setAutoReplot(false);
@@ -73,6 +75,8 @@ void MyQwtPlotMagnifier::rescale(double factor)
         if (!_axisIsEnabled[axis] || div.isEmpty()) continue;
         const double middle = div.lowerBound() + (div.upperBound() - div.lowerBound()) / 2;
         const double half = factor * (div.upperBound() - div.lowerBound()) / 2;
+        // Nothing can be drawn on a scale without end, nor on one whose ends fall together.
+        if (!std::isfinite(4.0 * half) || !(middle - half != middle + half)) continue;
         const bool isVertical = axis == QwtPlot::yLeft || axis == QwtPlot::yRight;
         plot->setAxisScale(axis, middle - half, middle + half,
                            axisStep(2.0 * half, isVertical ? _yIncrement : _xIncrement));
@@ -119,6 +123,11 @@ void MyQwtPlotMagnifier::widgetMousePressEvent(QMouseEvent* event)
 }
 
 void MyQwtPlotMagnifier::widgetMouseReleaseEvent(QMouseEvent*)
+{
+    stopTracking();
+}
+
+void MyQwtPlotMagnifier::stopTracking()
 {
     if (!_isTracking) return;
     _isTracking = false;

@@ -46,6 +46,7 @@ protected:
 private:
     QWidget* canvas() const;
     QwtPlot* plot() const;
+    void stopTracking();
 
     bool _isEnabled = false;
     double _wheelFactor = 0.9;

@@ -7,6 +7,7 @@
 #include <qwt_scale_map.h>
 
 #include <algorithm>
+#include <cmath>
 
 constexpr double noLimit = nullValue;
 
@@ -66,10 +67,12 @@ void limitInterval(double least, double largest, double* lower, double* upper)
     *upper = std::max(*upper, 0.0);
 }
 
-/// To the nearest whole pixel, halves away from 0.
-static double wholePixel(double pixel)
+double wholePixel(double pixel)
 {
-    return pixel < 0.0 ? double(int(pixel - 0.5)) : double(int(pixel + 0.5));
+    if (!(std::fabs(pixel) < 1e9)) return 0.0;  // no canvas is that far; NaN too
+    if (pixel >= 0.0) return int(pixel + 0.5);
+    const int below = int(pixel - 1.0);
+    return int(pixel - below + 0.5) + below;
 }
 
 void MyQwtPlotPanner::moveCanvas(int dx, int dy)

@@ -40,4 +40,7 @@ private:
 /// 3.4e38 is no limit. lower <= upper.
 void limitInterval(double least, double largest, double* lower, double* upper);
 
+/// To the nearest whole pixel, halves upward on both sides of 0.
+double wholePixel(double pixel);
+
 #endif

@@ -79,7 +79,8 @@ void MyQwtPlotZoomer::zoom(const QRectF& rect)
 {
     if (_maxStackDepth >= 0 && _zoomRectIndex >= _maxStackDepth) return;
     const QRectF wanted = rect.normalized() & zoomBase();
-    if (wanted.isEmpty() || sameRect(wanted, zoomRect())) return;
+    const bool isFinite = std::isfinite(rect.left() + rect.top() + rect.width() + rect.height());
+    if (!isFinite || wanted.isEmpty() || sameRect(wanted, zoomRect())) return;
     _zoomStack.resize(_zoomRectIndex + 1);
     _zoomStack.append(wanted);
     ++_zoomRectIndex;
@@ -139,9 +140,13 @@ void MyQwtPlotZoomer::move(double x, double y)
 bool MyQwtPlotZoomer::accept(QPolygon& polygon) const
 {
     if (polygon.count() < 2) return false;
-    const QRect rect = QRect(polygon.first(), polygon.last()).normalized();
+    // Not by QRect::normalized, which takes two neighbouring pixels from right to left for none.
+    const QPoint a = polygon.first(), b = polygon.last();
+    const QPoint least(std::min(a.x(), b.x()), std::min(a.y(), b.y()));
+    const QPoint largest(std::max(a.x(), b.x()), std::max(a.y(), b.y()));
+    const QRect rect(least, largest);
     if (rect.width() < 2 && rect.height() < 2) return false;
-    polygon = QPolygon(QVector<QPoint>{rect.topLeft(), rect.bottomRight()});
+    polygon = QPolygon(QVector<QPoint>{least, largest});
     return true;
 }
 

@@ -21,10 +21,10 @@ PlotScrollBars::PlotScrollBars(QwtPlot* plot)
     connect(_vscroller, &QScrollBar::valueChanged, this, [this](int v) { emit verticalMoved(_vLeast + v); });
 }
 
-/// Whole units inside the integer range.
+/// Whole units inside the integer range, cut.
 static int units(double value)
 {
-    return int(std::clamp(value, 0.0, 1e9));
+    return value > 0.0 ? int(std::min(value, 1e9)) : 0;  // 0 for NaN too
 }
 
 static void setBar(QScrollBar* bar, const ScrollExtent& extent)

@@ -157,8 +157,11 @@ void SeismicDisplay::setMenu(parmmenu* menu)
     _seismicplot->setPlotDirection(PlotDirection(menu->idirection));
     _recordaxis->setPlotDirection(menu->idirection);
 
-    _ctaxis = "Time (msec)";
     _idomain = menu->idomain;
+    if (_idomain == sliceDomain)
+        _ctaxis = "Time (msec)";  // until its first traces tell the keys
+    else
+        setTimeAxis();
     _seismicplot->setGain(float(menu->igain));
     if (menu->tpi != 0.0f) {
         _seismicplot->setAutoTraceSpacing(false);
@@ -195,7 +198,13 @@ void SeismicDisplay::setDomain(int domain, int /*startTime*/, int numsmp, float 
     _samprat = samprat;
     _menu->_orvinruntime.numsmp = numsmp;
     _numsmp = numsmp;
-    if (domain != sliceDomain) setTimeWindow();
+    if (domain == sliceDomain) {
+        _stime = 0;  // a window of times doesn't cut a slice
+        _etime = _numsmp;
+    } else {
+        setTimeWindow();
+        setTimeAxis();
+    }
     _seismicdata->setSampleRate(_samprat);
     _axisDrag->setSampleRate(_samprat);
 }
@@ -214,6 +223,15 @@ int SeismicDisplay::loadTraces(float** traces, int** heads, int n)
     _seismicdata->setSecKey(_keys.sec);
     _seismicdata->setTreviaVersion(_isTrevia - 1);
     return 1;
+}
+
+/// Times run down from 0; a slice shown before leaves nothing behind.
+void SeismicDisplay::setTimeAxis()
+{
+    setAxisTitle("Time (msec)");
+    _timeDirection = 1;
+    _seismicaxisl->setStart(0.0f);
+    _seismicaxisr->setStart(0.0f);
 }
 
 /// The vertical axis of a time slice: positions in the other direction than the secondary key runs.
@@ -270,7 +288,7 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
     _seismicplot->computeNormalizer();
 
     _shiftTime = double(_stime) * _samprat;
-    _panSamples = double(_numsmp) * _samprat;
+    _panSamples = wholeHeight();
     _panTraces = n + 1.0;
     for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setRange(0.0, 0.0, n, double(_numsmp) * _samprat);
     if (buildHeaderAxis() != 0) return 1;
@@ -287,7 +305,7 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
     const bool showsWhole = _firstTime || (!isZoomed() && !isPanned());
     if (showsWhole)
         setWholeAxes();
-    else if (_timeZoomOnly && !_traceZoomOnly)
+    else if (isZoomed() && _timeZoomOnly && !_traceZoomOnly)
         setTraceIncrement(_traceIncr);
     setDisplayTitle();
     if (_firstTime) afterFirstLayout();

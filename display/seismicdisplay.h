@@ -187,7 +187,9 @@ private:
     void makeMouseTools();
     void axesFollowHeaders();
     void setTimeWindow();
+    void setTimeAxis();
     void setSliceAxis();
+    double wholeHeight() const;
     void limitPan();
     void setWholeAxes();
     void afterFirstLayout();

@@ -111,7 +111,7 @@ void SeismicDisplay::setTraceIncrement(float incr)
 {
     const double plotTraces = _seismicplot->plotTraceCount();
     _traceIncr = incr;
-    if (!(incr > 0.0f) || int(plotTraces / incr) < 3) _traceIncr = float(int(plotTraces / 3.0));
+    if (!(incr > 0.0f) || plotTraces / incr < 3.0) _traceIncr = float(int(plotTraces / 3.0));
     _traceIncr = std::max(_traceIncr, 1.0f);
     for (const int axis : {xTop, xBottom}) setAxisScale(axis, 0.0, plotTraces, _traceIncr);
     for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setXIncrement(_traceIncr);
@@ -123,19 +123,19 @@ void SeismicDisplay::setTimeIncrement(float incr)
 {
     _timeIncr = incr;
     const double plotSamples = _seismicplot->plotSampleCount();
-    const double plotTime = plotSamples * _samprat;
+    const double plotTime = plotSamples * (_idomain == sliceDomain ? 1.0 : _samprat);
     // Half a second is too coarse for short records, whose axis would be bare, and too fine for long ones.
-    const int labelHeight = QFontMetrics(axisFont(yLeft)).height();
+    const int labelHeight = std::max(1, QFontMetrics(axisFont(yLeft)).height());
     const double step = roomyStep(plotTime, axisStep(plotTime, incr), canvas()->height() * 4 / (5 * labelHeight));
     for (const int axis : {yLeft, yRight}) {
         const double shift = double(_stime) * _samprat;
         if (_idomain != sliceDomain)
             setAxisScale(axis, plotTime + shift, shift, step);
         else if (_timeDirection)
-            setAxisScale(axis, plotSamples, 0.0, incr);
+            setAxisScale(axis, plotSamples, 0.0, step);
         else
-            setAxisScale(axis, std::max(_numsmp - plotSamples, 0.0), _numsmp, -incr);
-        setAxisMaxMajor(axis, std::clamp(int(plotTime / std::max(step, 1e-9)), 1, 10000));
+            setAxisScale(axis, std::max(_numsmp - plotSamples, 0.0), _numsmp, -step);
+        setAxisMaxMajor(axis, int(std::clamp(plotTime / std::max(step, 1e-9), 1.0, 10000.0)));
     }
     for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setYIncrement(step);
     _panner->setYIncrement(step);
@@ -153,11 +153,17 @@ void SeismicDisplay::setZoomBase()
     for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setZoomBase(QRectF(0.0, top, _panTraces, _panSamples));
 }
 
+/// Extent of the data on the vertical axis: ms, or the positions of a slice.
+double SeismicDisplay::wholeHeight() const
+{
+    return _idomain == sliceDomain ? double(_numsmp) : double(_numsmp) * _samprat;
+}
+
 /// Panning reaches to the end of the data even where a fixed spacing shows only a part of them.
 void SeismicDisplay::limitPan()
 {
     const double traces = std::max(_panTraces, _seismicdata->traceCount() + 1.0);
-    const double samples = std::max(_panSamples, double(_numsmp) * _samprat);
+    const double samples = std::max(_panSamples, wholeHeight());
     _panner->setMinMax(0.0, traces, 0.0, samples, _shiftTime, _timeDirection);
 }
 

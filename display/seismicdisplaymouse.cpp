@@ -67,6 +67,7 @@ void SeismicDisplay::setZoom(bool on)
 
 void SeismicDisplay::setMouseMode(MouseMode mode, bool on)
 {
+    if (!on && mode != _mouseMode) return;  // another mode owns the mouse
     _mouseMode = on ? mode : MouseMode::Zoom;
     setZoom(_mouseMode == MouseMode::Zoom);
     setControlLabel(mouseModeText(_mouseMode));
@@ -74,10 +75,11 @@ void SeismicDisplay::setMouseMode(MouseMode mode, bool on)
 
 void SeismicDisplay::showDisplay(int mode)
 {
+    const bool isPicking = _mouseMode != MouseMode::Spectrum && _mouseMode != MouseMode::Headers;
     if (mode == 1 || mode == 2)
         setMouseMode(mode == 1 ? MouseMode::Spectrum : MouseMode::Headers, true);
     else
-        setMouseMode(MouseMode::Zoom, mode == 0);
+        setMouseMode(mode == 0 || !isPicking ? MouseMode::Zoom : _mouseMode, true);
 }
 
 void SeismicDisplay::setControlLabel(const QString& text)
@@ -136,7 +138,7 @@ void SeismicDisplay::catchZoom(const QRectF& rect)
 {
     if (_zoomLink.isSpreading()) return;
     _zoomLink.spreadZoom(this, rect, _timeZoomOnly, _traceZoomOnly);
-    const double wholeTime = double(_seismicplot->plotSampleCount()) * _samprat;
+    const double wholeTime = double(_seismicplot->plotSampleCount()) * (_idomain == sliceDomain ? 1.0 : _samprat);
     if (_timeZoomOnly && std::fabs(rect.height() - wholeTime) <= 1e-6 * wholeTime) _timeZoomOnly = false;
     const double wholeTraces = _seismicplot->plotTraceCount();
     if (_traceZoomOnly && std::fabs(rect.width() - wholeTraces) <= 1e-6 * wholeTraces) _traceZoomOnly = false;
@@ -153,7 +155,7 @@ void SeismicDisplay::synchronizeScrollBars()
     const QwtInterval x = axisScaleDiv(xTop).interval().normalized();
     const QwtInterval y = axisScaleDiv(yLeft).interval().normalized();
     const double traces = std::max(_panTraces, _seismicdata->traceCount() + 1.0);
-    const double times = std::max(_panSamples, double(_numsmp) * _samprat);
+    const double times = std::max(_panSamples, wholeHeight());
     _scrollBars->synchronize({0.0, traces, x.minValue(), x.width()}, {_shiftTime, times, y.minValue(), y.width()});
 }
 
@@ -184,6 +186,7 @@ void SeismicDisplay::verticalScrollerMoved(double from)
 QString SeismicDisplay::readoutAt(const QPoint& pos) const
 {
     if (!_loadTraces) return QString();
+    if (_seismicdata->traceCount() < 1 || _seismicdata->sampleCount() < 1) return QString();
     const ReadoutFrame frame = {_seismicdata->traceCount(),
                                 _seismicdata->sampleCount(),
                                 double(_samprat),

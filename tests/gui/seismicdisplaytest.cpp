@@ -41,7 +41,7 @@ private slots:
     void hidingTheOverlayKeepsTheData();
     void aLongRecordNeedsNoLargerWindow();
     void theControlLineFollowsTheMouseMode();
-    void deviceRatioDoesNotMoveTheReadOut();
+    void eachTracesOwnPixelIsNamedAfterIt();
 };
 
 static QwtInterval shown(SeismicDisplay* display, int axis)
@@ -448,12 +448,11 @@ void SeismicDisplayTest::theControlLineFollowsTheMouseMode()
     QVERIFY(fixture.control.currentMessage().startsWith("MB1 down"));
 }
 
-void SeismicDisplayTest::deviceRatioDoesNotMoveTheReadOut()
+void SeismicDisplayTest::eachTracesOwnPixelIsNamedAfterIt()
 {
     DisplayFixture fixture;
     TestEnsemble ensemble(20, 500);
     fixture.load(ensemble);
-    // Each trace's own pixel column is named after it, at every trace.
     for (int i = 1; i <= 20; ++i) {
         const QString line = fixture[0]->readoutAt(pixelOf(fixture[0], i, 1000.0));
         QCOMPARE(line.section("CHAN    :", 1).trimmed().section(' ', 0, 0).toInt(), 100 + i);

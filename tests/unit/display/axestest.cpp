@@ -11,6 +11,8 @@
 
 #include <qwt_text.h>
 
+#include <cmath>
+
 TEST(AxisStep, TheWantedStepStandsWhereItGivesLabels)
 {
     EXPECT_EQ(axisStep(2000.0, 500.0), 500.0);
@@ -79,6 +81,19 @@ TEST(RecordAxis, ATraceIsLabelledWithItsHeaderWord)
     EXPECT_EQ(axis.getElement(9.0f), 0.0f);
 }
 
+TEST(RecordAxis, ValuesThatAreNoNumbersAreLabelledSafely)
+{
+    const float values[] = {0, NAN, 1e30f, INFINITY};
+    RecordAxisScaleDraw axis;
+    axis.setAxisArray(values, 3, 'I');
+    EXPECT_EQ(axis.label(1.0).text(), "0");
+    EXPECT_EQ(axis.label(2.0).text(), "0");
+    axis.setMethod(1, 0);  // nothing is a multiple of 0
+    EXPECT_EQ(axis.label(3.0).text(), "0");
+    EXPECT_TRUE(axis.label(NAN).isEmpty());
+    EXPECT_EQ(axis.getElement(NAN), 0.0f);
+}
+
 TEST(RecordAxis, MethodOneLabelsMultiplesAndMethodThreeChanges)
 {
     const float values[] = {0, 10, 10, 15, 20};
@@ -110,6 +125,16 @@ TEST(Panner, AMoveThatLeavesTheDataStopsWithTheSpanIntact)
     limitInterval(3.4e38f, 3.4e38f, &lower, &upper);
     EXPECT_EQ(lower, 0.0);  // without limits only 0 holds
     EXPECT_EQ(upper, 10.0);
+}
+
+TEST(Panner, HalvesOfAPixelGoUpOnBothSidesOfZero)
+{
+    EXPECT_EQ(wholePixel(2.4), 2.0);
+    EXPECT_EQ(wholePixel(2.5), 3.0);
+    EXPECT_EQ(wholePixel(-2.4), -2.0);
+    EXPECT_EQ(wholePixel(-2.5), -2.0);  // from -3, 0.5 above it: one more
+    EXPECT_EQ(wholePixel(-2.6), -3.0);
+    EXPECT_EQ(wholePixel(NAN), 0.0);
 }
 
 TEST(Zoomer, RectanglesAreTheSameWithinTwelveDigits)
