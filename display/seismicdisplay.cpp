@@ -186,9 +186,14 @@ void SeismicDisplay::setMenu(parmmenu* menu)
 
 void SeismicDisplay::setNewFile(parmmenu* menu)
 {
+    // Traces of the old file are shorter or longer than the record says now, and not every screen gets new ones.
+    _loadTraces = false;
+    _seismicplot->setDataLoaded(false);
+    _seismicdata->clear();
     setMenu(menu);
     _firstTime = true;
     _timeZoomOnly = _traceZoomOnly = false;
+    rePlot();
 }
 
 void SeismicDisplay::setDomain(int domain, int /*startTime*/, int numsmp, float samprat)

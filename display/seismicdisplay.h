@@ -52,7 +52,7 @@ public:
     void setDifferenceFlag(bool on) { _isDifference = on; }
     /// Takes all display parameters. Lent, also for later loads.
     void setMenu(parmmenu* menu);
-    /// The same for another file, whose first ensemble is shown whole.
+    /// The same for another file, whose first ensemble is shown whole. The traces of the old one go.
     void setNewFile(parmmenu* menu);
     /// Sister displays that take over zooms and pans; lent.
     void setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others);

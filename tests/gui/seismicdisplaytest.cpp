@@ -42,6 +42,7 @@ private slots:
     void aLongRecordNeedsNoLargerWindow();
     void theControlLineFollowsTheMouseMode();
     void eachTracesOwnPixelIsNamedAfterIt();
+    void tracesOfTheOldFileGoBeforeItsSizesDo();
 };
 
 static QwtInterval shown(SeismicDisplay* display, int axis)
@@ -457,6 +458,23 @@ void SeismicDisplayTest::eachTracesOwnPixelIsNamedAfterIt()
         const QString line = fixture[0]->readoutAt(pixelOf(fixture[0], i, 1000.0));
         QCOMPARE(line.section("CHAN    :", 1).trimmed().section(' ', 0, 0).toInt(), 100 + i);
     }
+}
+
+void SeismicDisplayTest::tracesOfTheOldFileGoBeforeItsSizesDo()
+{
+    DisplayFixture f(1, 100);
+    TestEnsemble old(6, 100), next(5, 9000);
+    f.load(old);
+    QVERIFY(!f[0]->readoutAt(QPoint(300, 400)).isEmpty());
+    f.menu->_orvinruntime.numsmp = 9000;
+    f[0]->setNewFile(f.menu.get());
+    QCOMPARE(f[0]->traceCount(), 0);
+    QCOMPARE(f[0]->seismicData()->traceCount(), 0);
+    QCOMPARE(f[0]->readoutAt(QPoint(300, 400)), QString());
+    f[0]->seismicPlot()->computeNormalizer();
+    f.load(next);
+    QCOMPARE(f[0]->traceCount(), 5);
+    QCOMPARE(*f[0]->seismicData()->getTraceValues(4, 8999), 12999.0f);
 }
 
 QTEST_MAIN(SeismicDisplayTest)
