@@ -44,6 +44,7 @@ private slots:
     void withAPickerPlainButtonsDoNotZoomOrPan();
     void endingAnotherModeLeavesThePickerOn();
     void aTimeZoomTakesTheTracesOfTheNextEnsemble();
+    void aSistersZoomAndPanDoNotComeBack();
     void zoomFlagsEndWithTheZoom();
     void aSliceHasPositionsInsteadOfTimes();
     void aSliceOfNegativeNumbersRunsUpward();
@@ -409,6 +410,25 @@ void ZoomTest::aTimeZoomTakesTheTracesOfTheNextEnsemble()
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).maxValue() - 31.0) < 1e-3);
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).minValue() - 400.0) < 1e-6);
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 800.0) < 1e-6);
+}
+
+void ZoomTest::aSistersZoomAndPanDoNotComeBack()
+{
+    DisplayFixture fixture(2);
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble, 0);
+    fixture.load(ensemble, 1);
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 5.0, 800.0));
+    QVERIFY(!fixture.host.isZooming());
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).width() - 5.0) < 1e-6);  // an echo would have made it whole
+    QVERIFY(qAbs(shown(fixture[1], QwtPlot::xTop).width() - 21.0) < 1e-3);
+    const double before = shown(fixture[1], QwtPlot::yLeft).minValue();
+    const int pixels = fixture[0]->canvas()->height() / 8;  // of 800 ms
+    dragMouse(fixture[0]->canvas(), QPoint(200, 200), QPoint(200, 200 - pixels), Qt::MiddleButton);
+    const double moved = 800.0 * pixels / fixture[0]->canvas()->height();
+    const double aPixel = 800.0 / fixture[0]->canvas()->height();
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).minValue() - 400.0 - moved) < 2.0 * aPixel);  // once, not twice
+    QVERIFY(qAbs(shown(fixture[1], QwtPlot::yLeft).minValue() - before - moved) < 2.0 * aPixel);
 }
 
 void ZoomTest::zoomFlagsEndWithTheZoom()
