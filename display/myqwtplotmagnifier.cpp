@@ -78,8 +78,10 @@ void MyQwtPlotMagnifier::rescale(double factor)
         // Nothing can be drawn on a scale without end, nor on one whose ends fall together.
         if (!std::isfinite(4.0 * half) || !(middle - half != middle + half)) continue;
         const bool isVertical = axis == QwtPlot::yLeft || axis == QwtPlot::yRight;
-        plot->setAxisScale(axis, middle - half, middle + half,
-                           axisStep(2.0 * half, isVertical ? _yIncrement : _xIncrement));
+        // Far out the step would cut the scale into thousands of ticks, more than the axis has pixels.
+        const int pixels = isVertical ? canvas()->height() : canvas()->width();
+        const double step = axisStep(2.0 * half, isVertical ? _yIncrement : _xIncrement);
+        plot->setAxisScale(axis, middle - half, middle + half, roomyStep(2.0 * half, step, pixels));
         isChanged = true;
     }
     plot->setAutoReplot(autoReplot);

@@ -127,8 +127,10 @@ void SeismicDisplay::setNewData()
     _isStacked = _istack == stackType;
     setTimeWindow();
     _seismicdata->setSampleRate(_samprat);
-    _seismicdata->setNumSamples(_numsmp);
-    _seismicdata->setNumHeaderWords(_nth);
+    if (_seismicdata->traceCount() == 0) {  // traces in view keep the sizes that they have
+        _seismicdata->setNumSamples(_numsmp);
+        _seismicdata->setNumHeaderWords(_nth);
+    }
     _axisDrag->setSampleRate(_samprat);
 }
 
@@ -223,6 +225,7 @@ int SeismicDisplay::loadTraces(float** traces, int** heads, int n)
         return 0;
     }
     _seismicdata->clear();
+    _seismicdata->setNumHeaderWords(_nth);
     _seismicdata->loadAllTraces(_copy.traces(), _copy.headers(), _numsmp, n);
     _seismicdata->setPriKey(_keys.pri);
     _seismicdata->setSecKey(_keys.sec);

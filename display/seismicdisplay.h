@@ -122,7 +122,7 @@ public:
     void setGatPicker(bool on) { setMouseMode(MouseMode::Gates, on); }
     void setFBPicker(bool on) { setMouseMode(MouseMode::FirstBreaks, on); }
     void setMovPicker(bool on) { setMouseMode(MouseMode::Moveout, on); }
-    /// The mode of the tool bar: 0 zoom, 1 spectrum, 2 headers, -1 none of them.
+    /// The mode of the tool bar: 0 zoom, 1 spectrum, 2 headers, -1 none of them; then a picker keeps the mouse.
     void showDisplay(int mode);
     MouseMode mouseMode() const { return _mouseMode; }
     void setControlLabel(const QString& text);

@@ -3,11 +3,13 @@
 #include "display/myqwtplotmagnifier.h"
 #include "display/myqwtplotpanner.h"
 #include "display/myqwtplotzoomer.h"
+#include "display/recordaxisscaledraw.h"
 #include "display/seismicplot.h"
 #include "host/flow/stheader.h"
 #include "tests/gui/displayfixture.h"
 #include "tracedata/seismicdata.h"
 
+#include <QPainter>
 #include <QProcess>
 #include <QSignalSpy>
 #include <qwt_plot_layout.h>
@@ -42,6 +44,7 @@ private slots:
     void withAPickerPlainButtonsDoNotZoomOrPan();
     void endingAnotherModeLeavesThePickerOn();
     void aTimeZoomTakesTheTracesOfTheNextEnsemble();
+    void aSistersZoomAndPanDoNotComeBack();
     void zoomFlagsEndWithTheZoom();
     void aSliceHasPositionsInsteadOfTimes();
     void aSliceOfNegativeNumbersRunsUpward();
@@ -50,11 +53,13 @@ private slots:
     void spacingsFollowTheMenuThenTheRate();
     void aWindowPastTheEndOfTheTraceStopsThere();
     void aWindowWithoutSamplesIsHarmless();
+    void aLongerFileLeavesTheTracesInViewTheirSizes();
     void aResizeGoesBackToTheWholeData();
     void oneTraceAndFewSamplesAreShown();
     void samplesThatAreNoNumbersAreShown();
     void farZoomsAreHarmless();
     void aDisplayWithoutSizeTakesData();
+    void labelsOfVerticalTracesAreTurned();
     void theSameHoldsAtADeviceRatioOfTwo();
     void thePictureHasTheDevicesPixels();
 };
@@ -407,6 +412,25 @@ void ZoomTest::aTimeZoomTakesTheTracesOfTheNextEnsemble()
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 800.0) < 1e-6);
 }
 
+void ZoomTest::aSistersZoomAndPanDoNotComeBack()
+{
+    DisplayFixture fixture(2);
+    TestEnsemble ensemble(20, 500);
+    fixture.load(ensemble, 0);
+    fixture.load(ensemble, 1);
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 5.0, 800.0));
+    QVERIFY(!fixture.host.isZooming());
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).width() - 5.0) < 1e-6);  // an echo would have made it whole
+    QVERIFY(qAbs(shown(fixture[1], QwtPlot::xTop).width() - 21.0) < 1e-3);
+    const double before = shown(fixture[1], QwtPlot::yLeft).minValue();
+    const int pixels = fixture[0]->canvas()->height() / 8;  // of 800 ms
+    dragMouse(fixture[0]->canvas(), QPoint(200, 200), QPoint(200, 200 - pixels), Qt::MiddleButton);
+    const double moved = 800.0 * pixels / fixture[0]->canvas()->height();
+    const double aPixel = 800.0 / fixture[0]->canvas()->height();
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).minValue() - 400.0 - moved) < 2.0 * aPixel);  // once, not twice
+    QVERIFY(qAbs(shown(fixture[1], QwtPlot::yLeft).minValue() - before - moved) < 2.0 * aPixel);
+}
+
 void ZoomTest::zoomFlagsEndWithTheZoom()
 {
     DisplayFixture fixture;
@@ -536,6 +560,23 @@ void ZoomTest::aWindowWithoutSamplesIsHarmless()
     fixture[0]->grab();
 }
 
+void ZoomTest::aLongerFileLeavesTheTracesInViewTheirSizes()
+{
+    DisplayFixture fixture(1, 100);
+    TestEnsemble ensemble(20, 100), longer(20, 5000);
+    fixture.load(ensemble);
+    const int words = fixture[0]->seismicData()->numHeaderWords();
+    fixture.menu->_orvinruntime.numsmp = 5000;
+    fixture.menu->_orvinruntime.nth = words / 2;
+    fixture[0]->setNewFile(fixture.menu.get());  // measures the traces, which have 100 samples still
+    QCOMPARE(fixture[0]->seismicData()->sampleCount(), 100);
+    QCOMPARE(fixture[0]->seismicData()->numHeaderWords(), words);
+    QVERIFY(fixture[0]->readoutAt(QPoint(580, 480)).endsWith("19099"));
+    fixture.load(longer);
+    QCOMPARE(fixture[0]->seismicData()->sampleCount(), 5000);
+    QCOMPARE(fixture[0]->seismicData()->numHeaderWords(), words / 2);
+}
+
 void ZoomTest::aResizeGoesBackToTheWholeData()
 {
     DisplayFixture fixture;
@@ -586,8 +627,10 @@ void ZoomTest::farZoomsAreHarmless()
     fixture[0]->grab();
     fixture[0]->resetZoom(-1);
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 2000.0) < 0.1);
-    for (int i = 0; i < 60; ++i) QTest::keyClick(fixture[0]->canvas(), Qt::Key_Minus);
+    for (int i = 0; i < 300; ++i) QTest::keyClick(fixture[0]->canvas(), Qt::Key_Minus);
     fixture[0]->grab();
+    for (const int axis : {QwtPlot::xTop, QwtPlot::yLeft})  // no more ticks than pixels
+        QVERIFY(fixture[0]->axisScaleDiv(axis).ticks(QwtScaleDiv::MajorTick).size() <= 602);
     fixture[0]->resetZoom(-1);
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 2000.0) < 0.1);
 }
@@ -604,6 +647,38 @@ void ZoomTest::aDisplayWithoutSizeTakesData()
     fixture[0]->resize(600, 500);
     QTRY_VERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 2000.0) < 0.1);
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).width() - 21.0) < 1e-3);
+}
+
+/// Shows how a label is drawn.
+struct DrawnRecordAxis : RecordAxisScaleDraw {
+    using RecordAxisScaleDraw::drawLabel;
+};
+
+void ZoomTest::labelsOfVerticalTracesAreTurned()
+{
+    const float values[] = {0, 11111111};
+    const auto extentOf = [&values](int direction) {
+        DrawnRecordAxis axis;
+        axis.setAxisArray(values, 1, 'I');
+        axis.setAlignment(QwtScaleDraw::LeftScale);
+        axis.setScaleDiv(QwtScaleDiv(0.0, 2.0));
+        axis.setLength(100.0);
+        axis.move(150.0, 50.0);
+        axis.setPlotDirection(direction);
+        QImage image(300, 300, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        axis.drawLabel(&painter, 1.0);
+        painter.end();
+        QRect extent;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixel(x, y) != qRgb(255, 255, 255)) extent |= QRect(x, y, 1, 1);
+        return extent;
+    };
+    const QRect inPlace = extentOf(LeftToRight), turned = extentOf(TopToBottom);
+    QVERIFY(inPlace.width() > inPlace.height());
+    QVERIFY(turned.height() > turned.width());
 }
 
 void ZoomTest::theSameHoldsAtADeviceRatioOfTwo()

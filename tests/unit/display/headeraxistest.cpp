@@ -1,4 +1,5 @@
-/// Names, types and values of the keys, as the axes show them.
+/// Names, types and values of the keys, as the axes show them, and what stays in view when memory runs out.
+#include "display/ensemblecopy.h"
 #include "display/headeraxis.h"
 #include "host/flow/standardwords.h"
 #include "host/flow/stheader.h"
@@ -161,4 +162,27 @@ TEST_F(HeaderAxisTest, WithoutMemoryEveryColumnStaysWhereItIs)
     }
     ASSERT_EQ(build({1, 1, 1, 1}), 1);
     EXPECT_EQ(axis.sec().values[6000], 5999.5f);
+}
+
+TEST_F(HeaderAxisTest, TheCopyInViewStaysWhereItIsToo)
+{
+    const char* const places[] = {"2", "3", "0", "1"};  // samples, words, and the pointers to each
+    EnsembleCopy copy;
+    load(2);
+    ASSERT_EQ(copy.copy(traces.data(), headers.data(), 2, 0, 1, 6, &error), 1);
+    float** const shownTraces = copy.traces();
+    int* const shownWords = copy.headers()[1];
+    load(6000);
+    for (int refused = 1; refused <= 4; ++refused) {
+        SCOPED_TRACE(refused);
+        refuseAt = refused;
+        const int result = copy.copy(traces.data(), headers.data(), 6000, 0, 1, 6, &error);
+        refuseAt = 0;
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(error, std::string("MERIDUNE: loadSeismicData, error while getting memory, ") + places[refused - 1] + ".");
+        EXPECT_EQ(copy.traceCount(), 2);
+        EXPECT_EQ(copy.traces(), shownTraces);
+        EXPECT_EQ(copy.headers()[1], shownWords);
+        EXPECT_EQ(shownWords[0], 101);
+    }
 }
