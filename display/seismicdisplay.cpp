@@ -200,6 +200,7 @@ void SeismicDisplay::setNewFile(parmmenu* menu)
 
 void SeismicDisplay::setDomain(int domain, int /*startTime*/, int numsmp, float samprat)
 {
+    if (!_menu) return;
     if (domain != _idomain || domain == sliceDomain) _firstTime = true;
     _idomain = domain;
     _samprat = samprat;
@@ -318,7 +319,7 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
     setDisplayTitle();
     if (_firstTime) afterFirstLayout();
     updateAxes();
-    if (showsWhole && !_zoomBase) setZoomBase();
+    if (showsWhole) setZoomBase();
     limitPan();
     _firstTime = false;
     if (replot) rePlot();

@@ -246,7 +246,6 @@ private:
     int _timeDirection = 1;
     float _sliceTime = 0.0f;
     bool _zoomState = true;
-    bool _zoomBase = false;
     bool _timeZoomOnly = false, _traceZoomOnly = false;
     MouseMode _mouseMode = MouseMode::Zoom;
     bool _isDifference = false;

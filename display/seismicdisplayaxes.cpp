@@ -178,10 +178,8 @@ void SeismicDisplay::rebuildDisplay(bool resetOthers)
     _firstTime = true;  // keeps the increments from replotting one by one
     setWholeAxes();
     _firstTime = false;
-    if (!_zoomBase) {
-        setZoomBase();
-        if (resetOthers) _zoomLink.resetOthers(this);
-    }
+    setZoomBase();
+    if (resetOthers) _zoomLink.resetOthers(this);
     _timeZoomOnly = _traceZoomOnly = false;
     limitPan();
     rebuildPlot();
