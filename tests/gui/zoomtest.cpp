@@ -568,7 +568,7 @@ void ZoomTest::aLongerFileLeavesTheTracesInViewTheirSizes()
     const int words = fixture[0]->seismicData()->numHeaderWords();
     fixture.menu->_orvinruntime.numsmp = 5000;
     fixture.menu->_orvinruntime.nth = words / 2;
-    fixture[0]->setNewFile(fixture.menu.get());  // measures the traces, which have 100 samples still
+    fixture[0]->setMenu(fixture.menu.get());  // measures the traces, which have 100 samples still
     QCOMPARE(fixture[0]->seismicData()->sampleCount(), 100);
     QCOMPARE(fixture[0]->seismicData()->numHeaderWords(), words);
     QVERIFY(fixture[0]->readoutAt(QPoint(580, 480)).endsWith("19099"));
