@@ -35,6 +35,8 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
       _zoomLink(host), _windowNumber(windowNumber), _seismicdata(std::make_unique<SeismicData>()),
       _seismicplot(new SeismicPlot(this, _seismicdata.get(), title))
 {
+    // Qwt's own policy takes the room for every label as the least width: more traces, a wider window, more traces.
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setObjectName("SeismicDisplay");
     _seismicdata->setHeaderTable(host ? host->headerTable() : nullptr);
     setCanvasBackground(Qt::white);

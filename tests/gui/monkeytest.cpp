@@ -113,9 +113,9 @@ static bool holdsLoaderTraces(const SeismicData* data, SegyLoader* loader, int f
 class Dismisser : public QObject
 {
 public:
-    explicit Dismisser(const QWidget* target)
+    explicit Dismisser(const QPointer<QWidget>& target)
     {
-        connect(&_timer, &QTimer::timeout, this, [target] {
+        connect(&_timer, &QTimer::timeout, this, [&target] {
             QDrag::cancel();
             if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
             QWidget* modal = QApplication::activeModalWidget();
@@ -161,10 +161,10 @@ public:
     /// is broken, empty if nothing is.
     QString run(int nEvents, const std::function<QWidget*()>& again)
     {
+        const Dismisser dismisser(_target);
         for (int i = 0; i < nEvents; ++i) {
             _target = again();
             if (!_target->isVisible()) _target->show();
-            Dismisser dismisser(_target);
             sendOne();
             while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
             while (window->segyLoader()->isIndexBuilding()) QTest::qWait(1);
@@ -232,11 +232,20 @@ void Monkey::load(int file)
 
 QWidget* Monkey::pickWidget()
 {
-    QList<QWidget*> widgets = {_target};
-    for (QWidget* child : _target->findChildren<QWidget*>())
-        if (!child->isWindow() && child->isVisibleTo(_target) && child->window() == _target->window())
-            widgets.append(child);
-    return widgets[pick(widgets.size())];
+    // Most widgets are labels and frames; the canvases and controls get the larger half.
+    QList<QWidget*> widgets = {_target}, canvases, controls;
+    for (QWidget* child : _target->findChildren<QWidget*>()) {
+        if (child->isWindow() || !child->isVisibleTo(_target) || child->window() != _target->window()) continue;
+        widgets.append(child);
+        if (child->inherits("QwtPlotCanvas")) canvases.append(child);
+        for (const char* name : {"QLineEdit", "QAbstractButton", "QComboBox", "QAbstractSlider"})
+            if (child->inherits(name)) controls.append(child);
+    }
+    const int which = pick(3);
+    const QList<QWidget*>& among = which == 0 && !canvases.isEmpty()   ? canvases
+                                   : which == 1 && !controls.isEmpty() ? controls
+                                                                       : widgets;
+    return among[pick(among.size())];
 }
 
 Qt::MouseButton Monkey::pickButton()

@@ -5,6 +5,7 @@
 #include "tracedata/seismicdata.h"
 
 #include <QScrollBar>
+#include <QSplitter>
 #include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
@@ -43,6 +44,7 @@ private slots:
     void theControlLineFollowsTheMouseMode();
     void eachTracesOwnPixelIsNamedAfterIt();
     void tracesOfTheOldFileGoBeforeItsSizesDo();
+    void manyTraceLabelsNeedNoWiderSplitter();
 };
 
 static QwtInterval shown(SeismicDisplay* display, int axis)
@@ -475,6 +477,20 @@ void SeismicDisplayTest::tracesOfTheOldFileGoBeforeItsSizesDo()
     f.load(next);
     QCOMPARE(f[0]->traceCount(), 5);
     QCOMPARE(*f[0]->seismicData()->getTraceValues(4, 8999), 12999.0f);
+}
+
+void SeismicDisplayTest::manyTraceLabelsNeedNoWiderSplitter()
+{
+    DisplayFixture f;
+    TestEnsemble ensemble(20, 500);
+    f.load(ensemble);
+    QSplitter splitter;
+    splitter.addWidget(f[0]);
+    f[0]->setAxisScale(QwtPlot::xBottom, 0.0, 2000.0, 1.0);
+    f[0]->updateAxes();
+    QVERIFY(f[0]->axisWidget(QwtPlot::xBottom)->minimumSizeHint().width() > 2000);
+    QCOMPARE(splitter.minimumSizeHint().width(), f[0]->minimumSizeHint().width());
+    f[0]->setParent(nullptr);
 }
 
 QTEST_MAIN(SeismicDisplayTest)
