@@ -194,6 +194,10 @@ void SeismicDisplay::setNewFile(parmmenu* menu)
     _loadTraces = false;
     _seismicplot->setDataLoaded(false);
     _seismicdata->clear();
+    if (_overlayplot) {
+        _overlayplot->setDataLoaded(false);
+        _overlaydata->clear();
+    }
     setMenu(menu);
     _firstTime = true;
     _timeZoomOnly = _traceZoomOnly = false;

@@ -51,6 +51,12 @@ QString SegyRemapDialog::remapFolder()
     return QString::fromLocal8Bit(GetHome()) + "/port/db/segy/";
 }
 
+SegyRemapDialog::~SegyRemapDialog()
+{
+    // A cell that is being edited commits its text when the table goes, which is after this object's own part.
+    _tableWidget->disconnect(this);
+}
+
 SegyRemapTable SegyRemapDialog::table() const
 {
     SegyRemapTable snapshot;

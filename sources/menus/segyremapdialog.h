@@ -17,6 +17,7 @@ class SegyRemapDialog : public QDialog
 
 public:
     explicit SegyRemapDialog(QWidget* parent = nullptr);
+    ~SegyRemapDialog() override;
 
     /// The cells as they stand, for a loader on any thread.
     SegyRemapTable table() const;

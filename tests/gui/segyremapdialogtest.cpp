@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <memory>
+
 class SegyRemapDialogTest : public QObject
 {
     Q_OBJECT
@@ -23,6 +25,7 @@ private slots:
     void aFileThatCannotBeWrittenIsTold();
     void dismissHidesItAndTheTableStays();
     void returnInACellOpensNoFileDialog();
+    void aCellInEditIsQuietWhenTheDialogGoes();
 };
 
 /// Accepts the next message box and keeps what it said.
@@ -164,6 +167,24 @@ void SegyRemapDialogTest::returnInACellOpensNoFileDialog()
 {
     SegyRemapDialog dialog;
     for (const auto* button : dialog.findChildren<QPushButton*>()) QVERIFY(!button->autoDefault() && !button->isDefault());
+}
+
+void SegyRemapDialogTest::aCellInEditIsQuietWhenTheDialogGoes()
+{
+    auto dialog = std::make_unique<SegyRemapDialog>();
+    dialog->show();
+    dialog->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+    int nChanges = 0;
+    connect(dialog.get(), &SegyRemapDialog::tableChanged, [&nChanges] { ++nChanges; });
+    auto* cells = dialog->findChild<QTableWidget*>();
+    cells->setCurrentCell(0, 0);
+    cells->edit(cells->currentIndex());
+    auto* editor = cells->findChild<QLineEdit*>();
+    QTRY_VERIFY(editor && editor->hasFocus());
+    QTest::keyClicks(editor, "CDP");
+    dialog.reset();
+    QCOMPARE(nChanges, 0);
 }
 
 QTEST_MAIN(SegyRemapDialogTest)

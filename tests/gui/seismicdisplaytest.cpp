@@ -40,6 +40,7 @@ private slots:
     void anOverlayTakesEverySecondBatch();
     void anOverlayThatIsNeverNegativeIsAMap();
     void hidingTheOverlayKeepsTheData();
+    void anotherFileTakesTheOverlayAway();
     void aLongRecordNeedsNoLargerWindow();
     void theControlLineFollowsTheMouseMode();
     void eachTracesOwnPixelIsNamedAfterIt();
@@ -408,6 +409,21 @@ void SeismicDisplayTest::anOverlayThatIsNeverNegativeIsAMap()
     fixture[0]->setOverlayMode(true);
     fixture.load(velocities);
     QVERIFY(fixture[0]->overlayPlot()->displayType() == Map);
+}
+
+void SeismicDisplayTest::anotherFileTakesTheOverlayAway()
+{
+    DisplayFixture fixture;
+    TestEnsemble first(20, 500), second(20, 500);
+    fixture.load(first);
+    fixture[0]->setOverlayMode(true);
+    fixture.load(second);
+    fixture[0]->setNewFile(fixture.menu.get());
+    QCOMPARE(fixture[0]->overlayData()->traceCount(), 0);
+    QVERIFY(!fixture[0]->overlayPlot()->isDataLoaded());
+    fixture.load(first);  // the first batch of a file is its data, whatever the overlay box says
+    QCOMPARE(fixture[0]->seismicData()->traceCount(), 20);
+    QVERIFY(!fixture[0]->readoutAt(QPoint(50, 50)).contains("Overlay"));
 }
 
 void SeismicDisplayTest::hidingTheOverlayKeepsTheData()
