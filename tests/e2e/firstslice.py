@@ -202,12 +202,25 @@ def a_processors_first_quarter_of_an_hour(program, _):
             assert blueish.mean() > 0.2 and 0.01 < reddish.mean() < blueish.mean(), (blueish.mean(), reddish.mean())
 
             window.key('ctrl+u')
-            window.dialog('Parameter Menu')
-            window.key('Tab')
+            window.dialog('Parameter Menu')  # the keys still go to the display mode
             window.type_text('Wiggle')
             window.key('Escape')
             window.leave()
             plain = window.settled()
+
+            def dark(picture):
+                return (picture[box[1]:box[3], box[0]:box[2]].max(axis=2) < 128).mean()
+
+            window.key('ctrl+u')
+            window.dialog('Parameter Menu')
+            # Direction, scaling, clip, move-up, two boxes of automatic spacings, the slider of the gain.
+            window.key(*['Tab'] * 7)
+            window.key(*['Right'] * 12)
+            window.key('Escape')
+            window.leave()
+            plain, before = window.settled(), plain
+            # 12 dB are four times: blocks of half a trace width now reach the clip of two.
+            assert dark(plain) > 1.5 * dark(before), (dark(before), dark(plain))
             window.drag(box[0] + 100, box[1] + 60, box[0] + 400, box[1] + 300)
             window.xdotool('mousemove', 600, 20)
             zoomed = window.settled()
