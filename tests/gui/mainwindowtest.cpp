@@ -7,6 +7,7 @@
 #include "sources/segyloader.h"
 #include "sources/segyloadparm.h"
 #include "tests/gui/displayfixture.h"
+#include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
@@ -53,31 +54,6 @@ private slots:
 
 private:
     QTemporaryDir _home;
-};
-
-/// A window of its own with the defaults, shown.
-struct WindowFixture {
-    std::unique_ptr<parmmenu> menu = std::make_unique<parmmenu>();
-    std::unique_ptr<MainWindow> window;
-
-    WindowFixture()
-    {
-        setDisplayDefaults(menu.get());
-        window = std::make_unique<MainWindow>(nullptr, menu.get());
-        window->buildMainPlot();
-        window->show();
-    }
-    int open(const QString& name, int isort = 0, int indexbuilt = 0)
-    {
-        SegyLoadParm parm;
-        parm.files = name;
-        parm.isort = isort;
-        parm.indexbuilt = indexbuilt;
-        return window->loadSegyFile(parm);
-    }
-    QAction* action(const char* name) { return window->actionTable()->action(name); }
-    int traces() { return window->display()->traceCount(); }
-    QString shownKey() { return window->display()->axisTitle(QwtPlot::xTop).text().simplified(); }
 };
 
 static QString dataFile(const char* name)

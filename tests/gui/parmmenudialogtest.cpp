@@ -10,6 +10,7 @@
 #include "frame/windowactions.h"
 #include "sources/segyloadparm.h"
 #include "tests/gui/displayfixture.h"
+#include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
 #include "widgets/copymissingfiles.h"
 #include "widgets/numberedit.h"
@@ -154,24 +155,9 @@ void ParmMenuDialogTest::gainControlRefreshesTheAutomaticRange()
 #define NEEDS_TEST_DATA()                                                                                    \
     if (!hasTestData()) QSKIP("no real data files")
 
-/// A main window with its record.
-struct WindowFixture {
-    std::unique_ptr<parmmenu> menu = std::make_unique<parmmenu>();
-    std::unique_ptr<MainWindow> window;
-
-    WindowFixture()
-    {
-        setDisplayDefaults(menu.get());
-        window = std::make_unique<MainWindow>(nullptr, menu.get());
-        window->buildMainPlot();
-        window->show();
-    }
-    void open(const char* name)
-    {
-        SegyLoadParm parm;
-        parm.files = QString::fromStdString(testDataFile(name));
-        QCOMPARE(window->loadSegyFile(parm), 1);
-    }
+/// A window with its parameter menu.
+struct ParmWindow : WindowFixture {
+    void openData(const char* name) { QCOMPARE(open(QString::fromStdString(testDataFile(name))), 1); }
     ParmMenuDialog* dialog()
     {
         window->actionTable()->action("parmAct")->trigger();
@@ -183,10 +169,10 @@ struct WindowFixture {
 void ParmMenuDialogTest::theWindowOpensOneMenuAndRefreshesIt()
 {
     NEEDS_TEST_DATA();
-    WindowFixture f;
+    ParmWindow f;
     QVERIFY(f.dialog());  // before there are data
     QVERIFY(!f.dialog()->isModal());
-    f.open("prestack-marine/viking_small.segy");
+    f.openData("prestack-marine/viking_small.segy");
     auto* rms = f.dialog()->findChild<QLabel*>("rmsLabel");
     const QString first = rms->text();
     QVERIFY(first.toDouble() > 0.0);
@@ -199,12 +185,12 @@ void ParmMenuDialogTest::theWindowOpensOneMenuAndRefreshesIt()
 void ParmMenuDialogTest::anotherFileShowsItsOwnParameters()
 {
     NEEDS_TEST_DATA();
-    WindowFixture f;
-    f.open("prestack-marine/viking_small.segy");
+    ParmWindow f;
+    f.openData("prestack-marine/viking_small.segy");
     auto* mode = f.dialog()->findChild<QComboBox*>("displayBox");
     QTest::keyClick(mode, Qt::Key_Down);
     QVERIFY(f.window->display()->seismicPlot()->displayType() == Wiggle);
-    f.open("prestack-land/land_shot_3360.sgy");
+    f.openData("prestack-land/land_shot_3360.sgy");
     QCOMPARE(mode->currentIndex(), int(f.window->display()->seismicPlot()->displayType()));
     const QString tpi = f.dialog()->findChild<NumberEdit*>("tscaleEdit")->text();
     QCOMPARE(tpi, QString::number(double(f.window->display()->seismicPlot()->traceSpacing()), 'f', 2));
@@ -213,8 +199,8 @@ void ParmMenuDialogTest::anotherFileShowsItsOwnParameters()
 void ParmMenuDialogTest::theToolBarsOverlayBoxAndTheMenusAgree()
 {
     NEEDS_TEST_DATA();
-    WindowFixture f;
-    f.open("prestack-marine/viking_small.segy");
+    ParmWindow f;
+    f.openData("prestack-marine/viking_small.segy");
     QCheckBox* onToolBar = f.window->actionTable()->box("overlayBox");
     onToolBar->click();
     auto* inMenu = f.dialog()->findChild<QCheckBox*>("opacBox");
@@ -249,7 +235,7 @@ void ParmMenuDialogTest::aHalfTypedNumberOutlivesNoWindow()
 
 void ParmMenuDialogTest::theProgramsColorFilesComeWithIt()
 {
-    WindowFixture f;  // links the resources in
+    ParmWindow f;  // links the resources in
     const QString folder = _home.path() + "/shipped";
     QVERIFY(copyMissingFiles(":/colors", folder) >= 12);
     ColorBarFrame bar;
@@ -268,14 +254,14 @@ void ParmMenuDialogTest::aLoadedColorFileIsKeptForTheNextSession()
     file.write("33,1\n0,4278190335\n1,4294901760\n");
     file.close();
     {
-        WindowFixture f;
+        ParmWindow f;
         auto* list = f.dialog()->findChild<QListWidget*>("fileList");
         list->setCurrentItem(list->findItems("mine.col", Qt::MatchExactly).value(0));
         f.dialog()->findChild<QPushButton*>("loadButton")->click();
         QCOMPARE(f.window->colorBarFrame()->numColors(), 33);
         f.window->close();
     }
-    WindowFixture next;
+    ParmWindow next;
     QCOMPARE(next.window->colorBarFrame()->numColors(), 33);
 }
 

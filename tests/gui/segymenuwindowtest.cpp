@@ -6,6 +6,7 @@
 #include "sources/menus/segyrecdialog.h"
 #include "sources/menus/segyremapdialog.h"
 #include "tests/gui/segymenufixture.h"
+#include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
 #include "tracedata/parmmenu.h"
 
@@ -52,20 +53,8 @@ private:
     QString _file;
 };
 
-/// A window with the defaults, shown.
-struct WindowFixture {
-    std::unique_ptr<parmmenu> menu = std::make_unique<parmmenu>();
-    std::unique_ptr<MainWindow> window;
-
-    WindowFixture()
-    {
-        setDisplayDefaults(menu.get());
-        window = std::make_unique<MainWindow>(nullptr, menu.get());
-        window->buildMainPlot();
-        window->show();
-    }
-    QAction* action(const char* name) { return window->actionTable()->action(name); }
-    QString shownKey() { return window->display()->axisTitle(QwtPlot::xTop).text().simplified(); }
+/// A window with its SEG-Y menu.
+struct SegyWindow : WindowFixture {
     SegyMenuDialog* dialog() { return window->findChild<SegyMenuDialog*>("SegyMenuDialog"); }
     template <class T>
     T* find(const char* name)
@@ -111,7 +100,7 @@ void SegyMenuWindowTest::initTestCase()
 
 void SegyMenuWindowTest::theMenuIsMadeOnceAndShownAgain()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     QVERIFY(!fixture.dialog());
     fixture.action("segyAct")->trigger();
     SegyMenuDialog* made = fixture.dialog();
@@ -128,7 +117,7 @@ void SegyMenuWindowTest::theMenuIsMadeOnceAndShownAgain()
 
 void SegyMenuWindowTest::withoutAFileTheMenuComesWithNothingFilledIn()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     QCOMPARE(fixture.window->showSegyMenu(true, false), 1);
     QVERIFY(fixture.dialog() && fixture.dialog()->isVisible());
     for (const char* name : {"fileField", "maxVal", "nsampVal", "srateVal"})
@@ -141,7 +130,7 @@ void SegyMenuWindowTest::withoutAFileTheMenuComesWithNothingFilledIn()
 
 void SegyMenuWindowTest::aFileOfTheCommandLineIsShownWithoutTheMenu()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     std::strcpy(fixture.menu->cfile, (_file + ",").toLocal8Bit());
     fixture.menu->segysort = 4;
     fixture.menu->segymaxtr = 3;
@@ -161,7 +150,7 @@ void SegyMenuWindowTest::aFileOfTheCommandLineIsShownWithoutTheMenu()
 
 void SegyMenuWindowTest::openShowsTheFirstEnsemble()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.open(_file);
     QVERIFY(!fixture.dialog()->isVisible());
     QCOMPARE(fixture.shownKey(), QString("FFID :10"));
@@ -173,7 +162,7 @@ void SegyMenuWindowTest::openShowsTheFirstEnsemble()
 
 void SegyMenuWindowTest::aFailedLoadBringsTheMenuAgainWithItsFields()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     BoxWatcher boxes;
     fixture.action("segyAct")->trigger();
     fixture.find<QLineEdit>("nsampVal")->setText("250");
@@ -190,7 +179,7 @@ void SegyMenuWindowTest::aFailedLoadBringsTheMenuAgainWithItsFields()
 
 void SegyMenuWindowTest::aFailedLoadKeepsTheOldFileInTheTabs()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.open(_file, "Yes");
     BoxWatcher boxes;
     fixture.open("/nowhere/none.sgy");
@@ -205,7 +194,7 @@ void SegyMenuWindowTest::aFailedLoadKeepsTheOldFileInTheTabs()
 
 void SegyMenuWindowTest::inAFlowTheMenuIsModalAndComesAgain()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     QStringList seen;
     BoxWatcher boxes;
     QTimer answers;
@@ -228,7 +217,7 @@ void SegyMenuWindowTest::inAFlowTheMenuIsModalAndComesAgain()
 
 void SegyMenuWindowTest::besideADatasetSegyGetsAWindowOfItsOwn()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.menu->dotrevia = 2;
     fixture.action("segyAct")->trigger();
     auto* second = fixture.window->findChild<MainWindow*>();
@@ -248,7 +237,7 @@ void SegyMenuWindowTest::besideADatasetSegyGetsAWindowOfItsOwn()
 
 void SegyMenuWindowTest::buildNowEnablesPreviousAndSeek()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.open(_file);
     fixture.window->nextRecord();
     QVERIFY(!fixture.action("backAct")->isEnabled());
@@ -265,7 +254,7 @@ void SegyMenuWindowTest::buildNowEnablesPreviousAndSeek()
 
 void SegyMenuWindowTest::theRemapTableIsInForceWhenTheFileOpens()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.action("segyAct")->trigger();
     fixture.find<QPushButton>("remapButton")->click();
     SegyRemapTable remap;
@@ -281,7 +270,7 @@ void SegyMenuWindowTest::theRemapTableIsInForceWhenTheFileOpens()
 
 void SegyMenuWindowTest::aRemapTableWithoutAUsableRowUnchecksItsBox()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.action("segyAct")->trigger();
     fixture.find<QCheckBox>("remapBox")->click();
     fixture.open(_file, "Yes");
@@ -291,7 +280,7 @@ void SegyMenuWindowTest::aRemapTableWithoutAUsableRowUnchecksItsBox()
 
 void SegyMenuWindowTest::aSecondFileFillsTheTabs()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.open(_file, "Yes");
     QByteArray bytes = segyBytes(2);
     put32(&bytes, 3200, 77);
@@ -304,7 +293,7 @@ void SegyMenuWindowTest::aSecondFileFillsTheTabs()
 
 void SegyMenuWindowTest::aFileOpenedElsewhereIsShownInTheLoadTab()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.open(_file);
     SegyLoadParm parm;
     parm.files = writeSegy(_folder.path() + "/dropped.sgy");
@@ -318,7 +307,7 @@ void SegyMenuWindowTest::aFileOpenedElsewhereIsShownInTheLoadTab()
 
 void SegyMenuWindowTest::seekShowsTheRecord()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.open(_file, "Yes");
     for (int i = 0; i < 4; ++i) fixture.window->nextRecord();
     QVERIFY(fixture.seek([](SegyRecDialog* dialog) {
@@ -333,7 +322,7 @@ void SegyMenuWindowTest::seekShowsTheRecord()
 
 void SegyMenuWindowTest::seekInAnotherSortRebuildsTheSortFirst()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.open(_file, "Yes");
     QCOMPARE(fixture.window->numberOfRecords(), 3);
     QVERIFY(fixture.seek([](SegyRecDialog* dialog) {
@@ -353,7 +342,7 @@ void SegyMenuWindowTest::seekInAnotherSortRebuildsTheSortFirst()
 
 void SegyMenuWindowTest::theTraceTabCountsInTheNewOrder()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.open(_file, "Yes");
     fixture.action("segyAct")->trigger();
     fixture.find<QTabWidget>("tabWidget")->setCurrentIndex(3);
@@ -370,7 +359,7 @@ void SegyMenuWindowTest::theTraceTabCountsInTheNewOrder()
 
 void SegyMenuWindowTest::aDismissedSeekChangesNothing()
 {
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.open(_file, "Yes");
     QVERIFY(fixture.seek([](SegyRecDialog* dialog) {
         dialog->findChild<QComboBox*>("seekPriBox")->setCurrentText("CDP Gather");
@@ -383,7 +372,7 @@ void SegyMenuWindowTest::aDismissedSeekChangesNothing()
 void SegyMenuWindowTest::anMsdosFileShowsItsTextAndHeaders()
 {
     if (!hasTestData()) QSKIP("no real data files");
-    WindowFixture fixture;
+    SegyWindow fixture;
     fixture.action("segyAct")->trigger();
     fixture.find<QComboBox>("typeBox")->setCurrentText("MSDOS");
     fixture.find<QComboBox>("sortBox")->setCurrentText("In-Line Stack");
