@@ -21,11 +21,13 @@ endif()
 include_directories(${CMAKE_SOURCE_DIR})
 
 # The precompiled Qt headers change only with the packages; without these the cache never hits.
+# Paths are made relative, so that a second checkout finds what the first has built.
 find_program(CCACHE ccache)
 if(CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER
         ${CMAKE_COMMAND} -E env
-        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE})
     set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
     add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
 endif()
