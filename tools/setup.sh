@@ -51,10 +51,10 @@ set_environment()
     esac
 }
 
-# start_xvfb: a virtual X server on a free number, and a window manager in it; sets DISPLAY.
+# start_xvfb: a virtual X server on a free number, and a window manager that is ready in it; sets DISPLAY.
 start_xvfb()
 {
-    local numbers
+    local numbers ready
     numbers=$(mktemp /tmp/meridune-xvfb.XXXXXX)
     Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp >/dev/null 2>&1 3>"$numbers" &
     xvfb_pid=$!
@@ -66,8 +66,17 @@ start_xvfb()
     rm -f "$numbers"
     [ "$DISPLAY" != ":" ] || { echo "Xvfb did not start" >&2; exit 2; }
     export DISPLAY
-    openbox >/dev/null 2>&1 &
+    # A window that is mapped while the manager starts can stay unmapped for ever, so its start is waited for.
+    ready=$(mktemp -u /tmp/meridune-openbox.XXXXXX)
+    openbox --startup "touch $ready" >/dev/null 2>&1 &
     openbox_pid=$!
+    for _ in $(seq 300); do
+        [ -e "$ready" ] && break
+        kill -0 $openbox_pid 2>/dev/null || break
+        sleep 0.1
+    done
+    [ -e "$ready" ] || { echo "openbox did not start" >&2; exit 2; }
+    rm -f "$ready"
 }
 
 # stop_own: ends what these functions started, and nothing else.
