@@ -18,6 +18,7 @@
 #include <QFontMetrics>
 #include <QResizeEvent>
 #include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
 #include <qwt_text.h>
 
 #include <algorithm>
@@ -59,7 +60,7 @@ void SeismicDisplay::setAxisTitle(const QString& text)
 {
     _ctaxis = text;
     for (const int axis : {yLeft, yRight}) {
-        QwtText title(text);
+        QwtText title(text, QwtText::PlainText);
         title.setFont(axisFont(axis));
         MyQwtPlot::setAxisTitle(axis, title);
     }
@@ -76,6 +77,8 @@ void SeismicDisplay::setVAxisValues(bool on)
     _recordaxis->setFake(!on);
     _seismicaxisl->setFake(!on);
     _seismicaxisr->setFake(!on);
+    updateLayout();  // the labels' room has changed, which the axes don't notice
+    for (const int axis : {xTop, yLeft, yRight}) axisWidget(axis)->update();
     rePlot();
 }
 
