@@ -163,16 +163,18 @@ void DrawDialog::stopDrawing()
     dropEmpty(_marker);
 }
 
-/// Takes keyboard and cursor, or gives them back; as often as is wanted.
+/// Takes keyboard, cursor and all moves of the mouse, or gives them back; as often as is wanted.
 void DrawDialog::takeInput(bool on)
 {
     if (on == _hasInput) return;
     _hasInput = on;
     if (on) {
         QApplication::setOverrideCursor(Qt::PointingHandCursor);
+        QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);  // each move is a point of the line
         grabKeyboard();
     } else {
         QApplication::restoreOverrideCursor();
+        QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, true);
         releaseKeyboard();
     }
 }
@@ -205,14 +207,12 @@ void DrawDialog::hideEvent(QHideEvent* event)
     QDialog::hideEvent(event);
 }
 
-/// Keys that the grab has brought here go where they would have gone, but in text mode to the text. Returns
-/// whether there was such a place.
+/// Keys that the grab has brought here go to the control that has the focus in this dialog, whichever window is
+/// in front. Returns whether there was one.
 bool DrawDialog::passKeyOn(QKeyEvent* event)
 {
     if (_isPassing || QWidget::keyboardGrabber() != this || event->key() == Qt::Key_Escape) return false;
-    QWidget* front = QApplication::focusWidget();
-    const bool isElsewhere = front && front->window() != this;
-    QWidget* to = !isElsewhere ? focusWidget() : _useText ? _strEdit : front;
+    QWidget* to = focusWidget();
     if (!to || to == this) return false;
     const QScopedValueRollback<bool> passing(_isPassing, true);
     QApplication::sendEvent(to, event);
@@ -258,7 +258,10 @@ bool DrawDialog::mousePress(QWidget* canvas, const QMouseEvent* event)
     for (const DrawTarget& target : qAsConst(_targets))
         if (target.plot && target.plot->canvas() == canvas) drawOn(target);
     _buttonDown = event->button();
-    if (_useText) return false;
+    if (_useText) {
+        _strEdit->setFocus();  // what is typed now is the text
+        return false;
+    }
     _eaten |= event->button();
     return true;
 }
