@@ -1,12 +1,13 @@
 #include "display/drawdialog.h"
 
 #include "display/drawstyle.h"
+#include "display/myqwtplotcanvas.h"
+#include "widgets/dismissbox.h"
 #include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -46,15 +47,9 @@ DrawDialog::DrawDialog(QWidget* parent, std::function<QList<DrawTarget>()> targe
     _label = makeControl<QLabel>("label", QString());
     column->addWidget(_label);
     column->addStretch();
-    auto* buttonBox = makeControl<QDialogButtonBox>("buttonBox", QString());
-    QPushButton* dismiss = buttonBox->addButton("Dismiss", QDialogButtonBox::RejectRole);
-    dismiss->setObjectName("dismissButton");
-    dismiss->setToolTip(tr("Ends drawing and hides this dialog; what is drawn stays"));
-    dismiss->setAutoDefault(false);  // Return in a field must not hide the dialog
-    column->addWidget(buttonBox);
+    column->addWidget(new DismissBox(this, tr("Ends drawing and hides this dialog; what is drawn stays")));
 
     connect(_enableBox, &QCheckBox::stateChanged, this, &DrawDialog::applyDraw);
-    connect(buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &DrawDialog::followFocus);
     showState();
 }
@@ -270,6 +265,7 @@ bool DrawDialog::mouseRelease(QWidget* canvas, const QMouseEvent* event)
 {
     _buttonDown = -1;
     const bool isEaten = _eaten & event->button();
+    if (isEaten && _curve) _curve->plot()->replot();  // its joints, too
     _eaten &= ~Qt::MouseButtons(event->button());
     if (!_isDrawing && !_eaten) canvas->removeEventFilter(this);
     return isEaten;
@@ -347,8 +343,14 @@ void DrawDialog::drawLine(const QPoint& point)
     QVector<QPointF> points(n + 1);
     for (int i = 0; i < n; ++i) points[i] = _curve->sample(i);
     points[n] = scaleValues(_curve, point);
-    _curve->setPen(QPen(_style->color(), _ithick, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     _curve->setSamples(points);
+    const QPen pen(_style->color(), _ithick, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    auto* canvas = qobject_cast<MyQwtPlotCanvas*>(_curve->plot()->canvas());
+    if (canvas && n > 0 && pen == _curve->pen()) {
+        canvas->paintOver(*_curve, n - 1, n);
+        return;
+    }
+    _curve->setPen(pen);
     _curve->plot()->replot();
 }
 

@@ -2,15 +2,14 @@
 
 #include "display/drawstyle.h"
 #include "display/seismicdisplay.h"
+#include "widgets/dismissbox.h"
 #include "widgets/namedcontrol.h"
 
 #include <QCheckBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <qwt_text.h>
@@ -25,13 +24,7 @@ Titles::Titles(QWidget* parent, QList<SeismicDisplay*>* displaylist, QStatusBar*
     makeAxisTitle(column);
     makeAreaLineTitle(column);
     column->addStretch();
-    auto* buttonBox = makeControl<QDialogButtonBox>("buttonBox", QString());
-    QPushButton* dismiss = buttonBox->addButton("Dismiss", QDialogButtonBox::RejectRole);
-    dismiss->setObjectName("dismissButton");
-    dismiss->setToolTip(tr("Hides this dialog; all titles stay"));
-    dismiss->setAutoDefault(false);  // Return in a field must not hide the dialog
-    column->addWidget(buttonBox);
-    connect(buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    column->addWidget(new DismissBox(this, tr("Hides this dialog; all titles stay")));
 }
 
 void Titles::makeStatusTitle(QVBoxLayout* column)

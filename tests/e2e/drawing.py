@@ -79,15 +79,7 @@ def a_line_is_drawn_where_the_mouse_goes(program, path):
 
         with tempfile.TemporaryDirectory() as folder:
             target = os.path.join(folder, 'drawn.png')
-            window.key('ctrl+i')
-            window.dialog('Image Export File Name')
-            window.key('ctrl+a')
-            window.type_text(target)
-            window.key('Return')
-            for _ in range(50):
-                if os.path.exists(target):
-                    break
-                time.sleep(0.1)
+            window.save_as('ctrl+i', 'Image Export File Name', target)
             ppm = subprocess.run(['convert', target, '-depth', '8', 'ppm:-'], check=True, capture_output=True).stdout
             fields = ppm.split(maxsplit=4)
             width, height = int(fields[1]), int(fields[2])

@@ -1,6 +1,7 @@
 /// The dialog "Draw on Canvas": lines and texts by the mouse, and that cursor, keyboard and mouse come back.
 #include "display/drawdialog.h"
 
+#include "display/myqwtplotcanvas.h"
 #include "display/seismicplot.h"
 #include "tests/gui/displayfixture.h"
 #include "tests/gui/modalanswer.h"
@@ -32,6 +33,7 @@ private slots:
     void theControlsStandWithTheirTexts();
     void aLineFollowsTheMouse();
     void aThousandPointsOfOneLineStand();
+    void aGrowingLineCostsNoRenderAndLooksTheSame();
     void theNextDragGoesOnWithTheSameLine();
     void aNewObjectIsAnotherLine();
     void aMoveWithoutAButtonDrawsNothing();
@@ -234,6 +236,33 @@ void DrawDialogTest::aThousandPointsOfOneLineStand()
     QCOMPARE(fixture.lines().size(), 1);
     QCOMPARE(fixture.lines().first()->dataSize(), size_t(1000));
     for (int i = 0; i < 1000; ++i) COMPARE_POINT(fixture.lines().first()->sample(i), fixture.scaleValue(points[i]));
+}
+
+void DrawDialogTest::aGrowingLineCostsNoRenderAndLooksTheSame()
+{
+    DrawFixture fixture;
+    fixture.enable();
+    QTest::mousePress(fixture.canvas(), Qt::LeftButton, Qt::NoModifier, {50, 50});
+    fixture.move({50, 50}, Qt::LeftButton);
+    fixture.canvas()->grab();
+    const int before = fixture[0]->myCanvas()->renderCount();
+    for (int i = 1; i < 200; ++i) {
+        fixture.move({50 + 2 * i, 50 + i}, Qt::LeftButton);
+        if (i % 20 == 0) fixture.canvas()->grab();
+    }
+    const QImage grown = fixture.canvas()->grab().toImage();
+    QCOMPARE(fixture[0]->myCanvas()->renderCount(), before);
+    QTest::mouseRelease(fixture.canvas(), Qt::LeftButton, Qt::NoModifier, {448, 249});
+    const QImage rendered = fixture.canvas()->grab().toImage();
+    QVERIFY(fixture[0]->myCanvas()->renderCount() > before);
+    int nRed = 0, nOther = 0;
+    for (int y = 0; y < grown.height(); ++y)
+        for (int x = 0; x < grown.width(); ++x) {
+            const QColor a = grown.pixelColor(x, y), b = rendered.pixelColor(x, y);
+            nRed += b == QColor(Qt::red);
+            nOther += std::abs(a.green() - b.green()) > 128;  // more than the edge of a joint
+        }
+    QVERIFY2(nRed > 200 && nOther < 4, qPrintable(QString("%1 red, %2 others").arg(nRed).arg(nOther)));
 }
 
 void DrawDialogTest::theNextDragGoesOnWithTheSameLine()
