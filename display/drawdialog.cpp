@@ -129,8 +129,10 @@ void DrawDialog::beginDrawing()
     if (_targets.isEmpty()) return endDrawing();
     _isDrawing = true;
     _buttonDown = -1;
+    _windows = {windowHandle()};
     bool isLastThere = false;
     for (const DrawTarget& target : qAsConst(_targets)) {
+        _windows.append(target.plot->window()->windowHandle());
         target.setMouseAside(true);
         target.plot->canvas()->installEventFilter(this);
         connect(target.plot, &QObject::destroyed, this, &DrawDialog::forgetPlot, Qt::UniqueConnection);
@@ -147,7 +149,6 @@ void DrawDialog::stopDrawing()
     _isDrawing = false;
     takeInput(false);
     for (const DrawTarget& target : qAsConst(_targets)) {
-        if (!target.plot) continue;
         // A button that is still down was pressed for us: its release is eaten first.
         if (!_eaten) target.plot->canvas()->removeEventFilter(this);
         target.setMouseAside(false);
@@ -178,11 +179,7 @@ void DrawDialog::takeInput(bool on)
 void DrawDialog::followFocus(QWindow* window)
 {
     if (!_hasInput) return;
-    const bool isOurs = window && (window == windowHandle() ||
-                                   std::any_of(_targets.begin(), _targets.end(), [window](const DrawTarget& target) {
-                                       return target.plot && target.plot->window()->windowHandle() == window;
-                                   }));
-    if (isOurs)
+    if (window && _windows.contains(window))
         grabKeyboard();
     else
         releaseKeyboard();
@@ -251,7 +248,7 @@ bool DrawDialog::mousePress(QWidget* canvas, const QMouseEvent* event)
     }
     if (!current() || event->modifiers() & Qt::ControlModifier) return false;
     for (const DrawTarget& target : qAsConst(_targets))
-        if (target.plot && target.plot->canvas() == canvas) drawOn(target);
+        if (target.plot->canvas() == canvas) drawOn(target);
     _buttonDown = event->button();
     if (_useText) {
         _strEdit->setFocus();  // what is typed now is the text
@@ -449,9 +446,8 @@ void DrawDialog::forgetPlot(QObject* plot)
     _markerList.erase(std::remove_if(_markerList.begin(), _markerList.end(), isGone), _markerList.end());
     for (QwtPlotItem* item : _plotOf.keys(plot)) _plotOf.remove(item);
     lastBecomesCurrent();
-    if (_target.plot == plot) _target.plot.clear();
-    // A widget tells that it goes before the pointers to it become null.
-    const auto isOnIt = [plot](const DrawTarget& target) { return !target.plot || target.plot == plot; };
+    if (_target.plot == plot) _target.plot = nullptr;
+    const auto isOnIt = [plot](const DrawTarget& target) { return target.plot == plot; };
     _targets.erase(std::remove_if(_targets.begin(), _targets.end(), isOnIt), _targets.end());
     if (_targets.isEmpty())
         endDrawing();

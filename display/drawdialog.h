@@ -91,6 +91,7 @@ private:
 
     std::function<QList<DrawTarget>()> _findTargets;
     QList<DrawTarget> _targets;  // while drawing
+    QList<QWindow*> _windows;    // of the targets, and of this; only compared
     DrawTarget _target;          // last drawn on
     QList<QwtPlotCurve*> _curveList;  // owned by their plots
     QList<QwtPlotMarker*> _markerList;

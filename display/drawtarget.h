@@ -2,7 +2,6 @@
 #ifndef DRAWTARGET_H
 #define DRAWTARGET_H
 
-#include <QPointer>
 #include <qwt_plot.h>
 
 #include <functional>
@@ -11,7 +10,7 @@ class SeismicDisplay;
 
 /// A display of traces, or a map; plain, so that DrawDialog knows neither.
 struct DrawTarget {
-    QPointer<QwtPlot> plot;  ///< lent; may go at any time, and takes what is drawn on it along
+    QwtPlot* plot = nullptr;  ///< lent; may go at any time, and takes what is drawn on it along
     int xAxis = QwtPlot::xTop;
     int yAxis = QwtPlot::yLeft;
     /// With true the plot's own tools leave the plain mouse buttons, with false they get them back. Only called
