@@ -224,15 +224,14 @@ void DrawDialog::keyReleaseEvent(QKeyEvent* event)
 bool DrawDialog::eventFilter(QObject* object, QEvent* event)
 {
     auto* canvas = qobject_cast<QWidget*>(object);
-    const auto* mouse = static_cast<QMouseEvent*>(event);  // looked at where the type says so
     switch (canvas ? event->type() : QEvent::None) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        return mousePress(canvas, mouse);
+        return mousePress(canvas, static_cast<QMouseEvent*>(event));
     case QEvent::MouseButtonRelease:
-        return mouseRelease(canvas, mouse);
+        return mouseRelease(canvas, static_cast<QMouseEvent*>(event));
     case QEvent::MouseMove:
-        mouseMove(mouse);
+        mouseMove(static_cast<QMouseEvent*>(event));
         return false;  // the read-out follows
     default:
         return QDialog::eventFilter(object, event);
