@@ -175,14 +175,11 @@ void DrawDialog::takeInput(bool on)
     }
 }
 
-/// The keyboard belongs to the dialog while it or a target is in front: the user may type into other windows.
+/// The user may type into other windows meanwhile. A press on a canvas takes the keyboard again: to follow the focus
+/// back would never end, for taking and giving the keyboard moves the focus.
 void DrawDialog::followFocus(QWindow* window)
 {
-    if (!_hasInput) return;
-    if (window && _windows.contains(window))
-        grabKeyboard();
-    else
-        releaseKeyboard();
+    if (_hasInput && !_windows.contains(window)) releaseKeyboard();
 }
 
 bool DrawDialog::event(QEvent* event)
@@ -245,6 +242,7 @@ bool DrawDialog::mousePress(QWidget* canvas, const QMouseEvent* event)
         _eaten = Qt::NoButton;
         return false;
     }
+    if (_hasInput && QWidget::keyboardGrabber() != this) grabKeyboard();
     if (!current() || event->modifiers() & Qt::ControlModifier) return false;
     for (const DrawTarget& target : qAsConst(_targets))
         if (target.plot->canvas() == canvas) drawOn(target);

@@ -21,7 +21,8 @@ class QwtPlotItem;
 class QwtPlotMarker;
 
 /// While its box is checked the mouse draws on the targets, the keyboard is the dialog's, and the cursor is a hand.
-/// All three end with the box, with the dialog, and with the last target.
+/// All three end with the box, with the dialog, and with the last target. Any other window that gets the focus has
+/// the keyboard until the next press on a target.
 ///
 /// What is drawn belongs to the plot that it stands on, in scale values, so that it stays through repaints, zooms
 /// and new data; the dialog forgets it when that plot goes. With Ctrl the mouse buttons keep what they do without

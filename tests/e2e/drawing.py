@@ -119,6 +119,33 @@ def a_text_is_typed_and_placed(program, path):
         assert gone('Draw on Canvas')
 
 
+def other_windows_can_be_used_while_drawing(program, path):
+    """The parameter menu takes keys while drawing is on; the next press on the canvas gives them to the drawing again."""
+    with Window(program, [path]) as window:
+        left, top, _, _ = window.canvas(window.settled())
+        open_drawing(window)
+        window.drag(left + 60, top + 60, left + 300, top + 200)
+        window.click(25, 60)  # a menu has the keys while it is open
+        time.sleep(0.5)
+        window.key('Escape')
+        window.click(72, 60)
+        window.key('Down', 'Return')  # the first of Tools
+        window.dialog('Parameter Menu')
+        window.key('Tab')
+        window.type_text('Color')
+        window.settled()
+        window.key('Escape')
+        assert gone('Parameter Menu'), 'the menu has no keyboard'
+        coloured = window.settled()
+        inside = coloured[top + 300:top + 400, left + 10:left + 500]
+        assert ((inside[:, :, 2] == 255) & (inside[:, :, 0] < 250)).mean() > 0.3, 'the colours were not chosen'
+        assert visible('Draw on Canvas')
+        window.xdotool('mousemove', left + 300, top + 200, 'mousedown', 1, 'mousemove', left + 350, top + 100, 'mouseup', 1)
+        window.settled()
+        window.key('Escape')
+        assert gone('Draw on Canvas'), 'the press on the canvas did not take the keyboard'
+
+
 def titles_are_typed_into_the_window(program, path):
     """The title stands in the status bar, in red; the title of the axis changes while it is typed."""
     with Window(program, [path]) as window:
@@ -136,7 +163,8 @@ def titles_are_typed_into_the_window(program, path):
         assert numpy.flatnonzero(bar.any(axis=0)).min() > 900, 'the title leaves no room for the read-out'
 
 
-TESTS = [a_line_is_drawn_where_the_mouse_goes, a_text_is_typed_and_placed, titles_are_typed_into_the_window]
+TESTS = [a_line_is_drawn_where_the_mouse_goes, a_text_is_typed_and_placed, other_windows_can_be_used_while_drawing,
+         titles_are_typed_into_the_window]
 
 if __name__ == '__main__':
     program, wanted = sys.argv[1:]
