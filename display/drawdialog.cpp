@@ -166,11 +166,12 @@ void DrawDialog::takeInput(bool on)
     _hasInput = on;
     if (on) {
         QApplication::setOverrideCursor(Qt::PointingHandCursor);
+        _wasCompressing = QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents);
         QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);  // each move is a point of the line
         grabKeyboard();
     } else {
         QApplication::restoreOverrideCursor();
-        QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, true);
+        QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, _wasCompressing);
         releaseKeyboard();
     }
 }
