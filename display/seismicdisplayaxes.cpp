@@ -18,7 +18,6 @@
 #include <QFontMetrics>
 #include <QResizeEvent>
 #include <qwt_scale_map.h>
-#include <qwt_scale_widget.h>
 #include <qwt_text.h>
 
 #include <algorithm>
@@ -77,8 +76,6 @@ void SeismicDisplay::setVAxisValues(bool on)
     _recordaxis->setFake(!on);
     _seismicaxisl->setFake(!on);
     _seismicaxisr->setFake(!on);
-    updateLayout();  // the labels' room has changed, which the axes don't notice
-    for (const int axis : {xTop, yLeft, yRight}) axisWidget(axis)->update();
     rePlot();
 }
 
