@@ -37,8 +37,15 @@ find_package(Threads REQUIRED)
 find_package(OpenMP REQUIRED COMPONENTS CXX)
 find_path(QWT_INCLUDE_DIR qwt_plot.h PATH_SUFFIXES qwt REQUIRED)
 find_library(QWT_LIBRARY NAMES qwt-qt5 REQUIRED)
+# Qwt 6.1 names a template's destructor in a way that C++20 has dropped: whoever includes the curve gets that one
+# header corrected first, and Qwt's own copy then stands behind its guard.
+file(READ ${QWT_INCLUDE_DIR}/qwt_series_store.h seriesStore)
+string(REPLACE "~QwtSeriesStore<T>()" "~QwtSeriesStore()" seriesStore "${seriesStore}")
+file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/qwt/qwt_series_store.h CONTENT "${seriesStore}" @ONLY)
+file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/qwt/qwt_plot_curve.h
+    CONTENT "#include \"qwt_series_store.h\"\n#include_next <qwt_plot_curve.h>\n" @ONLY)
 add_library(Qwt::Qwt INTERFACE IMPORTED)
-target_include_directories(Qwt::Qwt SYSTEM INTERFACE ${QWT_INCLUDE_DIR})
+target_include_directories(Qwt::Qwt SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/qwt ${QWT_INCLUDE_DIR})
 target_link_libraries(Qwt::Qwt INTERFACE ${QWT_LIBRARY} Qt5::Widgets Qt5::PrintSupport Qt5::Svg)
 
 # meridune_library(NAME DEPENDS...): the library of this folder, from all its sources.

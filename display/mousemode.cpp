@@ -8,6 +8,7 @@ QString mouseModeText(MouseMode mode)
     case MouseMode::Velocity: return "   Velocity picking is on";
     case MouseMode::Gates: return "   Trevia picking is on";
     case MouseMode::FirstBreaks: return "   First break picking is on";
+    case MouseMode::Drawing: return "   Drawing is on";
     case MouseMode::Zoom:
     case MouseMode::Moveout: break;
     }

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-enum class MouseMode { Zoom, Spectrum, Headers, Velocity, Gates, FirstBreaks, Moveout };
+enum class MouseMode { Zoom, Spectrum, Headers, Velocity, Gates, FirstBreaks, Moveout, Drawing };
 
 /// What the control line adds for a mode; empty for those that say nothing.
 QString mouseModeText(MouseMode mode);

@@ -4,6 +4,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <qwt_plot.h>
+#include <qwt_plot_curve.h>
+#include <qwt_scale_map.h>
 
 MyQwtPlotCanvas::MyQwtPlotCanvas(QwtPlot* plot) : QwtPlotCanvas(plot)
 {
@@ -77,6 +79,17 @@ void MyQwtPlotCanvas::render()
     plot()->drawCanvas(&painter);
     _pictureIsValid = true;
     ++_renderCount;
+}
+
+void MyQwtPlotCanvas::paintOver(const QwtPlotCurve& curve, int from, int to)
+{
+    if (_pictureIsValid) {
+        QPainter painter(&_picture);
+        painter.setRenderHint(QPainter::Antialiasing, curve.testRenderHint(QwtPlotItem::RenderAntialiased));
+        curve.drawSeries(&painter, plot()->canvasMap(curve.xAxis()), plot()->canvasMap(curve.yAxis()), contentsRect(),
+                         from, to);
+    }
+    update(contentsRect());
 }
 
 void MyQwtPlotCanvas::paintEvent(QPaintEvent* event)

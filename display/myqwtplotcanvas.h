@@ -9,6 +9,7 @@
 
 class QBitmap;
 class QImage;
+class QwtPlotCurve;
 
 class MyQwtPlotCanvas : public QwtPlotCanvas
 {
@@ -28,6 +29,10 @@ public:
 
     /// The next paint renders the plot anew.
     void invalidatePicture() { _pictureIsValid = false; }
+
+    /// Paints the points from to to, both counted from 0, of a curve of this plot over the picture as it stands: a
+    /// line that grows under the mouse costs no render. The next render shows the same.
+    void paintOver(const QwtPlotCurve& curve, int from, int to);
 
     /// How often the plot was rendered since the canvas was made: a repaint that only uncovers doesn't count.
     int renderCount() const { return _renderCount; }

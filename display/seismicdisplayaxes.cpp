@@ -59,7 +59,7 @@ void SeismicDisplay::setAxisTitle(const QString& text)
 {
     _ctaxis = text;
     for (const int axis : {yLeft, yRight}) {
-        QwtText title(text);
+        QwtText title(text, QwtText::PlainText);
         title.setFont(axisFont(axis));
         MyQwtPlot::setAxisTitle(axis, title);
     }

@@ -2,6 +2,7 @@
 
 #include "analysis/parmmenudialog.h"
 #include "display/colorbarframe.h"
+#include "display/drawdialog.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
 #include "frame/pagekeys.h"
@@ -55,7 +56,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     statusBar()->showMessage("Ready");
     readSettings();
     _COMPANY = setCompanyName();
-    setAreaLineTitle();
+    setAreaLineTitle(true);
     setNavigation();
 }
 
@@ -174,13 +175,6 @@ void MainWindow::enableBackKey(bool on)
     }
 }
 
-void MainWindow::setAreaLineTitle()
-{
-    const QString gap(10, ' ');
-    const QString file = _fileName.isEmpty() ? QString() : "File: " + _fileName + gap;
-    setWindowTitle(QString(programTitle) + gap + file);
-}
-
 QString MainWindow::setCompanyName() const
 {
     QFile file(QString(GetHome()) + "/linux/lib/company.txt");
@@ -214,7 +208,7 @@ void MainWindow::writeSettings()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     writeSettings();
-    if (_parmmenu) _parmmenu->hide();
+    hideMenus();
     _run._doExit = true;
     event->accept();
 }
@@ -232,13 +226,13 @@ void MainWindow::closeContinue()
 
 void MainWindow::closeProcess()
 {
-    if (_parmmenu) _parmmenu->hide();
+    hideMenus();
     _run.processFlow(false);
 }
 
 void MainWindow::closeProcessHide()
 {
-    if (_parmmenu) _parmmenu->hide();
+    hideMenus();
     _run.processFlow(true);
     hide();
     _report->line("\nMERIDUNE: close window but continue processing this flow.\n");
@@ -246,6 +240,7 @@ void MainWindow::closeProcessHide()
 
 void MainWindow::checkRadioButtons()
 {
+    if (_drawMenu) _drawMenu->endDrawing();  // another tool takes the mouse
     bool isOwned = false;
     for (const char* name : {"showImageBox", "showVelocityBox", "showGatPickerBox", "showFBPickerBox"})
         isOwned = isOwned || _actions->box(name)->isChecked();
@@ -287,8 +282,6 @@ void MainWindow::parameterMenu()
 }
 
 void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }
-void MainWindow::titleMenu() { tellNotBuilt("The title editor"); }
-void MainWindow::drawMenu() { tellNotBuilt("Drawing on the canvas"); }
 void MainWindow::addNewDisplay() { tellNotBuilt("Adding a display"); }
 void MainWindow::menuViewer() {}
 void MainWindow::getMapViewer() { tellNotBuilt("The map"); }

@@ -17,12 +17,14 @@ class AssumptionsPanel;
 class ColorBarFrame;
 class ParmMenuDialog;
 class DialogProgress;
+class DrawDialog;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
 class SegyLoader;
 class SegyMenuDialog;
 class SeismicDisplay;
+class Titles;
 class WindowActions;
 class WindowReport;
 struct fbPickMenuStruct;
@@ -77,6 +79,10 @@ public:
     bool contFlow() const { return _run._contFlow; }
     int getDirection() const { return _run._direction; }
     const QString& companyName() const { return _COMPANY; }
+    /// What the data are called, for the main title: names of the line that they come from, empty where unknown.
+    void setAreaLineNames(const QString& area, const QString& line, const QString& flow);
+    /// Shows what the data are called in the main title, or not.
+    void setAreaLineTitle(bool show);
     /// Lets "previous" and "seek" act, or not.
     void enableBackKey(bool on);
 
@@ -140,6 +146,7 @@ protected:
 private:
     void makeCentre();
     void makeParmMenu();
+    void hideMenus();
     void makeDifference();
     void loadDifference();
     void makeRecentMenu();
@@ -149,7 +156,6 @@ private:
     void openSegyWindow();
     void readSettings();
     void writeSettings();
-    void setAreaLineTitle();
     QString setCompanyName() const;
     void saveHeader();
     void showRecord(bool found);
@@ -169,6 +175,8 @@ private:
     QList<SeismicDisplay*> _otherlist;
     SeismicDisplay* _display = nullptr;  // the last screen made
     ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use
+    Titles* _titleMenu = nullptr;         // child, made on first use
+    DrawDialog* _drawMenu = nullptr;      // child, made on first use
     SegyMenuDialog* _segy = nullptr;     // child, made on first use
     std::unique_ptr<DialogProgress> _progress;  // lent to the loader, so it goes after it
     std::unique_ptr<SegyLoader> _segyloader;
@@ -184,7 +192,8 @@ private:
     bool _isSegy = false;
     bool _isStandAlone = true;
     bool _dataReady = false;
-    QString _fileName;
+    QString _fileName, _areaName, _lineName, _flowName;
+    bool _showAreaLine = true;
     QString _COMPANY;
 };
 

@@ -119,7 +119,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     _segyloader->loadNextEnsemble(1);
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
     _fileName = QFileInfo(parm.files.section(',', 0, 0)).fileName();
-    setAreaLineTitle();
+    setAreaLineTitle(_showAreaLine);
     showRecord(_segyloader->numTraces() > 0);
     if (_parmmenu) _parmmenu->updateAll();
     setNavigation();

@@ -143,3 +143,15 @@ class Window:
         for k in range(1, 6):
             self.xdotool('mousemove', x1 + (x2 - x1) * k // 5, y1 + (y2 - y1) * k // 5)
         self.xdotool('mouseup', button)
+
+    def save_as(self, key, title, target):
+        """Presses the key of an export, names the file in its dialog, and waits for it."""
+        self.key(key)
+        self.dialog(title)
+        self.key('ctrl+a')
+        self.type_text(target)
+        self.key('Return')
+        for _ in range(50):
+            if os.path.exists(target):
+                break
+            time.sleep(0.1)

@@ -2,7 +2,9 @@
 ///
 /// MERIDUNE_MONKEY_SEED repeats a run; MERIDUNE_MONKEY_EVENTS sets the events for each window, and with
 /// MERIDUNE_MONKEY_TRACE each event is printed before it is sent.
+#include "display/drawdialog.h"
 #include "display/seismicdisplay.h"
+#include "display/titles.h"
 #include "frame/assumptionspanel.h"
 #include "frame/mainwindow.h"
 #include "frame/menudefaults.h"
@@ -46,6 +48,9 @@ private slots:
     void remapDialog();
     void helpViewer();
     void assumptionsPanel();
+    void titles();
+    void drawing();
+    void drawingOnTheWindow();
 
 private:
     void eachTab(const QStringList& tabs);
@@ -369,7 +374,11 @@ void Monkey::closeStrayWindows()
 
 QString Monkey::brokenInvariant()
 {
-    if (QGuiApplication::overrideCursor()) return "an override cursor is left";
+    const auto* drawing = window->findChild<DrawDialog*>();
+    const bool isDrawing = drawing && drawing->isDrawing();
+    if (isDrawing != (QGuiApplication::overrideCursor() != nullptr))
+        return isDrawing ? "the cursor of drawing has gone" : "an override cursor is left";
+    if (!isDrawing && QWidget::keyboardGrabber()) return "the keyboard is not given back";
     for (SeismicDisplay* display : window->displayList()) {
         if (!_sums.contains(display)) watch(display);
         const QString who = QString("display %1: ").arg(display->windowNumber());
@@ -501,6 +510,48 @@ void MonkeyTest::assumptionsPanel()
     for (int i = 0; i < 40; ++i) panel->addLine(QString("taken for granted: %1").arg(i));
     const QString broken = monkey.run(_nEvents, [&] { return panel; });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
+}
+
+void MonkeyTest::titles()
+{
+    Monkey monkey(_seed, _home.path());
+    const QString broken = monkey.run(_nEvents, [&] {
+        monkey.window->titleMenu();
+        return monkey.window->findChild<Titles*>();
+    });
+    QVERIFY2(broken.isEmpty(), qPrintable(broken));
+}
+
+void MonkeyTest::drawing()
+{
+    Monkey monkey(_seed, _home.path());
+    const QString broken = monkey.run(_nEvents, [&] {
+        monkey.window->drawMenu();
+        return monkey.window->findChild<DrawDialog*>();
+    });
+    QVERIFY2(broken.isEmpty(), qPrintable(broken));
+}
+
+/// The main window gets the events while the mouse draws, most of the time.
+void MonkeyTest::drawingOnTheWindow()
+{
+    Monkey monkey(_seed, _home.path());
+    int nTurns = 0, nOn = 0;
+    const QString broken = monkey.run(_nEvents, [&] {
+        if (nTurns++ % 50 == 0) {
+            monkey.window->drawMenu();
+            auto* dialog = monkey.window->findChild<DrawDialog*>();
+            auto* box = dialog->findChild<QCheckBox*>("enableBox");
+            if (!box->isChecked()) box->click();
+            dialog->findChild<QAbstractButton*>(nTurns % 100 == 1 ? "r1" : "r2")->click();
+            dialog->findChild<QAbstractButton*>(nTurns % 1000 == 1 ? "removeAllButton" : "newButton")->click();
+            dialog->findChild<QLineEdit*>("strEdit")->setText(QString::number(nTurns));
+            nOn += dialog->isDrawing();
+        }
+        return monkey.window.get();
+    });
+    QVERIFY2(broken.isEmpty(), qPrintable(broken));
+    QCOMPARE(nOn, (nTurns + 49) / 50);
 }
 
 QTEST_MAIN(MonkeyTest)

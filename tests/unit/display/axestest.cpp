@@ -159,5 +159,6 @@ TEST(MouseMode, TheControlLineTellsTheButtonsAndTheMode)
     EXPECT_EQ(controlLine(false, mouseModeText(MouseMode::Spectrum), true),
               "CTRL MB1 down and drag: zoom,   CTRL MB2 down and drag: pann,    CTRL MB3 down: unzoom"
               "   MB1 down/drag: show spectrum,   SHFT MB3: context menu");
+    EXPECT_EQ(mouseModeText(MouseMode::Drawing), "   Drawing is on");
     EXPECT_EQ(mouseModeText(MouseMode::Moveout), "");
 }
