@@ -143,7 +143,9 @@ int Guesser::addText()
     const bool isAscii = _text.kind == SegyTextKind::Ascii || _text.kind == SegyTextKind::BlankAscii;
     const bool isEbcdic = _text.kind == SegyTextKind::Ebcdic || _text.kind == SegyTextKind::BlankEbcdic;
     std::string choice = segyTextName(_text.kind);
-    if (_text.kind == SegyTextKind::Nul && _text.hasLetters) choice = "NUL but for a few letters";
+    const bool isText = _text.kind == SegyTextKind::Ascii || _text.kind == SegyTextKind::Ebcdic;
+    if (!isText && _text.kind != SegyTextKind::Unclear && _text.hasLetters)
+        choice = (_text.kind == SegyTextKind::Nul ? "NUL" : choice) + ", but for a few letters";
     // The file type is one choice for both: the byte order has to win, since it decides over the samples.
     if (isAscii && _layout.isBigEndian) choice += ": the type Standard will show it garbled; the traces are not touched by that";
     if (isEbcdic && !_layout.isBigEndian) choice += ": the type MSDOS will show it garbled; the traces are not touched by that";

@@ -102,8 +102,8 @@ SegyEnsembleGuess guessSegyEnsembles(const SegyHeaderSample& sample, int keyByte
     int64_t nScattered = 0;
     for (const auto& [value, count] : runs) nScattered += count > 1;
     guess.isScattered = nScattered > 0;
-    guess.evidence = formatted("largest ensemble %lld traces, by the word at byte %d over %s%lld traces",
-                               static_cast<long long>(guess.longest), keyByte + 1, sample.isWhole() ? "all " : "",
+    guess.evidence = formatted("most traces with one value at byte %d: %lld, %s %lld", keyByte + 1,
+                               static_cast<long long>(guess.longest), sample.isWhole() ? "of all" : "in a sample of",
                                static_cast<long long>(sample.count()));
     if (guess.isScattered)
         guess.evidence += formatted("; %lld of %lld ensembles stand in several places", static_cast<long long>(nScattered),

@@ -222,9 +222,12 @@ void LayoutTrial::tryOrder(bool isBigEndian)
         addOnce<int64_t>(&starts, segyReelBytes + int64_t(_search->endStanzaBlocks) * segyTextBytes);
     if (claims.firstTrace > 0 && claims.firstTrace < _source.size()) addOnce(&starts, claims.firstTrace);
     std::vector<int> widths;
+    // Code 6 is 8 bytes by the standard, but one byte here. Of layouts that fit alike the first one wins: the
+    // shorter record, for a multiple of it finds headers, too.
+    const bool isSix = claims.format == 6;
+    if (isSix) widths.push_back(1);
     const int told = segyStandardSampleBytes(claims.format);
     if (told > 0) widths.push_back(told);
-    if (claims.format == 6) widths.push_back(1);
     for (int width : {4, 2, 1, 8}) addOnce(&widths, width);
     std::vector<int> headers = {segyTraceHeaderBytes};
     if (claims.nExtraHeaders > 0) headers.push_back(segyTraceHeaderBytes * (1 + claims.nExtraHeaders));
@@ -245,8 +248,8 @@ void LayoutTrial::tryOrder(bool isBigEndian)
                     layout.sampleBytes = width;
                     layout.formatCode = claims.format;
                     const bool isInterval = claims.interval > 0;
-                    tryRecord(layout, 1.0 * claims.isFormatKnown() + 0.5 * (width == told) +
-                                          0.25 * (count == claims.nSamples) + 0.25 * isInterval +
+                    tryRecord(layout, 1.0 * claims.isFormatKnown() +
+                                          2.0 * (width == told || (isSix && width == 1)) + 0.25 * (count == claims.nSamples) + 0.25 * isInterval +
                                           0.25 * (start != segyReelBytes) + 0.25 * (headerBytes != segyTraceHeaderBytes));
                 }
     }

@@ -52,18 +52,18 @@ SegyTextGuess guessSegyText(const char* bytes)
     const int nHigh = count(raw, [](unsigned char c) { return c > 0x7f; });
     const int nAscii = count(raw, isLetter), nEbcdic = count(translated, isLetter);
     SegyTextGuess guess;
-    guess.evidence = formatted("%d bytes 40 (EBCDIC blank), %d bytes 20 (ASCII blank), %d NUL; %d bytes are letters "
-                               "or digits of EBCDIC, %d of ASCII",
+    guess.evidence = formatted("byte 40 (EBCDIC blank) %d times, 20 (ASCII blank) %d, 00 %d; letters and digits: %d if "
+                               "EBCDIC, %d if ASCII",
                                nEbcdicBlank, nAsciiBlank, nNul, nEbcdic, nAscii);
     constexpr int fewLetters = 16;
     const bool hasText = std::max(nAscii, nEbcdic) >= fewLetters;
     guess.hasLetters = std::max(nAscii, nEbcdic) > 0;
     if (nNul > segyTextBytes * 9 / 10) guess.kind = SegyTextKind::Nul;
+    else if (nEbcdicBlank > segyTextBytes * 49 / 50) guess.kind = SegyTextKind::BlankEbcdic;
+    else if (nAsciiBlank > segyTextBytes * 49 / 50) guess.kind = SegyTextKind::BlankAscii;
     else if (hasText && nEbcdic > nAscii && nEbcdicBlank >= nAsciiBlank) guess.kind = SegyTextKind::Ebcdic;
     else if (hasText && nAscii > nEbcdic && nHigh == 0) guess.kind = SegyTextKind::Ascii;
-    else if (nEbcdicBlank > segyTextBytes * 9 / 10) guess.kind = SegyTextKind::BlankEbcdic;
-    else if (nAsciiBlank > segyTextBytes * 9 / 10) guess.kind = SegyTextKind::BlankAscii;
-    if (guess.kind == SegyTextKind::Ebcdic) guess.formatLine = formatLine(translated);
-    if (guess.kind == SegyTextKind::Ascii) guess.formatLine = formatLine(raw);
+    const bool isEbcdic = guess.kind == SegyTextKind::Ebcdic || guess.kind == SegyTextKind::BlankEbcdic;
+    guess.formatLine = formatLine(isEbcdic ? translated : raw);
     return guess;
 }

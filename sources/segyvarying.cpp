@@ -217,19 +217,19 @@ void classify(Candidate* candidate, bool hasPartner)
         word.behaviour = SegyBehaviour::Coordinates;
         word.share = isLikeCoordinate(*candidate) ? 1.0 : 0.5;
         word.evidence = candidate->run >= 1.5
-                            ? formatted("one value for %.3g traces on average, steps of %.3g on average", candidate->run, steps.mean)
-                            : formatted("steps of %.3g on average%s", steps.mean, isGiven ? "" : ", and so has its neighbour");
+                            ? formatted("%.3g traces each, steps of %.3g", candidate->run, steps.mean)
+                            : formatted("steps of %.3g%s", steps.mean, isGiven ? "" : ", like its neighbour");
     } else if (steps.nZero > 0 && candidate->run >= 1.5) {
         word.behaviour = SegyBehaviour::RepeatsByEnsemble;
         word.share = double(steps.nZero) / nSteps;
-        word.evidence = formatted("%lld values, each for %.3g traces on average", static_cast<long long>(word.nDistinct),
+        word.evidence = formatted("%lld values, each for %.3g traces", static_cast<long long>(word.nDistinct),
                                   candidate->run);
     } else if (double(steps.nUsual) >= 0.7 * nSteps) {
         word.behaviour = SegyBehaviour::CountsUp;
         word.share = double(steps.nUsual) / nSteps;
         const std::string restarts =
             steps.nRestarts > 0
-                ? formatted(", starts again after %.3g traces on average", double(steps.n + 1) / double(steps.nRestarts + 1))
+                ? formatted(", %.3g in a row", double(steps.n + 1) / double(steps.nRestarts + 1))
                 : std::string();
         word.evidence = formatted("steps of %lld%s", static_cast<long long>(steps.usual), restarts.c_str());
     } else {

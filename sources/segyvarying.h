@@ -41,7 +41,7 @@ struct SegyVaryingWord {
     int byte = 0;   ///< from 1
     int width = 4;  ///< bytes
     SegyBehaviour behaviour = SegyBehaviour::Constant;
-    std::string evidence;
+    std::string evidence;  ///< steps and lengths of runs are averages
     int32_t first = 0, least = 0, most = 0;
     int64_t nDistinct = 0;
     double share = 1.0;  ///< 0 to 1: the part of the steps that behave so

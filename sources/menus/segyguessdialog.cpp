@@ -32,6 +32,9 @@ SegyGuessDialog::SegyGuessDialog(QWidget* parent) : QDialog(parent)
     _factTable->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
     _settingTable = makeTable("settingTable", {tr("Setting"), tr("Before"), tr("Now")});
     _settingTable->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
+    // All settings in view; the facts take the rest.
+    _settingTable->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    _settingTable->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     auto* buttonBox = new QDialogButtonBox;
     buttonBox->setObjectName("buttonBox");
     _copyButton = addButton(buttonBox, tr("&Copy"), "copyButton", tr("Copy the selected cells, or everything, as text with tabs"));
@@ -42,8 +45,8 @@ SegyGuessDialog::SegyGuessDialog(QWidget* parent) : QDialog(parent)
     connect(_dismissButton, &QPushButton::clicked, this, &SegyGuessDialog::reject);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_summaryLabel);
-    layout->addWidget(_factTable, 3);
-    layout->addWidget(_settingTable, 1);
+    layout->addWidget(_factTable, 1);
+    layout->addWidget(_settingTable);
     layout->addWidget(buttonBox);
     const QSize most = screen() ? screen()->availableGeometry().size() * 4 / 5 : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 58).boundedTo(most));

@@ -14,15 +14,18 @@ SegyVaryingView::SegyVaryingView(QWidget* parent) : QWidget(parent)
     _aboutLabel = new QLabel;
     _aboutLabel->setObjectName("aboutLabel");
     _aboutLabel->setWordWrap(true);
-    const QStringList titles = {tr("Byte"),  tr("Width"), tr("Behaviour"), tr("Evidence"),
-                                tr("First"), tr("Least"), tr("Most"),      tr("Standard field")};
+    const QStringList titles = {tr("Byte"),      tr("Width"),  tr("Standard field"),
+                                tr("Behaviour"), tr("Values"), tr("Evidence")};
     _varyingTable = new QTableWidget(0, titles.size());
     _varyingTable->setObjectName("varyingTable");
     _varyingTable->setToolTip(tr("Words of the trace header by how they behave over the file; bytes count from 1"));
     _varyingTable->setHorizontalHeaderLabels(titles);
     _varyingTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     _varyingTable->horizontalHeader()->setStretchLastSection(true);
+    _varyingTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    _varyingTable->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     _varyingTable->verticalHeader()->hide();
+    _varyingTable->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 4);
     _varyingTable->setSelectionBehavior(QAbstractItemView::SelectRows);
     _varyingTable->setSelectionMode(QAbstractItemView::SingleSelection);
     _varyingTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -71,18 +74,15 @@ void SegyVaryingView::setRanking(const std::vector<SegyVaryingWord>& ranking, co
     _varyingTable->setRowCount(int(ranking.size()));
     for (int row = 0; row < int(ranking.size()); ++row) {
         const SegyVaryingWord& word = ranking[size_t(row)];
-        const QString texts[] = {QString::number(word.byte),
-                                 QString::number(word.width),
-                                 tr(segyBehaviourName(word.behaviour)),
-                                 QString::fromStdString(word.evidence),
-                                 QString::number(word.first),
-                                 QString::number(word.least),
-                                 QString::number(word.most),
-                                 tr(word.field)};
+        const QString range = word.least == word.most ? QString::number(word.least)
+                                                      : tr("%1 to %2").arg(word.least).arg(word.most);
+        const QString texts[] = {QString::number(word.byte), QString::number(word.width),
+                                 tr(word.field), tr(segyBehaviourName(word.behaviour)),
+                                 range, QString::fromStdString(word.evidence)};
         for (int column = 0; column < _varyingTable->columnCount(); ++column) {
             auto* item = new QTableWidgetItem(texts[column]);
-            const bool isNumber = column < 2 || (column >= 4 && column < 7);
-            item->setTextAlignment((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+            item->setTextAlignment((column < 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+            item->setToolTip(texts[column]);
             _varyingTable->setItem(row, column, item);
         }
     }
