@@ -2,6 +2,7 @@
 
 #include "sources/formatted.h"
 #include "sources/segyguessensembles.h"
+#include "sources/segyguesssettings.h"
 #include "sources/segyrecords.h"
 #include "sources/segysamples.h"
 #include "sources/segysortkeys.h"
@@ -15,15 +16,6 @@
 constexpr double leastPlausible = 0.6;
 /// Traces of an ensemble that the reader makes room for when nobody tells it a number.
 constexpr int usualMaxTraces = 5000;
-
-const std::vector<std::string>& segyFormatChoices()
-{
-    static const std::vector<std::string> names = {"Get From Data",    "IEEE",             "IBM",           "Integer (4 byte)",
-                                                   "Integer (2 byte)", "Integer (1 byte)", "Integer W/Gain"};
-    return names;
-}
-
-enum FormatChoice { FromData, ChooseIeee, ChooseIbm, ChooseInteger4, ChooseInteger2, ChooseInteger1, ChooseGain };
 
 namespace {
 
@@ -80,11 +72,11 @@ private:
     const SegyLayout& _layout;
     std::string* _error;
     SegyTextGuess _text;
-    std::vector<std::string> _reasons;  // why the reader can't follow
-    bool _isList = false;               // several files share the settings
+    std::vector<std::string> _reasons; // why the reader can't follow
+    bool _isList = false;              // several files share the settings
 };
 
-}  // namespace
+} // namespace
 
 void Guesser::cannotFollow(const std::string& why)
 {
@@ -99,12 +91,17 @@ void Guesser::sayWhatItIs()
         add("File", size + ", begins with 3a55, the mark of a SEG-2 record", "not SEG-Y: nothing is set");
         _guess->summary = "This is a SEG-2 record, not a SEG-Y file.";
     } else if (_search.isSu) {
-        add("File", formatted("%s, no reel header: %s trace headers from byte 0 on, %d samples of 4 bytes, %lld traces", size.c_str(),
-                              orderName(_layout.isBigEndian).c_str(), _layout.nSamples, wide(_layout.nTraces)),
+        add("File",
+            formatted(
+                "%s, no reel header: %s trace headers from byte 0 on, %d samples of 4 bytes, %lld traces",
+                size.c_str(), orderName(_layout.isBigEndian).c_str(), _layout.nSamples,
+                wide(_layout.nTraces)),
             "an SU file, not SEG-Y: nothing is set");
-        _guess->summary = "This is an SU file: the reader expects 3600 bytes of reel header, which it has not.";
+        _guess->summary =
+            "This is an SU file: the reader expects 3600 bytes of reel header, which it has not.";
     } else if (_source.size() < segyReelBytes) {
-        add("File", size, formatted("too small for a reel header of %d bytes: nothing is set", segyReelBytes));
+        add("File", size,
+            formatted("too small for a reel header of %d bytes: nothing is set", segyReelBytes));
         _guess->summary = _source.size() == 0 ? "The file is empty." : "The file is too small to be SEG-Y.";
     } else if (_source.size() <= segyReelBytes + segyTraceHeaderBytes) {
         add("File", size, "no room for a trace behind the reel header: nothing is set");
@@ -113,7 +110,8 @@ void Guesser::sayWhatItIs()
         for (bool isBigEndian : {true, false}) {
             const SegyReelClaims& claims = _search.claims[isBigEndian];
             add("Reel read " + orderName(isBigEndian),
-                formatted("format code %d, %d samples, interval %d us", claims.format, claims.nSamples, claims.interval),
+                formatted("format code %d, %d samples, interval %d us", claims.format, claims.nSamples,
+                          claims.interval),
                 "no layout of traces fits it");
         }
         _guess->summary = "No SEG-Y layout fits this file.";
@@ -129,8 +127,9 @@ void Guesser::addByteOrder()
     };
     _guess->parm.itype = _layout.isBigEndian ? 0 : 1;
     add("Byte order",
-        formatted("format code %s big-endian, %s little-endian; samples %d or %d, interval %d or %d us", told(big).c_str(),
-                  told(little).c_str(), big.nSamples, little.nSamples, big.interval, little.interval),
+        formatted("format code %s big-endian, %s little-endian; samples %d or %d, interval %d or %d us",
+                  told(big).c_str(), told(little).c_str(), big.nSamples, little.nSamples, big.interval,
+                  little.interval),
         orderName(_layout.isBigEndian) + ": SEGY file type " + (_layout.isBigEndian ? "Standard" : "MSDOS"));
 }
 
@@ -147,8 +146,10 @@ int Guesser::addText()
     if (!isText && _text.kind != SegyTextKind::Unclear && _text.hasLetters)
         choice = (_text.kind == SegyTextKind::Nul ? "NUL" : choice) + ", but for a few letters";
     // The file type is one choice for both: the byte order has to win, since it decides over the samples.
-    if (isAscii && _layout.isBigEndian) choice += ": the type Standard will show it garbled; the traces are not touched by that";
-    if (isEbcdic && !_layout.isBigEndian) choice += ": the type MSDOS will show it garbled; the traces are not touched by that";
+    if (isAscii && _layout.isBigEndian)
+        choice += ": the type Standard will show it garbled; the traces are not touched by that";
+    if (isEbcdic && !_layout.isBigEndian)
+        choice += ": the type MSDOS will show it garbled; the traces are not touched by that";
     add("Text header", _text.evidence, choice);
     return 1;
 }
@@ -158,21 +159,28 @@ void Guesser::addPlace()
 {
     const SegyReelClaims& reel = claims();
     const bool isPlain = _layout.firstTrace == segyReelBytes && _layout.headerBytes == segyTraceHeaderBytes;
-    std::string evidence = formatted("revision %d; extended text headers told: %d; extra trace headers told: %d", reel.revision,
-                                     reel.nExtendedText, reel.nExtraHeaders);
+    std::string evidence =
+        formatted("revision %d; extended text headers told: %d; extra trace headers told: %d", reel.revision,
+                  reel.nExtendedText, reel.nExtraHeaders);
     if (reel.firstTrace > 0) evidence += formatted("; first trace told: byte %lld", wide(reel.firstTrace));
-    if (_search.endStanzaBlocks > 0) evidence += formatted("; end stanza in text header %d", _search.endStanzaBlocks);
+    if (_search.endStanzaBlocks > 0)
+        evidence += formatted("; end stanza in text header %d", _search.endStanzaBlocks);
     if (isPlain) {
-        const bool isTold = reel.nExtendedText != 0 || reel.nExtraHeaders != 0 || reel.firstTrace > segyReelBytes;
-        add("First trace", evidence, isTold ? "byte 3600, header 240 bytes: the words above don't fit the file"
-                                            : "byte 3600, header 240 bytes");
+        const bool isTold =
+            reel.nExtendedText != 0 || reel.nExtraHeaders != 0 || reel.firstTrace > segyReelBytes;
+        add("First trace", evidence,
+            isTold ? "byte 3600, header 240 bytes: the words above don't fit the file"
+                   : "byte 3600, header 240 bytes");
         return;
     }
     add("First trace", evidence,
-        formatted("byte %lld, header %d bytes: the reader can't follow, it reads traces from byte 3600 on with headers of 240 "
-                  "bytes", wide(_layout.firstTrace), _layout.headerBytes));
+        formatted("byte %lld, header %d bytes: the reader can't follow, it reads traces from byte 3600 on "
+                  "with headers of 240 "
+                  "bytes",
+                  wide(_layout.firstTrace), _layout.headerBytes));
     if (_layout.firstTrace != segyReelBytes)
-        cannotFollow(formatted("the first trace stands at byte %lld, behind extended text headers", wide(_layout.firstTrace)));
+        cannotFollow(formatted("the first trace stands at byte %lld, behind extended text headers",
+                               wide(_layout.firstTrace)));
     if (_layout.headerBytes != segyTraceHeaderBytes)
         cannotFollow(formatted("trace headers are %d bytes long", _layout.headerBytes));
 }
@@ -186,57 +194,66 @@ void Guesser::addSize()
                           : _layout.isWalkWhole ? ", to the very end of the file"
                                                 : ", and on";
         add("Trace length",
-            formatted("no fixed length fits %lld bytes; the counts in the trace headers lead through %lld traces%s",
-                      wide(traceBytes), wide(_layout.nTraces), end),
+            formatted(
+                "no fixed length fits %lld bytes; the counts in the trace headers lead through %lld traces%s",
+                wide(traceBytes), wide(_layout.nTraces), end),
             "variable: Yes");
-        if (_layout.nSamples > INT16_MAX) cannotFollow("a trace of variable length has more than 32767 samples");
+        if (_layout.nSamples > INT16_MAX)
+            cannotFollow("a trace of variable length has more than 32767 samples");
         return;
     }
-    const std::string record = formatted("%lld bytes of traces by %d + %d x %d = %lld bytes a trace", wide(traceBytes),
-                                         _layout.headerBytes, _layout.nSamples, _layout.sampleBytes, wide(_layout.recordBytes()));
+    const std::string record =
+        formatted("%lld bytes of traces by %d + %d x %d = %lld bytes a trace", wide(traceBytes),
+                  _layout.headerBytes, _layout.nSamples, _layout.sampleBytes, wide(_layout.recordBytes()));
     if (_layout.tailBytes == 0)
         add("Trace length", record + ": without remainder", "fixed, " + counted(_layout.nTraces, "trace"));
     else
         add("Trace length", record + formatted(": remainder %lld bytes", wide(_layout.tailBytes)),
             "fixed, " + counted(_layout.nTraces, "whole trace") +
-                ": the file is cut, or ends with something else; the reader shows the rest as one more, cut trace");
+                ": the file is cut, or ends with something else; the reader shows the rest as one more, cut "
+                "trace");
 }
 
 void Guesser::addHeaders()
 {
     std::string evidence = "plausible fields of 8";
     for (size_t i = 0; i < _search.probes.size(); ++i)
-        evidence += formatted("%s trace %lld: %.3g", i == 0 ? ":" : ",", wide(_search.probes[i].rank + 1), 8.0 * _search.probeScores[i]);
+        evidence += formatted("%s trace %lld: %.3g", i == 0 ? ":" : ",", wide(_search.probes[i].rank + 1),
+                              8.0 * _search.probeScores[i]);
     const double share = _layout.plausibility;
-    const bool isEmpty = std::all_of(_search.probes.begin(), _search.probes.end(), [](const SegyRawHeader& h) { return h.isZero(); });
+    const bool isEmpty = std::all_of(_search.probes.begin(), _search.probes.end(),
+                                     [](const SegyRawHeader& h) { return h.isZero(); });
     add("Trace headers", isEmpty ? "all that were looked at are empty" : evidence,
-        isEmpty        ? "they tell nothing; the size alone speaks for this layout"
-        : share >= 0.8 ? "first, middle and last ones stand where they should"
+        isEmpty                   ? "they tell nothing; the size alone speaks for this layout"
+        : share >= 0.8            ? "first, middle and last ones stand where they should"
         : share >= leastPlausible ? "mostly plausible"
-                       : "doubtful: the bytes where headers should be don't look like headers");
+                                  : "doubtful: the bytes where headers should be don't look like headers");
 }
 
 /// IBM, IEEE or integer, where a sample has 4 bytes.
 void Guesser::addFormatOfFloats(const SegySampleStatistics& statistics)
 {
     const int code = _layout.formatCode;
-    const int told = code == SegyIbm         ? ChooseIbm
-                     : code == SegyInteger4  ? ChooseInteger4
+    const int told = code == SegyIbm           ? ChooseIbm
+                     : code == SegyInteger4    ? ChooseInteger4
                      : code == SegyIntegerGain ? ChooseGain
-                     : code == SegyIeee      ? ChooseIeee
-                     : code == 10            ? ChooseInteger4
-                                             : FromData;
-    const SegySampleKind kind = code == SegyIntegerGain ? SegySampleKind::Undecided : segySampleKind(statistics);
+                     : code == SegyIeee        ? ChooseIeee
+                     : code == 10              ? ChooseInteger4
+                                               : FromData;
+    const SegySampleKind kind =
+        code == SegyIntegerGain ? SegySampleKind::Undecided : segySampleKind(statistics);
     const int seen = kind == SegySampleKind::Ibm        ? ChooseIbm
                      : kind == SegySampleKind::Ieee     ? ChooseIeee
                      : kind == SegySampleKind::Integer4 ? ChooseInteger4
                                                         : told;
     _guess->parm.iformat = seen;
-    std::string evidence = formatted("code %d; of %lld samples %lld are not 0, %.3g %% of these begin with byte 00 or FF; where "
-                                     "bit 23 is 0, bits 22-20 are 0 in %.3g %% (normalised IBM: 0, IEEE: about 17), over %d exponents",
-                                     code, wide(statistics.nSamples), wide(statistics.nNonZero),
-                                     statistics.nNonZero > 0 ? 100.0 * double(statistics.nSmallInteger) / double(statistics.nNonZero) : 0.0,
-                                     100.0 * statistics.unnormalisedShare(), statistics.nEvenExponents);
+    std::string evidence = formatted(
+        "code %d; of %lld samples %lld are not 0, %.3g %% of these begin with byte 00 or FF; where "
+        "bit 23 is 0, bits 22-20 are 0 in %.3g %% (normalised IBM: 0, IEEE: about 17), over %d exponents",
+        code, wide(statistics.nSamples), wide(statistics.nNonZero),
+        statistics.nNonZero > 0 ? 100.0 * double(statistics.nSmallInteger) / double(statistics.nNonZero)
+                                : 0.0,
+        100.0 * statistics.unnormalisedShare(), statistics.nEvenExponents);
     if (!_text.formatLine.empty()) evidence += formatted("; the text says \"%s\"", _text.formatLine.c_str());
     const char* name = segyFormatChoices()[size_t(seen)].c_str();
     std::string choice;
@@ -247,9 +264,12 @@ void Guesser::addFormatOfFloats(const SegySampleStatistics& statistics)
     else if (seen == told)
         choice = formatted("%s: code and samples agree", name);
     else
-        choice = formatted("%s: against the code, which says %s", name, told == FromData ? "nothing" : segyFormatChoices()[size_t(told)].c_str());
+        choice = formatted("%s: against the code, which says %s", name,
+                           told == FromData ? "nothing" : segyFormatChoices()[size_t(told)].c_str());
     add("Sample format", evidence, choice);
-    if (code == 10) add("Unsigned samples", "code 10: 4-byte integers without sign", "values above 2147483647 will be read as negative");
+    if (code == 10)
+        add("Unsigned samples", "code 10: 4-byte integers without sign",
+            "values above 2147483647 will be read as negative");
 }
 
 int Guesser::addFormat()
@@ -262,18 +282,20 @@ int Guesser::addFormat()
         return 1;
     }
     const int told = segyStandardSampleBytes(code);
-    std::string evidence = formatted("code %d; only %d byte%s a sample fit size and trace headers", code, _layout.sampleBytes,
-                                     _layout.sampleBytes == 1 ? "" : "s");
+    std::string evidence = formatted("code %d; only %d byte%s a sample fit size and trace headers", code,
+                                     _layout.sampleBytes, _layout.sampleBytes == 1 ? "" : "s");
     if (_layout.sampleBytes == 2 || _layout.sampleBytes == 1) {
         _guess->parm.iformat = _layout.sampleBytes == 2 ? ChooseInteger2 : ChooseInteger1;
         std::string choice = segyFormatChoices()[size_t(_guess->parm.iformat)];
-        if (told != _layout.sampleBytes && !(code == SegyInteger1 && _layout.sampleBytes == 1)) choice += ": against the code";
+        if (told != _layout.sampleBytes && !(code == SegyInteger1 && _layout.sampleBytes == 1))
+            choice += ": against the code";
         if (code == 11 || code == 16) choice += "; these have no sign, large values will be read as negative";
         add("Sample format", evidence, choice);
         return 1;
     }
     add("Sample format", evidence,
-        formatted("%d-byte samples: the reader has none, and no setting reads them right", _layout.sampleBytes));
+        formatted("%d-byte samples: the reader has none, and no setting reads them right",
+                  _layout.sampleBytes));
     cannotFollow(formatted("its samples have %d bytes each", _layout.sampleBytes));
     return 1;
 }
@@ -292,29 +314,36 @@ void Guesser::addSamples()
     std::string evidence = formatted("reel %d, trace headers %s", reel.nSamples, inTraces.c_str());
     if (reel.longSamples > 0) evidence += formatted(", revision 2 word %d", reel.longSamples);
     const bool isReelRight = reel.nSamples == _layout.nSamples;
-    const bool isOthers = counts.size() > 1 || (!counts.empty() && *counts.begin() != 0 && *counts.begin() != _layout.nSamples);
+    const bool isOthers =
+        counts.size() > 1 || (!counts.empty() && *counts.begin() != 0 && *counts.begin() != _layout.nSamples);
     const bool isLeft = _isList && isReelRight;
     _guess->parm.nsamp = isLeft ? 0 : _layout.nSamples;
     const char* why = isLeft ? " (the field stays empty: the other files may have other numbers)"
                       : _layout.isVariable ? " (the longest trace)"
-                      : !isReelRight     ? " (against the reel)"
-                      : isOthers         ? " (the reel is right, the trace headers are not)"
-                                         : "";
+                      : !isReelRight
+                          ? (counts.count(_layout.nSamples) > 0 || reel.longSamples == _layout.nSamples
+                                 ? " (against the reel)"
+                                 : " (against all words: so far apart are the trace headers)")
+                      : isOthers ? " (the reel is right, the trace headers are not)"
+                                 : "";
     add("Samples", evidence, formatted("%d%s", _layout.nSamples, why));
 }
 
 void Guesser::addInterval()
 {
     const SegyReelClaims& reel = claims();
-    const int inTrace = _guess->sample.count() > 0 ? _guess->sample.headers[0].uint16(116, _layout.isBigEndian) : 0;
+    const int inTrace =
+        _guess->sample.count() > 0 ? _guess->sample.headers[0].uint16(116, _layout.isBigEndian) : 0;
     const int inReel = reel.interval & 0xffff;
     // A negative word is a large number or a mistake; where the trace header tells another one, a mistake.
-    const bool isReelGood = reel.interval > 0 || (inTrace == 0 && inReel > 0) || (inReel > 0 && inReel == inTrace);
+    const bool isReelGood =
+        reel.interval > 0 || (inTrace == 0 && inReel > 0) || (inReel > 0 && inReel == inTrace);
     const int us = isReelGood ? inReel : inTrace;
     const std::string evidence = formatted("reel %d us, first trace header %d us", reel.interval, inTrace);
     if (us < 1) {
         add("Sample interval", evidence, "undecidable: neither header tells; it has to be typed");
-        cannotFollow("its sample interval is told nowhere; type it as \"Input sample rate\" and open the file");
+        cannotFollow(
+            "its sample interval is told nowhere; type it as \"Input sample rate\" and open the file");
         return;
     }
     // Recorders that divide 1 ms by powers of two can't tell their interval in whole microseconds.
@@ -324,10 +353,16 @@ void Guesser::addInterval()
     const bool isReelEnough = us == reel.interval && meant == us;
     _guess->parm.srate = isReelEnough && (_isList || int(double(rate) * 1000.0) != us) ? 0.0f : rate;
     std::string choice = formatted("%.7g ms", meant / 1000.0);
-    if (meant != us) choice += formatted(": the word has no room for the fraction of %.7g us (1 ms / %d)", meant, int(std::lround(1000.0 / meant)));
-    else if (!isReelGood) choice += " (from the trace header)";
-    else if (us != inTrace && inTrace != 0) choice += " (the reel's; the trace header differs)";
-    if (us >= 10000) choice += "; coarse for time: it may be depth in steps of " + formatted("%.7g m or ft, which no word tells", double(us) / 1000.0);
+    if (meant != us)
+        choice += formatted(": the word has no room for the fraction of %.7g us (1 ms / %d)", meant,
+                            int(std::lround(1000.0 / meant)));
+    else if (!isReelGood)
+        choice += " (from the trace header)";
+    else if (us != inTrace && inTrace != 0)
+        choice += " (the reel's; the trace header differs)";
+    if (us >= 10000)
+        choice += "; coarse for time: it may be depth in steps of " +
+                  formatted("%.7g m or ft, which no word tells", double(us) / 1000.0);
     add("Sample interval", evidence, choice);
 }
 
@@ -348,10 +383,12 @@ void Guesser::addSortAndEnsembles()
     int64_t capacity = reel.nTraces + int64_t(std::max(0, reel.nAux));
     if (capacity < 1) capacity = usualMaxTraces;
     // Part of a file may not show its largest ensemble; room is made only for traces that come.
-    const int64_t wanted = _guess->sample.isWhole() ? ensembles.longest : std::max(2 * ensembles.longest, capacity);
+    const int64_t wanted =
+        _guess->sample.isWhole() ? ensembles.longest : std::max(2 * ensembles.longest, capacity);
     _guess->parm.maxtr = int(std::clamp<int64_t>(wanted, 1, INT32_MAX / 2));
     const bool isLeft = _isList && capacity >= ensembles.longest;
-    std::string evidence = formatted("reel says %d traces and %d auxiliary ones; %s", reel.nTraces, reel.nAux, ensembles.evidence.c_str());
+    std::string evidence = formatted("reel says %d traces and %d auxiliary ones; %s", reel.nTraces, reel.nAux,
+                                     ensembles.evidence.c_str());
     std::string choice = formatted("%d", _guess->parm.maxtr);
     if (isLeft) {
         _guess->parm.maxtr = 0;
@@ -366,21 +403,24 @@ void Guesser::addSortAndEnsembles()
 }
 
 /// Whether a scalar can be applied: never one that would wipe what it scales.
-void Guesser::addScalar(const char* what, int scalarByte, const std::vector<int>& bytes, int SegyLoadParm::*field)
+void Guesser::addScalar(const char* what, int scalarByte, const std::vector<int>& bytes,
+                        int SegyLoadParm::*field)
 {
     std::set<int> scalars;
     int64_t nScaled = 0;
     for (size_t i = 0; i < _guess->sample.count(); ++i) {
         const SegyRawHeader& header = _guess->sample.headers[i];
         scalars.insert(header.int16(scalarByte, _layout.isBigEndian));
-        nScaled += std::any_of(bytes.begin(), bytes.end(), [&](int byte) { return header.int32(byte, _layout.isBigEndian) != 0; });
+        nScaled += std::any_of(bytes.begin(), bytes.end(),
+                               [&](int byte) { return header.int32(byte, _layout.isBigEndian) != 0; });
     }
     std::string evidence = formatted("byte %d holds", scalarByte + 1);
     int nNamed = 0;
     for (int scalar : scalars)
         if (++nNamed <= 4) evidence += formatted("%s %d", nNamed > 1 ? "," : "", scalar);
     if (scalars.size() > 4) evidence += " ...";
-    evidence += formatted("; values that it scales in %lld of %lld headers", wide(nScaled), wide(int64_t(_guess->sample.count())));
+    evidence += formatted("; values that it scales in %lld of %lld headers", wide(nScaled),
+                          wide(int64_t(_guess->sample.count())));
     const auto isValid = [](int scalar) {
         const int size = std::abs(scalar);
         return size == 1 || size == 10 || size == 100 || size == 1000 || size == 10000;
@@ -390,8 +430,8 @@ void Guesser::addScalar(const char* what, int scalarByte, const std::vector<int>
     const bool isApplied = bad == scalars.end() && nScaled > 0 && !isDoubtful;
     _guess->parm.*field = isApplied ? 1 : 0;
     std::string choice = isApplied      ? "Yes"
-                         : isDoubtful   ? "No: the trace headers are doubtful"
                          : nScaled == 0 ? "No: nothing to scale"
+                         : isDoubtful   ? "No: the trace headers are doubtful"
                          : *bad == 0    ? "No: a scalar of 0 would make the values 0"
                                         : formatted("No: %d is no scalar", *bad);
     if (isApplied && scalars.size() > 1) choice += ": they are mixed, each trace has its own";
@@ -401,7 +441,8 @@ void Guesser::addScalar(const char* what, int scalarByte, const std::vector<int>
 void Guesser::addDelay()
 {
     std::set<int> delays;
-    for (size_t i = 0; i < _guess->sample.count(); ++i) delays.insert(_guess->sample.headers[i].int16(108, _layout.isBigEndian));
+    for (size_t i = 0; i < _guess->sample.count(); ++i)
+        delays.insert(_guess->sample.headers[i].int16(108, _layout.isBigEndian));
     if (delays.empty() || (delays.size() == 1 && *delays.begin() == 0)) return;
     add("Recording delay", formatted("byte 109 holds %d to %d ms", *delays.begin(), *delays.rbegin()),
         "no setting: the time axis leaves it out");
@@ -411,9 +452,9 @@ void Guesser::conclude(const SegyLoadParm& before)
 {
     if (_reasons.empty()) {
         _guess->verdict = SegyGuess::Read;
-        _guess->summary = counted(_layout.nTraces, "trace") + (_layout.isWalkWhole ? "" : " and more") + " of " +
-                           (_layout.isVariable ? "up to " : "") + counted(_layout.nSamples, "sample") + ", " +
-                           orderName(_layout.isBigEndian) + ".";
+        _guess->summary = counted(_layout.nTraces, "trace") + (_layout.isWalkWhole ? "" : " and more") +
+                          " of " + (_layout.isVariable ? "up to " : "") +
+                          counted(_layout.nSamples, "sample") + ", " + orderName(_layout.isBigEndian) + ".";
         return;
     }
     _guess->verdict = SegyGuess::NotFollowed;
@@ -434,7 +475,8 @@ int Guesser::run(const SegyLoadParm& before)
     // Of a file that is cut in its first trace the header may still be whole.
     if (_guess->sample.count() == 0) _guess->sample.headers = _search.probes;
     _isList = before.files.contains(',');
-    add("File", formatted("%lld bytes", wide(_source.size())), _isList ? "SEG-Y; the first one of the list" : "SEG-Y");
+    add("File", formatted("%lld bytes", wide(_source.size())),
+        _isList ? "SEG-Y; the first one of the list" : "SEG-Y");
     addByteOrder();
     if (!addText()) return 0;
     addPlace();
@@ -464,33 +506,4 @@ int guessSegyFile(const std::string& path, const SegyLoadParm& before, SegyGuess
 {
     FileSource source;
     return source.open(path, error) ? guessSegy(source, before, guess, error) : 0;
-}
-
-std::vector<SegySettingText> segySettingTexts(const SegyLoadParm& parm)
-{
-    const auto yes = [](int flag) { return std::string(flag != 0 ? "Yes" : "No"); };
-    const auto number = [](double value) { return value > 0.0 ? formatted("%.7g", value) : std::string("from the reel"); };
-    const bool isSort = parm.isort >= 1 && parm.isort <= segySortNames().size();
-    const size_t format = size_t(std::clamp(parm.iformat, 0, int(segyFormatChoices().size()) - 1));
-    return {{"Data sort order", isSort ? segySortNames()[parm.isort - 1].toStdString() : "Get From Data"},
-            {"SEGY file type", parm.itype == 1 ? "MSDOS" : "Standard"},
-            {"Data sample format", segyFormatChoices()[format]},
-            {"Max traces per ensemble", number(parm.maxtr)},
-            {"Num samples per trace", number(parm.nsamp)},
-            {"Input sample rate", number(double(parm.srate)) + (parm.srate > 0.0f ? " msec" : "")},
-            {"Variable trace length", yes(parm.ivariable)},
-            {"Apply coordinate scalar", yes(parm.icscale)},
-            {"Apply depth/elev scalar", yes(parm.iescale)},
-            {"Build index map", yes(parm.indexbuilt)}};
-}
-
-std::string segyGuessText(const std::string& name, const SegyGuess& guess, const SegyLoadParm& before)
-{
-    std::string text = name + "\n" + guess.summary + "\n\nFact\tEvidence\tChoice\n";
-    for (const SegyGuessFact& fact : guess.facts) text += fact.what + "\t" + fact.evidence + "\t" + fact.choice + "\n";
-    if (guess.verdict != SegyGuess::Read) return text;
-    text += "\nSetting\tBefore\tNow\n";
-    const std::vector<SegySettingText> old = segySettingTexts(before), now = segySettingTexts(guess.parm);
-    for (size_t i = 0; i < now.size(); ++i) text += now[i].label + "\t" + old[i].value + "\t" + now[i].value + "\n";
-    return text;
 }

@@ -10,28 +10,23 @@
 
 /// One line of the panel.
 struct SegyGuessFact {
-    std::string what;      ///< e.g. "Byte order"
-    std::string evidence;  ///< what was seen
-    std::string choice;    ///< what follows, or why nothing does
-};
-
-/// A setting as the menu names it.
-struct SegySettingText {
-    std::string label, value;
+    std::string what;     ///< e.g. "Byte order"
+    std::string evidence; ///< what was seen
+    std::string choice;   ///< what follows, or why nothing does
 };
 
 struct SegyGuess {
     enum Verdict {
-        NotSegy,      ///< nothing that a SEG-Y file could be; the settings stay
-        NotFollowed,  ///< a SEG-Y file that the reader's rules can't follow; the settings stay
-        Read          ///< the settings read it
+        NotSegy,     ///< nothing that a SEG-Y file could be; the settings stay
+        NotFollowed, ///< a SEG-Y file that the reader's rules can't follow; the settings stay
+        Read         ///< the settings read it
     };
     Verdict verdict = NotSegy;
-    std::string summary;  ///< one sentence
+    std::string summary; ///< one sentence
     std::vector<SegyGuessFact> facts;
-    SegyLoadParm parm;  ///< the settings given, with what was found
+    SegyLoadParm parm; ///< the settings given, with what was found
     SegyLayoutSearch search;
-    SegyHeaderSample sample;  ///< the trace headers that were looked at; empty if NotSegy
+    SegyHeaderSample sample; ///< the trace headers that were looked at; empty if NotSegy
 };
 
 /// Looks at a file. Bounded whatever it claims: some thousand headers and some ten thousand samples.
@@ -42,12 +37,5 @@ struct SegyGuess {
 int guessSegy(const ByteSource& source, const SegyLoadParm& before, SegyGuess* guess, std::string* error);
 /// The same for a file on disk. @param path in the system's encoding
 int guessSegyFile(const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error);
-
-/// All settings that a guess fills, in the order of the menu, as the menu shows them.
-std::vector<SegySettingText> segySettingTexts(const SegyLoadParm& parm);
-/// Names of the sample format choices, of the index 0 to 6.
-const std::vector<std::string>& segyFormatChoices();
-/// Facts and settings as text, with a tab between columns: for the clipboard and spreadsheets.
-std::string segyGuessText(const std::string& name, const SegyGuess& guess, const SegyLoadParm& before);
 
 #endif

@@ -5,14 +5,22 @@
 #include <algorithm>
 #include <map>
 
-enum SortCode { SortFfid = 1, SortCdp = 4, SortStack = 5, SortInline = 7, SortCrossline = 8, SortInlineStack = 9,
-                SortCrosslineStack = 10 };
+enum SortCode {
+    SortFfid = 1,
+    SortCdp = 4,
+    SortStack = 5,
+    SortInline = 7,
+    SortCrossline = 8,
+    SortInlineStack = 9,
+    SortCrosslineStack = 10
+};
 
 namespace {
 
 /// A header word over the sample.
 struct Word {
-    Word(const SegyHeaderSample& sample, int byte) : values(sample.values(byte, 4)), run(meanRun(sample, values))
+    Word(const SegyHeaderSample& sample, int byte)
+        : values(sample.values(byte, 4)), run(meanRun(sample, values))
     {
         const auto [least, most] = std::minmax_element(values.begin(), values.end());
         isVarying = *least != *most;
@@ -36,7 +44,7 @@ struct Keys {
         isBinFilled = nSame * 4 > int64_t(sample.count());
     }
     Word ffid, channel, cdp, offset, receiverX, receiverY, inLine, crossLine;
-    bool isBinFilled;  // several traces in a row in one bin of a 3D survey
+    bool isBinFilled; // several traces in a row in one bin of a 3D survey
 };
 
 constexpr double leastRun = 1.5;
@@ -46,14 +54,15 @@ SegySortGuess volumeSort(const Keys& keys)
     const bool isInline = keys.inLine.run >= keys.crossLine.run;
     const bool isGather = keys.isBinFilled && keys.offset.isVarying;
     SegySortGuess guess;
-    guess.code = isGather ? (isInline ? SortInline : SortCrossline) : (isInline ? SortInlineStack : SortCrosslineStack);
-    guess.evidence = formatted("inline at byte 189 holds for %.3g traces on average, crossline at 193 for %.3g; %s",
-                               keys.inLine.run, keys.crossLine.run,
-                               isGather ? "several offsets in one bin" : "one trace in a bin");
+    guess.code = isGather ? (isInline ? SortInline : SortCrossline)
+                          : (isInline ? SortInlineStack : SortCrosslineStack);
+    guess.evidence = formatted(
+        "inline at byte 189 holds for %.3g traces on average, crossline at 193 for %.3g; %s", keys.inLine.run,
+        keys.crossLine.run, isGather ? "several offsets in one bin" : "one trace in a bin");
     return guess;
 }
 
-}  // namespace
+} // namespace
 
 SegySortGuess guessSegySort(const SegyHeaderSample& sample)
 {
@@ -63,22 +72,30 @@ SegySortGuess guessSegySort(const SegyHeaderSample& sample)
         guess.evidence = "one trace: no order to be seen";
         return guess;
     }
-    const bool isVolume = (keys.inLine.isVarying && !keys.crossLine.isZero) || (keys.crossLine.isVarying && !keys.inLine.isZero);
+    const bool isVolume = (keys.inLine.isVarying && !keys.crossLine.isZero) ||
+                          (keys.crossLine.isVarying && !keys.inLine.isZero);
     const double lineRun = std::max(keys.inLine.run, keys.crossLine.run);
-    const bool isShotWithin = keys.channel.isVarying || keys.offset.isVarying || keys.receiverX.isVarying || keys.receiverY.isVarying;
-    if (isVolume && lineRun >= leastRun && (lineRun >= keys.ffid.run || !keys.ffid.isVarying)) return volumeSort(keys);
-    if (!keys.ffid.isZero && keys.ffid.run >= leastRun && isShotWithin && (keys.ffid.run >= keys.cdp.run || keys.cdp.isZero)) {
+    const bool isShotWithin = keys.channel.isVarying || keys.offset.isVarying || keys.receiverX.isVarying ||
+                              keys.receiverY.isVarying;
+    if (isVolume && lineRun >= leastRun && (lineRun >= keys.ffid.run || !keys.ffid.isVarying))
+        return volumeSort(keys);
+    if (!keys.ffid.isZero && keys.ffid.run >= leastRun && isShotWithin &&
+        (keys.ffid.run >= keys.cdp.run || keys.cdp.isZero)) {
         guess.code = SortFfid;
-        guess.evidence = formatted("field record at byte 9 holds for %.3g traces on average; channel, offset or receiver "
-                                   "change within", keys.ffid.run);
+        guess.evidence =
+            formatted("field record at byte 9 holds for %.3g traces on average; channel, offset or receiver "
+                      "change within",
+                      keys.ffid.run);
     } else if (!keys.cdp.isZero && keys.cdp.run >= leastRun && keys.offset.isVarying) {
         guess.code = SortCdp;
-        guess.evidence = formatted("CMP number at byte 21 holds for %.3g traces on average; the offset changes within",
-                                   keys.cdp.run);
+        guess.evidence =
+            formatted("CMP number at byte 21 holds for %.3g traces on average; the offset changes within",
+                      keys.cdp.run);
     } else if (keys.cdp.isVarying && (keys.cdp.run < leastRun || !keys.offset.isVarying)) {
         guess.code = SortStack;
-        guess.evidence = formatted("CMP number at byte 21 changes after %.3g traces on average, %s", keys.cdp.run,
-                                   keys.offset.isVarying ? "one trace each" : "one offset only");
+        guess.evidence =
+            formatted("CMP number at byte 21 changes after %.3g traces on average, %s", keys.cdp.run,
+                      keys.offset.isVarying ? "one trace each" : "one offset only");
     } else {
         guess.evidence = "neither field record, CMP, inline nor crossline group the traces";
     }
@@ -102,11 +119,13 @@ SegyEnsembleGuess guessSegyEnsembles(const SegyHeaderSample& sample, int keyByte
     int64_t nScattered = 0;
     for (const auto& [value, count] : runs) nScattered += count > 1;
     guess.isScattered = nScattered > 0;
-    guess.evidence = formatted("most traces with one value at byte %d: %lld, %s %lld", keyByte + 1,
-                               static_cast<long long>(guess.longest), sample.isWhole() ? "of all" : "in a sample of",
-                               static_cast<long long>(sample.count()));
+    guess.evidence =
+        formatted("most traces with one value at byte %d: %lld, %s %lld", keyByte + 1,
+                  static_cast<long long>(guess.longest), sample.isWhole() ? "of all" : "in a sample of",
+                  static_cast<long long>(sample.count()));
     if (guess.isScattered)
-        guess.evidence += formatted("; %lld of %lld ensembles stand in several places", static_cast<long long>(nScattered),
-                                    static_cast<long long>(totals.size()));
+        guess.evidence +=
+            formatted("; %lld of %lld ensembles stand in several places", static_cast<long long>(nScattered),
+                      static_cast<long long>(totals.size()));
     return guess;
 }

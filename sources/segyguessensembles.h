@@ -5,7 +5,7 @@
 #include "sources/segyvarying.h"
 
 struct SegySortGuess {
-    int code = 0;          ///< 1 to 11; 0: the headers don't tell, the reel's sort word decides
+    int code = 0; ///< 1 to 11; 0: the headers don't tell, the reel's sort word decides
     std::string evidence;
 };
 

@@ -25,7 +25,8 @@ SegySampleStatistics countSegyWords(const uint32_t* words, size_t n)
         statistics.nUnnormalised += (word >> 20 & 7) == 0;
     }
     for (size_t exponent = 0; exponent < exponents.size(); exponent += 2)
-        statistics.nEvenExponents += exponents[exponent] > 0 && exponents[exponent] * 25 >= statistics.nNonZero;
+        statistics.nEvenExponents +=
+            exponents[exponent] > 0 && exponents[exponent] * 25 >= statistics.nNonZero;
     return statistics;
 }
 
@@ -37,7 +38,8 @@ SegySampleKind segySampleKind(const SegySampleStatistics& statistics)
     if (statistics.nNonZero < leastSamples || statistics.nEven < leastEven) return SegySampleKind::Undecided;
     const double share = statistics.unnormalisedShare();
     if (share > 0.03) return SegySampleKind::Ieee;
-    if (share < 0.01 && statistics.nEvenExponents >= 2 && statistics.nNotFinite == 0) return SegySampleKind::Ibm;
+    if (share < 0.01 && statistics.nEvenExponents >= 2 && statistics.nNotFinite == 0)
+        return SegySampleKind::Ibm;
     return SegySampleKind::Undecided;
 }
 
@@ -46,20 +48,28 @@ int countSegySamples(const ByteSource& source, const SegyLayout& layout, SegySam
 {
     *statistics = SegySampleStatistics();
     if (layout.sampleBytes != 4 || layout.nSamples < 1) return 1;
-    // Traces of variable length are not where a multiple would put them: the first one serves.
-    const int64_t last = layout.isVariable ? 0 : std::max<int64_t>(0, layout.nTraces - 1);
+    const int64_t last = std::max<int64_t>(0, layout.nTraces - 1);
     const int64_t nLooked = std::min(last + 1, mostTraces);
-    const int64_t nWords = std::min<int64_t>(layout.nSamples, mostSamplesATrace);
     std::vector<uint32_t> words;
+    int64_t offset = layout.firstTrace;
     for (int64_t i = 0; i < nLooked; ++i) {
-        const int64_t rank = nLooked > 1 ? last * i / (nLooked - 1) : 0;
+        int64_t count = layout.nSamples;
+        if (layout.isVariable) {
+            SegyRawHeader header;
+            if (readSegyRawHeader(source, offset, &header, error) < 0) return 0;
+            count = header.uint16(114, layout.isBigEndian);
+        } else {
+            offset = layout.offset(nLooked > 1 ? last * i / (nLooked - 1) : 0);
+        }
         // The middle of a long trace: its start is often muted.
-        const int64_t start = layout.offset(rank) + layout.headerBytes + (layout.nSamples - nWords) / 2 * 4;
+        const int64_t nWords = std::min<int64_t>(count, mostSamplesATrace);
+        const int64_t start = offset + layout.headerBytes + (count - nWords) / 2 * 4;
         const size_t before = words.size();
         words.resize(before + size_t(nWords));
         const int64_t got = source.read(start, size_t(nWords) * 4, words.data() + before, error);
         if (got < 0) return 0;
         words.resize(before + size_t(got / 4));
+        offset += layout.headerBytes + count * 4;
     }
     if (layout.isBigEndian == littleEndian()) endianSwap(words.data(), 4, int64_t(words.size()));
     *statistics = countSegyWords(words.data(), words.size());

@@ -8,8 +8,8 @@ enum class SegyTextKind { Ebcdic, Ascii, BlankEbcdic, BlankAscii, Nul, Unclear }
 
 struct SegyTextGuess {
     SegyTextKind kind = SegyTextKind::Unclear;
-    bool hasLetters = false;  ///< in EBCDIC or ASCII
-    std::string evidence;  ///< counts of telling bytes
+    bool hasLetters = false; ///< in EBCDIC or ASCII
+    std::string evidence;    ///< counts of telling bytes
     /// What the text itself says of the samples, e.g. "Sample Format: MSDOS IEEE"; empty if nothing.
     std::string formatLine;
 };

@@ -14,34 +14,96 @@ static const struct {
     int byte, width;
     const char* name;
 } fields[] = {
-    {1, 4, "Trace in line"}, {5, 4, "Trace in file"}, {9, 4, "Field record"}, {13, 4, "Channel"},
-    {17, 4, "Source point"}, {21, 4, "CMP ensemble"}, {25, 4, "Trace in ensemble"}, {29, 2, "Trace id"},
-    {31, 2, "Vertical sum"}, {33, 2, "Stack fold"}, {35, 2, "Data use"}, {37, 4, "Offset"},
-    {41, 4, "Receiver elevation"}, {45, 4, "Source elevation"}, {49, 4, "Source depth"}, {53, 4, "Receiver datum"},
-    {57, 4, "Source datum"}, {61, 4, "Water depth at source"}, {65, 4, "Water depth at receiver"},
-    {69, 2, "Elevation scalar"}, {71, 2, "Coordinate scalar"}, {73, 4, "Source X"}, {77, 4, "Source Y"},
-    {81, 4, "Receiver X"}, {85, 4, "Receiver Y"}, {89, 2, "Coordinate units"}, {91, 2, "Weathering velocity"},
-    {93, 2, "Subweathering velocity"}, {95, 2, "Uphole time at source"}, {97, 2, "Uphole time at receiver"},
-    {99, 2, "Source static"}, {101, 2, "Receiver static"}, {103, 2, "Total static"}, {105, 2, "Lag time A"},
-    {107, 2, "Lag time B"}, {109, 2, "Recording delay"}, {111, 2, "Mute start"}, {113, 2, "Mute end"},
-    {115, 2, "Samples"}, {117, 2, "Sample interval"}, {119, 2, "Gain type"}, {121, 2, "Gain constant"},
-    {123, 2, "Initial gain"}, {125, 2, "Correlated"}, {127, 2, "Sweep start"}, {129, 2, "Sweep end"},
-    {131, 2, "Sweep length"}, {133, 2, "Sweep type"}, {135, 2, "Sweep taper at start"},
-    {137, 2, "Sweep taper at end"}, {139, 2, "Taper type"}, {141, 2, "Alias filter"}, {143, 2, "Alias slope"},
-    {145, 2, "Notch filter"}, {147, 2, "Notch slope"}, {149, 2, "Low cut"}, {151, 2, "High cut"},
-    {153, 2, "Low-cut slope"}, {155, 2, "High-cut slope"}, {157, 2, "Year"}, {159, 2, "Day of year"},
-    {161, 2, "Hour"}, {163, 2, "Minute"}, {165, 2, "Second"}, {167, 2, "Time basis"}, {169, 2, "Weighting factor"},
-    {171, 2, "Roll switch group"}, {173, 2, "First trace group"}, {175, 2, "Last trace group"}, {177, 2, "Gap size"},
-    {179, 2, "Over travel"}, {181, 4, "CDP X"}, {185, 4, "CDP Y"}, {189, 4, "Inline"}, {193, 4, "Crossline"},
-    {197, 4, "Shot point"}, {201, 2, "Shot point scalar"}, {203, 2, "Measurement unit"},
-    {205, 4, "Transduction mantissa"}, {209, 2, "Transduction exponent"}, {211, 2, "Transduction units"},
-    {213, 2, "Device id"}, {215, 2, "Time scalar"}, {217, 2, "Source type"},
+    {1, 4, "Trace in line"},
+    {5, 4, "Trace in file"},
+    {9, 4, "Field record"},
+    {13, 4, "Channel"},
+    {17, 4, "Source point"},
+    {21, 4, "CMP ensemble"},
+    {25, 4, "Trace in ensemble"},
+    {29, 2, "Trace id"},
+    {31, 2, "Vertical sum"},
+    {33, 2, "Stack fold"},
+    {35, 2, "Data use"},
+    {37, 4, "Offset"},
+    {41, 4, "Receiver elevation"},
+    {45, 4, "Source elevation"},
+    {49, 4, "Source depth"},
+    {53, 4, "Receiver datum"},
+    {57, 4, "Source datum"},
+    {61, 4, "Water depth at source"},
+    {65, 4, "Water depth at receiver"},
+    {69, 2, "Elevation scalar"},
+    {71, 2, "Coordinate scalar"},
+    {73, 4, "Source X"},
+    {77, 4, "Source Y"},
+    {81, 4, "Receiver X"},
+    {85, 4, "Receiver Y"},
+    {89, 2, "Coordinate units"},
+    {91, 2, "Weathering velocity"},
+    {93, 2, "Subweathering velocity"},
+    {95, 2, "Uphole time at source"},
+    {97, 2, "Uphole time at receiver"},
+    {99, 2, "Source static"},
+    {101, 2, "Receiver static"},
+    {103, 2, "Total static"},
+    {105, 2, "Lag time A"},
+    {107, 2, "Lag time B"},
+    {109, 2, "Recording delay"},
+    {111, 2, "Mute start"},
+    {113, 2, "Mute end"},
+    {115, 2, "Samples"},
+    {117, 2, "Sample interval"},
+    {119, 2, "Gain type"},
+    {121, 2, "Gain constant"},
+    {123, 2, "Initial gain"},
+    {125, 2, "Correlated"},
+    {127, 2, "Sweep start"},
+    {129, 2, "Sweep end"},
+    {131, 2, "Sweep length"},
+    {133, 2, "Sweep type"},
+    {135, 2, "Sweep taper at start"},
+    {137, 2, "Sweep taper at end"},
+    {139, 2, "Taper type"},
+    {141, 2, "Alias filter"},
+    {143, 2, "Alias slope"},
+    {145, 2, "Notch filter"},
+    {147, 2, "Notch slope"},
+    {149, 2, "Low cut"},
+    {151, 2, "High cut"},
+    {153, 2, "Low-cut slope"},
+    {155, 2, "High-cut slope"},
+    {157, 2, "Year"},
+    {159, 2, "Day of year"},
+    {161, 2, "Hour"},
+    {163, 2, "Minute"},
+    {165, 2, "Second"},
+    {167, 2, "Time basis"},
+    {169, 2, "Weighting factor"},
+    {171, 2, "Roll switch group"},
+    {173, 2, "First trace group"},
+    {175, 2, "Last trace group"},
+    {177, 2, "Gap size"},
+    {179, 2, "Over travel"},
+    {181, 4, "CDP X"},
+    {185, 4, "CDP Y"},
+    {189, 4, "Inline"},
+    {193, 4, "Crossline"},
+    {197, 4, "Shot point"},
+    {201, 2, "Shot point scalar"},
+    {203, 2, "Measurement unit"},
+    {205, 4, "Transduction mantissa"},
+    {209, 2, "Transduction exponent"},
+    {211, 2, "Transduction units"},
+    {213, 2, "Device id"},
+    {215, 2, "Time scalar"},
+    {217, 2, "Source type"},
 };
 
 const char* segyBehaviourName(SegyBehaviour behaviour)
 {
-    static const char* const names[] = {"repeats by ensemble", "counts up", "looks like coordinates", "varies",
-                                        "constant"};
+    static const char* const names[] = {"repeats by ensemble", "counts up", "looks like coordinates",
+                                        "varies", "constant"};
     return names[int(behaviour)];
 }
 
@@ -76,11 +138,12 @@ std::vector<int64_t> sampledRanks(int64_t nTraces)
     return ranks;
 }
 
-int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks, const std::vector<int64_t>& offsets,
-                    SegyHeaderSample* sample, std::string* error)
+int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks,
+                    const std::vector<int64_t>& offsets, SegyHeaderSample* sample, std::string* error)
 {
-    const int64_t apart = offsets.size() > 1 ? std::max<int64_t>(segyTraceHeaderBytes, offsets[1] - offsets[0])
-                                             : segyTraceHeaderBytes;
+    const int64_t apart = offsets.size() > 1
+                              ? std::max<int64_t>(segyTraceHeaderBytes, offsets[1] - offsets[0])
+                              : segyTraceHeaderBytes;
     SegyHeaderReader reader(source, apart);
     sample->headers.clear();
     sample->headers.reserve(ranks.size());
@@ -97,7 +160,8 @@ int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks,
     return 1;
 }
 
-int readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample, std::string* error)
+int readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample,
+                    std::string* error)
 {
     sample->isBigEndian = layout.isBigEndian;
     sample->nTraces = layout.nTraces;
@@ -131,10 +195,10 @@ namespace {
 /// Steps of a word between neighbours.
 struct Steps {
     int64_t n = 0, nZero = 0;
-    int64_t usual = 0;   // the commonest step that is not 0
+    int64_t usual = 0; // the commonest step that is not 0
     int64_t nUsual = 0;
-    int64_t nRestarts = 0;  // steps against the usual direction
-    double mean = 0.0;      // size of the steps that are not 0
+    int64_t nRestarts = 0; // steps against the usual direction
+    double mean = 0.0;     // size of the steps that are not 0
 };
 
 Steps stepsOf(const SegyHeaderSample& sample, const std::vector<int32_t>& values)
@@ -146,8 +210,10 @@ Steps stepsOf(const SegyHeaderSample& sample, const std::vector<int32_t>& values
         if (!sample.isNeighbour(i)) continue;
         const int64_t step = int64_t(values[i]) - values[i - 1];
         ++steps.n;
-        if (step == 0) ++steps.nZero;
-        else ++counts[step];
+        if (step == 0)
+            ++steps.nZero;
+        else
+            ++counts[step];
         sum += double(std::llabs(step));
     }
     for (const auto& [step, count] : counts)
@@ -222,8 +288,8 @@ void classify(Candidate* candidate, bool hasPartner)
     } else if (steps.nZero > 0 && candidate->run >= 1.5) {
         word.behaviour = SegyBehaviour::RepeatsByEnsemble;
         word.share = double(steps.nZero) / nSteps;
-        word.evidence = formatted("%lld values, each for %.3g traces", static_cast<long long>(word.nDistinct),
-                                  candidate->run);
+        word.evidence =
+            formatted("%lld values of %.3g traces", static_cast<long long>(word.nDistinct), candidate->run);
     } else if (double(steps.nUsual) >= 0.7 * nSteps) {
         word.behaviour = SegyBehaviour::CountsUp;
         word.share = double(steps.nUsual) / nSteps;
@@ -267,7 +333,7 @@ void addCandidates(const SegyHeaderSample& sample, int byte, std::vector<Candida
         if (!isZero(word)) list->push_back(word);
 }
 
-}  // namespace
+} // namespace
 
 std::vector<SegyVaryingWord> rankSegyWords(const SegyHeaderSample& sample)
 {
@@ -276,9 +342,10 @@ std::vector<SegyVaryingWord> rankSegyWords(const SegyHeaderSample& sample)
     std::vector<Candidate> candidates;
     for (int byte = 0; byte < segyTraceHeaderBytes; byte += 4) addCandidates(sample, byte, &candidates);
     for (Candidate& candidate : candidates) {
-        const bool hasPartner = std::any_of(candidates.begin(), candidates.end(), [&](const Candidate& other) {
-            return std::abs(other.word.byte - candidate.word.byte) == 4 && isLikeCoordinate(other);
-        });
+        const bool hasPartner =
+            std::any_of(candidates.begin(), candidates.end(), [&](const Candidate& other) {
+                return std::abs(other.word.byte - candidate.word.byte) == 4 && isLikeCoordinate(other);
+            });
         classify(&candidate, hasPartner);
         ranking.push_back(candidate.word);
     }

@@ -1,7 +1,6 @@
 #include "trevia/segycommand.h"
 
-#include "sources/formatted.h"
-#include "sources/segyguess.h"
+#include "sources/segyguesssettings.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -10,10 +9,13 @@ static const char* helpText =
     "Usage: trevia segy guess FILE\n"
     "       trevia segy headers FILE\n"
     "\n"
-    "  guess     looks at a SEG-Y file and says which settings read it: each fact, what speaks for it, and what\n"
+    "  guess     looks at a SEG-Y file and says which settings read it: each fact, what speaks for it, and "
+    "what\n"
     "            is chosen. Nothing is changed.\n"
-    "  headers   ranks the words of the trace headers by how they behave over the file: they repeat by ensemble,\n"
-    "            count up, look like coordinates, vary, or are constant. Of a long file 4096 headers are looked at.\n"
+    "  headers   ranks the words of the trace headers by how they behave over the file: they repeat by "
+    "ensemble,\n"
+    "            count up, look like coordinates, vary, or are constant. Of a long file 4096 headers are "
+    "looked at.\n"
     "\n"
     "  --help    this text\n"
     "\n"
@@ -47,7 +49,8 @@ static void printGuess(const std::string& file, const SegyGuess& guess)
     constexpr size_t labelWidth = 26, lineWidth = 110;
     std::printf("%s\n%s\n\n", file.c_str(), wrapped(guess.summary, 0, lineWidth).c_str());
     for (const SegyGuessFact& fact : guess.facts) {
-        std::printf("%s%s\n", padded(fact.what, labelWidth).c_str(), wrapped(fact.choice, labelWidth, lineWidth).c_str());
+        std::printf("%s%s\n", padded(fact.what, labelWidth).c_str(),
+                    wrapped(fact.choice, labelWidth, lineWidth).c_str());
         std::printf("%s%s\n", std::string(labelWidth, ' ').c_str(),
                     wrapped("(" + fact.evidence + ")", labelWidth, lineWidth).c_str());
     }
@@ -59,10 +62,10 @@ static void printGuess(const std::string& file, const SegyGuess& guess)
 
 static void printHeaders(const std::string& file, const SegyGuess& guess)
 {
-    std::printf("%s\n%lld of %lld trace headers\n\n", file.c_str(), static_cast<long long>(guess.sample.count()),
-                static_cast<long long>(guess.sample.nTraces));
-    std::printf("Byte Width  Behaviour              %11s %11s %11s %8s  %-24s %s\n", "First", "Least", "Most", "Distinct",
-                "Standard field", "Evidence");
+    std::printf("%s\n%lld of %lld trace headers\n\n", file.c_str(),
+                static_cast<long long>(guess.sample.count()), static_cast<long long>(guess.sample.nTraces));
+    std::printf("Byte Width  Behaviour              %11s %11s %11s %8s  %-24s %s\n", "First", "Least", "Most",
+                "Distinct", "Standard field", "Evidence");
     for (const SegyVaryingWord& word : rankSegyWords(guess.sample))
         std::printf("%4d %5d  %-22s %11d %11d %11d %8lld  %-24s %s\n", word.byte, word.width,
                     segyBehaviourName(word.behaviour), word.first, word.least, word.most,
@@ -78,11 +81,11 @@ int segyCommand(const std::vector<std::string>& arguments)
     const std::string what = arguments.empty() ? "" : arguments[0];
     const bool isKnown = what == "guess" || what == "headers";
     if (!isKnown || arguments.size() != 2 || arguments[1].empty() || arguments[1][0] == '-') {
-        const std::string reason = what.empty()          ? "guess or headers, please"
-                                   : !isKnown            ? "no \"" + what + "\""
+        const std::string reason = what.empty()           ? "guess or headers, please"
+                                   : !isKnown             ? "no \"" + what + "\""
                                    : arguments.size() < 2 ? "no file named"
                                    : arguments.size() > 2 ? "one file, please"
-                                                         : "\"" + arguments[1] + "\": no such option";
+                                                          : "\"" + arguments[1] + "\": no such option";
         std::fprintf(stderr, "trevia segy: %s\n\n%s", reason.c_str(), helpText);
         return 2;
     }
@@ -97,8 +100,10 @@ int segyCommand(const std::vector<std::string>& arguments)
         std::fprintf(stderr, "trevia segy: %s: %s\n", file.c_str(), guess.summary.c_str());
         return 1;
     }
-    if (what == "guess") printGuess(file, guess);
-    else printHeaders(file, guess);
+    if (what == "guess")
+        printGuess(file, guess);
+    else
+        printHeaders(file, guess);
     if (guess.verdict != SegyGuess::NotSegy) return 0;
     std::fflush(stdout);
     std::fprintf(stderr, "trevia segy: %s: %s\n", file.c_str(), guess.summary.c_str());

@@ -1,5 +1,7 @@
 #include "sources/menus/segyguessdialog.h"
 
+#include "sources/segyguesssettings.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QDialogButtonBox>
@@ -8,10 +10,13 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QSplitter>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
+
+constexpr int nSettingRows = 10;
 
 static QString text(const std::string& words)
 {
@@ -32,24 +37,33 @@ SegyGuessDialog::SegyGuessDialog(QWidget* parent) : QDialog(parent)
     _factTable->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
     _settingTable = makeTable("settingTable", {tr("Setting"), tr("Before"), tr("Now")});
     _settingTable->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
-    // All settings in view; the facts take the rest.
-    _settingTable->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
-    _settingTable->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     auto* buttonBox = new QDialogButtonBox;
     buttonBox->setObjectName("buttonBox");
-    _copyButton = addButton(buttonBox, tr("&Copy"), "copyButton", tr("Copy the selected cells, or everything, as text with tabs"));
-    _restoreButton = addButton(buttonBox, tr("&Restore"), "restoreButton", tr("Bring the settings before the guess back"));
-    _dismissButton = addButton(buttonBox, tr("&Dismiss"), "dismissButton", tr("Close the panel; the settings stay as they are now"));
+    _copyButton = addButton(buttonBox, tr("&Copy"), "copyButton",
+                            tr("Copy the selected cells, or everything, as text with tabs"));
+    _restoreButton =
+        addButton(buttonBox, tr("&Restore"), "restoreButton", tr("Bring the settings before the guess back"));
+    _dismissButton = addButton(buttonBox, tr("&Dismiss"), "dismissButton",
+                               tr("Close the panel; the settings stay as they are now"));
     connect(_copyButton, &QPushButton::clicked, this, &SegyGuessDialog::copy);
     connect(_restoreButton, &QPushButton::clicked, this, &SegyGuessDialog::restore);
     connect(_dismissButton, &QPushButton::clicked, this, &SegyGuessDialog::reject);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_summaryLabel);
-    layout->addWidget(_factTable, 1);
-    layout->addWidget(_settingTable);
+    auto* splitter = new QSplitter(Qt::Vertical);
+    splitter->setObjectName("splitter");
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(_factTable);
+    splitter->addWidget(_settingTable);
+    splitter->setStretchFactor(0, 1);
+    layout->addWidget(splitter, 1);
     layout->addWidget(buttonBox);
-    const QSize most = screen() ? screen()->availableGeometry().size() * 4 / 5 : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    const QSize most =
+        screen() ? screen()->availableGeometry().size() * 4 / 5 : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 58).boundedTo(most));
+    // All settings in view where the facts still have the larger part.
+    const int settingsHeight = std::min((fontMetrics().height() + 6) * (nSettingRows + 1), height() * 2 / 5);
+    splitter->setSizes({height() - settingsHeight, settingsHeight});
 }
 
 QTableWidget* SegyGuessDialog::makeTable(const char* name, const QStringList& titles)
@@ -68,7 +82,8 @@ QTableWidget* SegyGuessDialog::makeTable(const char* name, const QStringList& ti
     return table;
 }
 
-QPushButton* SegyGuessDialog::addButton(QDialogButtonBox* box, const QString& text, const char* name, const QString& tip)
+QPushButton* SegyGuessDialog::addButton(QDialogButtonBox* box, const QString& text, const char* name,
+                                        const QString& tip)
 {
     QPushButton* button = box->addButton(text, QDialogButtonBox::ActionRole);
     button->setObjectName(name);
@@ -151,12 +166,14 @@ void SegyGuessDialog::restore()
 
 void SegyGuessDialog::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Copy)) copy();
-    else QDialog::keyPressEvent(event);
+    if (event->matches(QKeySequence::Copy))
+        copy();
+    else
+        QDialog::keyPressEvent(event);
 }
 
-/// A table copies its current cell only; here all that is selected counts. What is selected in one table is not in
-/// the other.
+/// A table copies its current cell only; here all that is selected counts. What is selected in one table is
+/// not in the other.
 bool SegyGuessDialog::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {

@@ -10,8 +10,8 @@ class QLabel;
 class QPushButton;
 class QTableWidget;
 
-/// Shows a guess: a table of facts and one of the settings before and now. Sets nothing by itself: who shows it
-/// hears restoreAsked. Closing only hides it.
+/// Shows a guess: a table of facts and one of the settings before and now. Sets nothing by itself: who shows
+/// it hears restoreAsked. Closing only hides it.
 class SegyGuessDialog : public QDialog
 {
     Q_OBJECT
@@ -35,15 +35,16 @@ protected:
 
 private:
     QTableWidget* makeTable(const char* name, const QStringList& titles);
-    QPushButton* addButton(class QDialogButtonBox* box, const QString& text, const char* name, const QString& tip);
+    QPushButton* addButton(class QDialogButtonBox* box, const QString& text, const char* name,
+                           const QString& tip);
     void fillFacts(const SegyGuess& guess);
     void fillSettings(const SegyGuess& guess, const SegyLoadParm& before);
 
     QLabel* _summaryLabel;
-    QTableWidget* _factTable;      // children of the dialog
+    QTableWidget* _factTable; // children of the dialog
     QTableWidget* _settingTable;
     QPushButton *_copyButton, *_restoreButton, *_dismissButton;
-    QString _text;                 // all of it, for the clipboard
+    QString _text; // all of it, for the clipboard
 };
 
 #endif

@@ -3,6 +3,7 @@
 #include "sources/menus/segyguessdialog.h"
 #include "sources/menus/segymenuhost.h"
 #include "sources/menus/segyremapdialog.h"
+#include "sources/segyguesssettings.h"
 #include "sources/segyloader.h"
 #include "sources/segymapthread.h"
 

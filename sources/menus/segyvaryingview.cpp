@@ -18,7 +18,8 @@ SegyVaryingView::SegyVaryingView(QWidget* parent) : QWidget(parent)
                                 tr("Behaviour"), tr("Values"), tr("Evidence")};
     _varyingTable = new QTableWidget(0, titles.size());
     _varyingTable->setObjectName("varyingTable");
-    _varyingTable->setToolTip(tr("Words of the trace header by how they behave over the file; bytes count from 1"));
+    _varyingTable->setToolTip(
+        tr("Words of the trace header by how they behave over the file; bytes count from 1"));
     _varyingTable->setHorizontalHeaderLabels(titles);
     _varyingTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     _varyingTable->horizontalHeader()->setStretchLastSection(true);
@@ -36,7 +37,8 @@ SegyVaryingView::SegyVaryingView(QWidget* parent) : QWidget(parent)
     _wordBox->setToolTip(tr("The header word that takes the selected bytes"));
     _takeButton = new QPushButton(tr("Take Re-map Row"));
     _takeButton->setObjectName("takeButton");
-    _takeButton->setToolTip(tr("Put a row into the remap table, so that the header word is read from the selected bytes"));
+    _takeButton->setToolTip(
+        tr("Put a row into the remap table, so that the header word is read from the selected bytes"));
     _takeButton->setAutoDefault(false);
     _takeButton->setEnabled(false);
     _answerLabel = new QLabel;
@@ -76,9 +78,12 @@ void SegyVaryingView::setRanking(const std::vector<SegyVaryingWord>& ranking, co
         const SegyVaryingWord& word = ranking[size_t(row)];
         const QString range = word.least == word.most ? QString::number(word.least)
                                                       : tr("%1 to %2").arg(word.least).arg(word.most);
-        const QString texts[] = {QString::number(word.byte), QString::number(word.width),
-                                 tr(word.field), tr(segyBehaviourName(word.behaviour)),
-                                 range, QString::fromStdString(word.evidence)};
+        const QString texts[] = {QString::number(word.byte),
+                                 QString::number(word.width),
+                                 tr(word.field),
+                                 tr(segyBehaviourName(word.behaviour)),
+                                 range,
+                                 QString::fromStdString(word.evidence)};
         for (int column = 0; column < _varyingTable->columnCount(); ++column) {
             auto* item = new QTableWidgetItem(texts[column]);
             item->setTextAlignment((column < 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
@@ -99,10 +104,14 @@ void SegyVaryingView::showAnswer(const QString& answer)
 static const char* likelyWord(const SegyVaryingWord& word)
 {
     switch (word.behaviour) {
-    case SegyBehaviour::RepeatsByEnsemble: return "FFID";
-    case SegyBehaviour::CountsUp: return "CHAN";
-    case SegyBehaviour::Coordinates: return "SOU_X";
-    default: return nullptr;
+    case SegyBehaviour::RepeatsByEnsemble:
+        return "FFID";
+    case SegyBehaviour::CountsUp:
+        return "CHAN";
+    case SegyBehaviour::Coordinates:
+        return "SOU_X";
+    default:
+        return nullptr;
     }
 }
 

@@ -11,7 +11,8 @@ class QLabel;
 class QPushButton;
 class QTableWidget;
 
-/// Shows a ranking; a press of the button offers the selected word as a remap row. Knows no file and no table.
+/// Shows a ranking; a press of the button offers the selected word as a remap row. Knows no file and no
+/// table.
 class SegyVaryingView : public QWidget
 {
     Q_OBJECT

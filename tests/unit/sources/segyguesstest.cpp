@@ -1,5 +1,5 @@
 /// The guess of the settings, on files whose layout the test has made.
-#include "sources/segyguess.h"
+#include "sources/segyguesssettings.h"
 #include "sources/segyloader.h"
 #include "tests/unit/sources/segybuilder.h"
 
@@ -12,8 +12,6 @@
 #include <memory>
 
 namespace {
-
-enum { ChooseIeee = 1, ChooseIbm, ChooseInteger4, ChooseInteger2, ChooseInteger1 };
 
 SegyGuess guessOf(const std::vector<char>& bytes, const SegyLoadParm& before = SegyLoadParm())
 {
@@ -131,21 +129,24 @@ TEST(SegyGuess, IbmAndIeeeAreToldApartByTheirBitsAtEveryAmplitudeAgainstTheCode)
     for (int decade = -6; decade <= 9; ++decade)
         for (bool isBigEndian : {true, false})
             for (int code : {1, 5}) {
-                SCOPED_TRACE(testing::Message() << "1e" << decade << " big " << isBigEndian << " code " << code);
+                SCOPED_TRACE(testing::Message()
+                             << "1e" << decade << " big " << isBigEndian << " code " << code);
                 const double amplitude = std::pow(10.0, decade);
                 const SegyGuess ibm = guessOf(noiseFile(code, isBigEndian, amplitude, ibmBits).bytes);
                 EXPECT_EQ(ibm.parm.iformat, ChooseIbm) << fact(ibm, "Sample format").evidence;
                 EXPECT_EQ(ibm.parm.itype, isBigEndian ? 0 : 1);
                 const SegyGuess ieee = guessOf(noiseFile(code, isBigEndian, amplitude, ieeeBits).bytes);
                 EXPECT_EQ(ieee.parm.iformat, ChooseIeee) << fact(ieee, "Sample format").evidence;
-                const bool isAgainst = fact(ieee, "Sample format").choice.find("against the code") != std::string::npos;
+                const bool isAgainst =
+                    fact(ieee, "Sample format").choice.find("against the code") != std::string::npos;
                 EXPECT_EQ(isAgainst, code == 1);
             }
 }
 
 TEST(SegyGuess, TheHistogramCountsWhatNormalisedIbmNumbersNeverHave)
 {
-    // Bit 23 is 0 in the first three, and bits 22 to 20 as well in the first; then bit 23 at 1, a zero, an infinite.
+    // Bit 23 is 0 in the first three, and bits 22 to 20 as well in the first; then bit 23 at 1, a zero, an
+    // infinite.
     const uint32_t words[] = {0x42012345, 0x42112345, 0x43712345, 0x42f12345, 0x80000000, 0x7f800000};
     const SegySampleStatistics counts = countSegyWords(words, 6);
     EXPECT_EQ(counts.nSamples, 6);
@@ -194,10 +195,12 @@ TEST(SegyGuess, IntegersOfEachWidthAreFoundInBothByteOrders)
             four.addTrace(a);
             two.addTrace(b);
             one.addTrace(c);
-            for (SegyBuilder* file : {&four, &two, &one}) fillHeader(file, i, 1 + int(i) / 6, 1 + int(i) % 6, 50);
+            for (SegyBuilder* file : {&four, &two, &one})
+                fillHeader(file, i, 1 + int(i) / 6, 1 + int(i) % 6, 50);
         }
         const SegyGuess of4 = guessOf(four.bytes), of2 = guessOf(two.bytes), of1 = guessOf(one.bytes);
-        EXPECT_EQ(of4.parm.iformat, ChooseInteger4) << "whatever the code says: " << fact(of4, "Sample format").evidence;
+        EXPECT_EQ(of4.parm.iformat, ChooseInteger4)
+            << "whatever the code says: " << fact(of4, "Sample format").evidence;
         EXPECT_EQ(of2.parm.iformat, ChooseInteger2);
         EXPECT_EQ(of1.parm.iformat, ChooseInteger1);
         for (const SegyGuess* guess : {&of4, &of2, &of1}) {
@@ -276,10 +279,12 @@ TEST(SegyGuess, TheTextHeaderIsKnownByItsLetters)
 TEST(SegyGuess, WhatTheTextSaysOfItsSamplesIsQuoted)
 {
     SegyBuilder file = smallFile();
-    std::string text = "C 1 CLIENT A AREA B LINE C" + std::string(54, ' ') + "C 2 SAMPLE FORMAT:   MSDOS IEEE";
+    std::string text =
+        "C 1 CLIENT A AREA B LINE C" + std::string(54, ' ') + "C 2 SAMPLE FORMAT:   MSDOS IEEE";
     text.resize(3200, ' ');
     std::copy(text.begin(), text.end(), file.bytes.begin());
-    EXPECT_NE(fact(guessOf(file.bytes), "Sample format").evidence.find("\"C 2 SAMPLE FORMAT: MSDOS IEEE\""), std::string::npos);
+    EXPECT_NE(fact(guessOf(file.bytes), "Sample format").evidence.find("\"C 2 SAMPLE FORMAT: MSDOS IEEE\""),
+              std::string::npos);
 }
 
 TEST(SegyGuess, ExtendedTextHeadersAreFoundAndSaidToBeBeyondTheReader)
@@ -296,7 +301,9 @@ TEST(SegyGuess, ExtendedTextHeadersAreFoundAndSaidToBeBeyondTheReader)
         EXPECT_EQ(guess.verdict, SegyGuess::NotFollowed);
         EXPECT_EQ(guess.search.layout.firstTrace, 10000);
         EXPECT_EQ(guess.search.layout.nTraces, 6);
-        EXPECT_NE(fact(guess, "First trace").choice.find("byte 10000, header 240 bytes: the reader can't follow"), std::string::npos);
+        EXPECT_NE(
+            fact(guess, "First trace").choice.find("byte 10000, header 240 bytes: the reader can't follow"),
+            std::string::npos);
         EXPECT_NE(guess.summary.find("byte 10000, behind extended text headers"), std::string::npos);
         EXPECT_TRUE(isSame(guess.parm, oddSettings())) << "nothing is set";
     }
@@ -337,7 +344,8 @@ TEST(SegyGuess, AReelCountOfOneTraceIsReplacedByTheLargestEnsemble)
     file.put<int16_t>(3212, 1);
     const SegyGuess guess = guessOf(file.bytes);
     EXPECT_EQ(guess.parm.maxtr, 3);
-    EXPECT_EQ(fact(guess, "Traces per ensemble").choice, "3: by the reel an ensemble would end after 1 trace");
+    EXPECT_EQ(fact(guess, "Traces per ensemble").choice,
+              "3: by the reel an ensemble would end after 1 trace");
     EXPECT_EQ(guess.parm.isort, 1);
 }
 
@@ -352,7 +360,8 @@ TEST(SegyGuess, ACutFileKeepsItsLayoutAndSaysSo)
         EXPECT_EQ(guess.search.layout.nTraces, 5);
         EXPECT_EQ(guess.search.layout.tailBytes, 280 - int64_t(cut));
         EXPECT_EQ(guess.parm.nsamp, 10);
-        EXPECT_NE(fact(guess, "Trace length").choice.find("5 whole traces: the file is cut"), std::string::npos);
+        EXPECT_NE(fact(guess, "Trace length").choice.find("5 whole traces: the file is cut"),
+                  std::string::npos);
     }
 }
 
@@ -386,8 +395,9 @@ TEST(SegyGuess, TracesOfVariableLengthAreFollowedAndThenOpen)
         const QTemporaryDir folder;
         const std::string path = file.save(folder.filePath("variable.sgy").toStdString());
         CollectReport report;
-        SegyLoader loader(1, QString::fromStdString(path), 0, guess.parm.isort, guess.parm.itype, guess.parm.iformat,
-                          guess.parm.ivariable, 1, 0, 0, guess.parm.nsamp, guess.parm.maxtr, guess.parm.srate, 0, 1, true, &report);
+        SegyLoader loader(1, QString::fromStdString(path), 0, guess.parm.isort, guess.parm.itype,
+                          guess.parm.iformat, guess.parm.ivariable, 1, 0, 0, guess.parm.nsamp,
+                          guess.parm.maxtr, guess.parm.srate, 0, 1, true, &report);
         ASSERT_TRUE(loader.openFiles()) << report.text;
         loader.initBuild();
         EXPECT_EQ(loader.getTotalTraces(), 7);
@@ -410,16 +420,21 @@ TEST(SegyGuess, WhatIsNoSegyIsSaidAndNothingIsSet)
         const char* name;
         std::vector<char> bytes;
         const char* summary;
-    } cases[] = {{"empty", {}, "The file is empty."},
-                 {"one byte", {'x'}, "The file is too small to be SEG-Y."},
-                 {"3599 bytes", {whole.bytes.begin(), whole.bytes.begin() + 3599}, "The file is too small to be SEG-Y."},
-                 {"a reel alone", {whole.bytes.begin(), whole.bytes.begin() + 3600}, "The file holds no trace."},
-                 {"a reel and a part of a header", {whole.bytes.begin(), whole.bytes.begin() + 3700}, "The file holds no trace."},
-                 {"garbage", garbage, "No SEG-Y layout fits this file."},
-                 {"zeros", zeros, "No SEG-Y layout fits this file."},
-                 {"text", text, "No SEG-Y layout fits this file."},
-                 {"SU", su, "This is an SU file"},
-                 {"SEG-2", {'\x55', '\x3a', 1, 0}, "This is a SEG-2 record"}};
+    } cases[] = {
+        {"empty", {}, "The file is empty."},
+        {"one byte", {'x'}, "The file is too small to be SEG-Y."},
+        {"3599 bytes",
+         {whole.bytes.begin(), whole.bytes.begin() + 3599},
+         "The file is too small to be SEG-Y."},
+        {"a reel alone", {whole.bytes.begin(), whole.bytes.begin() + 3600}, "The file holds no trace."},
+        {"a reel and a part of a header",
+         {whole.bytes.begin(), whole.bytes.begin() + 3700},
+         "The file holds no trace."},
+        {"garbage", garbage, "No SEG-Y layout fits this file."},
+        {"zeros", zeros, "No SEG-Y layout fits this file."},
+        {"text", text, "No SEG-Y layout fits this file."},
+        {"SU", su, "This is an SU file"},
+        {"SEG-2", {'\x55', '\x3a', 1, 0}, "This is a SEG-2 record"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         const SegyGuess guess = guessOf(c.bytes, oddSettings());
@@ -470,6 +485,58 @@ TEST(SegyGuess, TheTraceHeaderGivesCountAndIntervalThatTheReelHasNot)
     EXPECT_EQ(guess.parm.srate, 2.0f);
     EXPECT_EQ(fact(guess, "Sample interval").choice, "2 ms (from the trace header)");
     EXPECT_EQ(fact(guess, "Samples").choice, "10 (against the reel)");
+}
+
+TEST(SegyGuess, ACountThatAllWordsTellWronglyIsFoundByTheDistanceOfTheHeaders)
+{
+    for (bool isBigEndian : {true, false}) {
+        SegyBuilder file = noiseFile(5, isBigEndian, 1.0, ieeeBits); // 50 samples
+        file.put<int16_t>(3220, 77);
+        for (size_t i = 0; i < 24; ++i) file.setHeader<int16_t>(i, 114, 1500);
+        const SegyGuess guess = guessOf(file.bytes);
+        EXPECT_EQ(guess.parm.nsamp, 50);
+        EXPECT_EQ(guess.search.layout.nTraces, 24);
+        EXPECT_EQ(fact(guess, "Samples").choice,
+                  "50 (against all words: so far apart are the trace headers)");
+        EXPECT_EQ(guess.parm.itype, isBigEndian ? 0 : 1);
+    }
+}
+
+TEST(SegyGuess, OfALongFileASampleOfItsHeadersServes)
+{
+    SegyBuilder file(1, 5);
+    file.put<int16_t>(3212, 1);
+    for (size_t i = 0; i < 10000; ++i) {
+        file.addTrace(std::vector<float>{1.0f});
+        fillHeader(&file, i, 1 + int(i) / 100, 1 + int(i) % 100, 1);
+    }
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.search.layout.nTraces, 10000);
+    EXPECT_EQ(guess.sample.count(), 4096u);
+    EXPECT_EQ(guess.parm.isort, 1);
+    EXPECT_EQ(guess.parm.maxtr, 200) << "twice the largest that was seen: the others may be larger";
+    EXPECT_EQ(guess.parm.indexbuilt, 0) << "an ensemble that the sample cuts is not in pieces";
+}
+
+TEST(SegyGuess, SamplesOfVariableTracesAreCountedOutsideTheHeaders)
+{
+    SegyBuilder file(40, 1);
+    Noise noise;
+    for (size_t i = 0; i < 20; ++i) {
+        const size_t n = 20 + i;
+        std::vector<uint32_t> words(n);
+        for (uint32_t& word : words) word = ieeeBits(noise.next());
+        file.addTrace(words);
+        fillHeader(&file, i, 1, int(i) + 1, int(n));
+    }
+    const MemorySource source(file.bytes.data(), file.bytes.size());
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.parm.ivariable, 1);
+    EXPECT_EQ(guess.parm.iformat, ChooseIeee);
+    SegySampleStatistics statistics;
+    std::string error;
+    ASSERT_EQ(countSegySamples(source, guess.search.layout, &statistics, &error), 1);
+    EXPECT_EQ(statistics.nSamples, 590) << "20 + 21 + ... + 39";
 }
 
 TEST(SegyGuess, AnIntervalThatNoHeaderTellsHasToBeTyped)
@@ -538,31 +605,37 @@ struct Geometry {
 };
 
 const Geometry geometries[] = {
-    {"shots", 1, 4, [](SegyBuilder* f, size_t i) {
+    {"shots", 1, 4,
+     [](SegyBuilder* f, size_t i) {
          f->setHeader<int32_t>(i, 8, 100 + int(i) / 4);
          f->setHeader<int32_t>(i, 12, 1 + int(i) % 4);
          f->setHeader<int32_t>(i, 20, 500 + int(i) % 4 + int(i) / 4);
      }},
-    {"CMP gathers", 4, 3, [](SegyBuilder* f, size_t i) {
+    {"CMP gathers", 4, 3,
+     [](SegyBuilder* f, size_t i) {
          f->setHeader<int32_t>(i, 8, 100 + int(i * 7 % 12));
          f->setHeader<int32_t>(i, 20, 500 + int(i) / 3);
          f->setHeader<int32_t>(i, 36, 50 * (int(i) % 3));
      }},
     {"a stack", 5, 12, [](SegyBuilder* f, size_t i) { f->setHeader<int32_t>(i, 20, 500 + int(i)); }},
-    {"inlines stacked", 9, 4, [](SegyBuilder* f, size_t i) {
+    {"inlines stacked", 9, 4,
+     [](SegyBuilder* f, size_t i) {
          f->setHeader<int32_t>(i, 188, 10 + int(i) / 4);
          f->setHeader<int32_t>(i, 192, 70 + int(i) % 4);
      }},
-    {"crosslines stacked", 10, 4, [](SegyBuilder* f, size_t i) {
+    {"crosslines stacked", 10, 4,
+     [](SegyBuilder* f, size_t i) {
          f->setHeader<int32_t>(i, 188, 10 + int(i) % 4);
          f->setHeader<int32_t>(i, 192, 70 + int(i) / 4);
      }},
-    {"inline gathers", 7, 6, [](SegyBuilder* f, size_t i) {
+    {"inline gathers", 7, 6,
+     [](SegyBuilder* f, size_t i) {
          f->setHeader<int32_t>(i, 188, 10 + int(i) / 6);
          f->setHeader<int32_t>(i, 192, 70 + int(i) % 6 / 2);
          f->setHeader<int32_t>(i, 36, 100 * (int(i) % 2));
      }},
-    {"crossline gathers", 8, 6, [](SegyBuilder* f, size_t i) {
+    {"crossline gathers", 8, 6,
+     [](SegyBuilder* f, size_t i) {
          f->setHeader<int32_t>(i, 188, 10 + int(i) % 6 / 2);
          f->setHeader<int32_t>(i, 192, 70 + int(i) / 6);
          f->setHeader<int32_t>(i, 36, 100 * (int(i) % 2));

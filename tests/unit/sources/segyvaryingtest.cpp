@@ -62,7 +62,7 @@ TEST(SegyVarying, WordsAreClassifiedByWhatTheyDo)
             const char* field;
         } expected[] = {
             {1, 4, SegyBehaviour::CountsUp, "steps of 1", "Trace in line"},
-            {9, 4, SegyBehaviour::RepeatsByEnsemble, "5 values, each for 24 traces", "Field record"},
+            {9, 4, SegyBehaviour::RepeatsByEnsemble, "5 values of 24 traces", "Field record"},
             {13, 4, SegyBehaviour::CountsUp, "steps of 1, 24 in a row", "Channel"},
             {37, 4, SegyBehaviour::CountsUp, "steps of 25, 24 in a row", "Offset"},
             {41, 4, SegyBehaviour::Varies, "", "Receiver elevation"},
@@ -85,7 +85,8 @@ TEST(SegyVarying, WordsAreClassifiedByWhatTheyDo)
         EXPECT_EQ(wordAt(ranking, 9, 4)->least, 300);
         EXPECT_EQ(wordAt(ranking, 9, 4)->most, 308);
         EXPECT_EQ(wordAt(ranking, 9, 4)->nDistinct, 5);
-        for (size_t i = 1; i < ranking.size(); ++i) EXPECT_LE(ranking[i - 1].behaviour, ranking[i].behaviour) << "ranked";
+        for (size_t i = 1; i < ranking.size(); ++i)
+            EXPECT_LE(ranking[i - 1].behaviour, ranking[i].behaviour) << "ranked";
     }
 }
 

@@ -73,11 +73,12 @@ TEST_F(SegyCommand, HeadersPrintsTheRanking)
     const Answer answer = run({"segy", "headers", goodFile()});
     EXPECT_EQ(answer.code, 0);
     EXPECT_THAT(answer.out, HasSubstr("6 of 6 trace headers\n"));
-    const size_t field = answer.out.find("   9     4  repeats by ensemble"), channel = answer.out.find("  13     4  counts up");
+    const size_t field = answer.out.find("   9     4  repeats by ensemble"),
+                 channel = answer.out.find("  13     4  counts up");
     ASSERT_NE(field, std::string::npos) << answer.out;
     ASSERT_NE(channel, std::string::npos);
     EXPECT_LT(field, channel);
-    EXPECT_THAT(answer.out, HasSubstr("2 values, each for 3 traces"));
+    EXPECT_THAT(answer.out, HasSubstr("2 values of 3 traces"));
 }
 
 TEST_F(SegyCommand, AFileProblemNamesFileAndReasonAndEndsWithOne)
@@ -91,8 +92,10 @@ TEST_F(SegyCommand, AFileProblemNamesFileAndReasonAndEndsWithOne)
         EXPECT_EQ(answer.error, "trevia segy: " + absent + ": No such file or directory\n");
         EXPECT_EQ(answer.out, "");
         EXPECT_EQ(run({"segy", what, path("empty.sgy")}).code, 1);
-        EXPECT_EQ(run({"segy", what, path("empty.sgy")}).error, "trevia segy: " + path("empty.sgy") + ": The file is empty.\n");
-        EXPECT_EQ(run({"segy", what, path("reel.sgy")}).error, "trevia segy: " + path("reel.sgy") + ": The file holds no trace.\n");
+        EXPECT_EQ(run({"segy", what, path("empty.sgy")}).error,
+                  "trevia segy: " + path("empty.sgy") + ": The file is empty.\n");
+        EXPECT_EQ(run({"segy", what, path("reel.sgy")}).error,
+                  "trevia segy: " + path("reel.sgy") + ": The file holds no trace.\n");
         EXPECT_EQ(run({"segy", what, _folder.path().toStdString()}).code, 1) << "a folder";
     }
 }
@@ -108,15 +111,20 @@ TEST_F(SegyCommand, AFileThatTheReaderCannotFollowIsNoFailure)
     }
     const Answer answer = run({"segy", "guess", file.save(path("extended.sgy"))});
     EXPECT_EQ(answer.code, 0);
-    EXPECT_THAT(answer.out, HasSubstr("The reader can't follow this file: the first trace stands at byte 6800"));
+    EXPECT_THAT(answer.out,
+                HasSubstr("The reader can't follow this file: the first trace stands at byte 6800"));
     EXPECT_EQ(answer.out.find("Settings of the SEGY Menu"), std::string::npos);
     EXPECT_THAT(run({"segy", "headers", path("extended.sgy")}).out, HasSubstr("4 of 4 trace headers"));
 }
 
 TEST_F(SegyCommand, AWrongCallShowsTheHelpAndEndsWithTwo)
 {
-    const std::vector<std::string> wrong[] = {{"segy"},          {"segy", "guess"}, {"segy", "headers"},
-                                              {"segy", "guess", "a", "b"}, {"segy", "draw", "a"}, {"segy", "guess", "--all"},
+    const std::vector<std::string> wrong[] = {{"segy"},
+                                              {"segy", "guess"},
+                                              {"segy", "headers"},
+                                              {"segy", "guess", "a", "b"},
+                                              {"segy", "draw", "a"},
+                                              {"segy", "guess", "--all"},
                                               {"segy", "guess", ""}};
     for (const auto& arguments : wrong) {
         const Answer answer = run(arguments);
@@ -129,7 +137,9 @@ TEST_F(SegyCommand, AWrongCallShowsTheHelpAndEndsWithTwo)
 
 TEST_F(SegyCommand, HelpIsAnAnswer)
 {
-    for (const auto& arguments : {std::vector<std::string>{"segy", "--help"}, {"segy", "guess", "--help"}, {"segy", "headers", "a", "--help"}}) {
+    for (const auto& arguments : {std::vector<std::string>{"segy", "--help"},
+                                  {"segy", "guess", "--help"},
+                                  {"segy", "headers", "a", "--help"}}) {
         const Answer answer = run(arguments);
         EXPECT_EQ(answer.code, 0);
         EXPECT_THAT(answer.out, StartsWith("Usage: trevia segy guess FILE\n"));
