@@ -247,13 +247,17 @@ void Guesser::addFormatOfFloats(const SegySampleStatistics& statistics)
                      : kind == SegySampleKind::Integer4 ? ChooseInteger4
                                                         : told;
     _guess->parm.iformat = seen;
-    std::string evidence = formatted(
-        "code %d; of %lld samples %lld are not 0, %.3g %% of these begin with byte 00 or FF; where "
-        "bit 23 is 0, bits 22-20 are 0 in %.3g %% (normalised IBM: 0, IEEE: about 17), over %d exponents",
-        code, wide(statistics.nSamples), wide(statistics.nNonZero),
-        statistics.nNonZero > 0 ? 100.0 * double(statistics.nSmallInteger) / double(statistics.nNonZero)
-                                : 0.0,
-        100.0 * statistics.unnormalisedShare(), statistics.nEvenExponents);
+    std::string evidence = formatted("code %d; ", code);
+    if (statistics.nNonZero == 0)
+        evidence += formatted("all %lld samples that were looked at are 0", wide(statistics.nSamples));
+    else
+        evidence += formatted(
+            "of %lld samples %lld are not 0, %.3g %% of these begin with byte 00 or FF; where bit 23 "
+            "is 0, bits 22-20 are 0 in %.3g %% (normalised IBM: 0, IEEE: about 17), over %d %s",
+            wide(statistics.nSamples), wide(statistics.nNonZero),
+            100.0 * double(statistics.nSmallInteger) / double(statistics.nNonZero),
+            100.0 * statistics.unnormalisedShare(), statistics.nEvenExponents,
+            statistics.nEvenExponents == 1 ? "exponent" : "exponents");
     if (!_text.formatLine.empty()) evidence += formatted("; the text says \"%s\"", _text.formatLine.c_str());
     const char* name = segyFormatChoices()[size_t(seen)].c_str();
     std::string choice;

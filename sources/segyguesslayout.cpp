@@ -274,8 +274,13 @@ bool LayoutTrial::walk(SegyLayout* layout, int interval)
     layout->nTraces = 0;
     layout->tailBytes = 0;
     double sum = 0.0;
+    int nScored = 0;
     while (offset < _source.size() && layout->nTraces < mostWalked) {
-        if (!header(offset, &present)) return false;
+        if (!header(offset, &present)) {
+            if (_hasFailed) return false;
+            layout->tailBytes = _source.size() - offset;
+            break;
+        }
         present.rank = layout->nTraces;
         if (layout->nTraces == 0) first = present;
         const int count = present.uint16(114, layout->isBigEndian);
@@ -284,6 +289,7 @@ bool LayoutTrial::walk(SegyLayout* layout, int interval)
         least = std::min(least, count);
         most = std::max(most, count);
         sum += score;
+        ++nScored;
         const int64_t next = offset + layout->headerBytes + int64_t(count) * layout->sampleBytes;
         if (next > _source.size()) {
             layout->tailBytes = _source.size() - offset;
@@ -294,8 +300,7 @@ bool LayoutTrial::walk(SegyLayout* layout, int interval)
     }
     layout->isWalkWhole = offset >= _source.size() || layout->tailBytes > 0;
     layout->nSamples = most;
-    layout->plausibility =
-        layout->nTraces > 0 ? sum / double(layout->nTraces + (layout->tailBytes > 0)) : 0.0;
+    layout->plausibility = nScored > 0 ? sum / double(nScored) : 0.0;
     return layout->nTraces > 1 && least < most;
 }
 

@@ -270,6 +270,12 @@ bool isLikeCoordinate(const Candidate& candidate)
     return isSmooth && largest(word) >= 10000;
 }
 
+/// Three digits, but whole numbers whole.
+std::string average(double value)
+{
+    return formatted(value < 1000.0 ? "%.3g" : "%.0f", value);
+}
+
 void classify(Candidate* candidate, bool hasPartner)
 {
     SegyVaryingWord& word = candidate->word;
@@ -278,29 +284,26 @@ void classify(Candidate* candidate, bool hasPartner)
     const bool isGiven = isCoordinateField(word.byte) && word.width == 4;
     if (word.nDistinct == 1) {
         word.behaviour = SegyBehaviour::Constant;
-        word.evidence = formatted("%d in all headers", word.first);
+        word.evidence = std::to_string(word.first) + " in all headers";
     } else if (isGiven || (isLikeCoordinate(*candidate) && hasPartner)) {
         word.behaviour = SegyBehaviour::Coordinates;
         word.share = isLikeCoordinate(*candidate) ? 1.0 : 0.5;
-        word.evidence = candidate->run >= 1.5
-                            ? formatted("%.3g traces each, steps of %.3g", candidate->run, steps.mean)
-                            : formatted("steps of %.3g%s", steps.mean, isGiven ? "" : ", like its neighbour");
+        word.evidence = "steps of " + average(steps.mean);
+        if (candidate->run >= 1.5) word.evidence = average(candidate->run) + " traces each, " + word.evidence;
+        else if (!isGiven) word.evidence += ", like its neighbour";
     } else if (steps.nZero > 0 && candidate->run >= 1.5) {
         word.behaviour = SegyBehaviour::RepeatsByEnsemble;
         word.share = double(steps.nZero) / nSteps;
-        word.evidence =
-            formatted("%lld values of %.3g traces", static_cast<long long>(word.nDistinct), candidate->run);
+        word.evidence = std::to_string(word.nDistinct) + " values of " + average(candidate->run) + " traces";
     } else if (double(steps.nUsual) >= 0.7 * nSteps) {
         word.behaviour = SegyBehaviour::CountsUp;
         word.share = double(steps.nUsual) / nSteps;
-        const std::string restarts =
-            steps.nRestarts > 0
-                ? formatted(", %.3g in a row", double(steps.n + 1) / double(steps.nRestarts + 1))
-                : std::string();
-        word.evidence = formatted("steps of %lld%s", static_cast<long long>(steps.usual), restarts.c_str());
+        word.evidence = "steps of " + std::to_string(steps.usual);
+        if (steps.nRestarts > 0)
+            word.evidence += ", " + average(double(steps.n + 1) / double(steps.nRestarts + 1)) + " in a row";
     } else {
         word.behaviour = SegyBehaviour::Varies;
-        word.evidence = formatted("%lld values, no steady step", static_cast<long long>(word.nDistinct));
+        word.evidence = std::to_string(word.nDistinct) + " values, no steady step";
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <set>
 
@@ -224,6 +225,55 @@ TEST(SegyGuessFiles, TextHeadersDelaysAndScalarsAreWhatTheReadmeSays)
         {"single-traces/00001034_first_trace.sgy", "Sample format", "IEEE: against the code, which says IBM"},
     };
     for (const auto& c : cases) EXPECT_EQ(choice(guessOf(c.name), c.what).find(c.begins), 0u) << c.name << ": " << choice(guessOf(c.name), c.what);
+}
+
+TEST(SegyGuessFiles, TheRankingFindsTheWordsThatTheReadmeNames)
+{
+    SKIP_WITHOUT_TEST_DATA();
+    static const struct {
+        const char* name;
+        int byte;
+        SegyBehaviour behaviour;
+        int least, most;
+    } cases[] = {
+        {"prestack-marine/viking_small.segy", 9, SegyBehaviour::RepeatsByEnsemble, 3, 6},
+        {"prestack-marine/viking_small.segy", 13, SegyBehaviour::CountsUp, 1, 120},
+        {"prestack-marine/viking_small.segy", 37, SegyBehaviour::CountsUp, -3237, -262},
+        {"prestack-marine/viking_small.segy", 71, SegyBehaviour::Constant, 1, 1},
+        {"poststack-3d/F3_very_small.sgy", 189, SegyBehaviour::RepeatsByEnsemble, 200, 210},
+        {"poststack-3d/F3_very_small.sgy", 193, SegyBehaviour::CountsUp, 400, 410},
+        {"cdp-gathers/cdp601to605.sgy", 21, SegyBehaviour::RepeatsByEnsemble, 601, 605},
+        {"first-breaks/hammer_profile_a.sgy", 13, SegyBehaviour::CountsUp, 1, 60},
+        {"poststack-2d/RIV6.segy", 21, SegyBehaviour::CountsUp, 1, 514},
+        {"poststack-2d/small_stack.sgy", 21, SegyBehaviour::CountsUp, 1000, 1019},
+        {"prestack-land/land_shot_3360.sgy", 9, SegyBehaviour::Constant, 3360, 3360},
+        {"prestack-land/land_shot_3360.sgy", 71, SegyBehaviour::Constant, 32, 32},
+        {"odd-headers/shot-gather.sgy", 9, SegyBehaviour::RepeatsByEnsemble, 2, 8},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.name << " byte " << c.byte);
+        const std::vector<SegyVaryingWord> ranking = rankSegyWords(guessOf(c.name).sample);
+        const auto word = std::find_if(ranking.begin(), ranking.end(), [&](const auto& w) { return w.byte == c.byte; });
+        ASSERT_NE(word, ranking.end());
+        EXPECT_EQ(word->behaviour, c.behaviour) << word->evidence;
+        EXPECT_EQ(word->least, c.least);
+        EXPECT_EQ(word->most, c.most);
+    }
+    // Coordinates of receivers, of traces, of CDPs. The land shot has midpoints where water depths belong: in its
+    // first trace 755651 and 4282582, which is half way from 757932, 4282268 to 753370, 4282896.
+    static const struct {
+        const char* name;
+        std::vector<int> bytes;
+    } coordinates[] = {{"prestack-land/land_shot_3360.sgy", {61, 65, 81, 85}},
+                       {"poststack-2d/RIV6.segy", {73, 77, 81, 85}},
+                       {"poststack-3d/F3_very_small.sgy", {73, 77, 181, 185}},
+                       {"odd-headers/small-2d.sgy", {181, 185}}};
+    for (const auto& c : coordinates) {
+        std::vector<int> found;
+        for (const SegyVaryingWord& word : rankSegyWords(guessOf(c.name).sample))
+            if (word.behaviour == SegyBehaviour::Coordinates) found.push_back(word.byte);
+        EXPECT_EQ(found, c.bytes) << c.name;
+    }
 }
 
 TEST(SegyGuessFiles, WhatIsNoSegyIsRecognised)

@@ -409,6 +409,25 @@ TEST(SegyGuess, TracesOfVariableLengthAreFollowedAndThenOpen)
     }
 }
 
+TEST(SegyGuess, TracesOfVariableLengthAreFollowedToTheCut)
+{
+    SegyBuilder file(30, 5);
+    const int lengths[] = {30, 25, 41, 12};
+    for (size_t i = 0; i < std::size(lengths); ++i) {
+        file.addTrace(std::vector<float>(size_t(lengths[i]), 2.5f));
+        fillHeader(&file, i, 3, int(i) + 1, lengths[i]);
+    }
+    const int64_t last = 240 + 12 * 4;
+    for (int64_t cut : {int64_t(1), int64_t(47), int64_t(100), last - 1}) {
+        SCOPED_TRACE(cut);
+        const SegyGuess guess = guessOf({file.bytes.begin(), file.bytes.end() - cut});
+        EXPECT_EQ(guess.parm.ivariable, 1);
+        EXPECT_EQ(guess.search.layout.nTraces, 3);
+        EXPECT_EQ(guess.search.layout.tailBytes, last - cut);
+        EXPECT_NE(fact(guess, "Trace length").evidence.find("cut by the end of the file"), std::string::npos);
+    }
+}
+
 TEST(SegyGuess, WhatIsNoSegyIsSaidAndNothingIsSet)
 {
     const SegyBuilder whole = smallFile();
