@@ -126,10 +126,13 @@ void Guesser::addByteOrder()
         return formatted("%d%s", c.format, c.isFormatKnown() ? "" : " (unknown)");
     };
     _guess->parm.itype = _layout.isBigEndian ? 0 : 1;
-    add("Byte order",
+    std::string evidence =
         formatted("format code %s big-endian, %s little-endian; samples %d or %d, interval %d or %d us",
                   told(big).c_str(), told(little).c_str(), big.nSamples, little.nSamples, big.interval,
-                  little.interval),
+                  little.interval);
+    if (big.isOrderTold || little.isOrderTold)
+        evidence += "; the byte-order constant says " + orderName(big.isOrderTold);
+    add("Byte order", evidence,
         orderName(_layout.isBigEndian) + ": SEGY file type " + (_layout.isBigEndian ? "Standard" : "MSDOS"));
 }
 

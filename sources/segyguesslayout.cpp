@@ -107,6 +107,7 @@ static SegyReelClaims claimsOf(const unsigned char* reel, bool isBigEndian)
         claims.nExtraHeaders = wideExtra;
     const auto longSamples = int32_t(uint32_t(number(reel + 3268, 4, isBigEndian)));
     if (claims.revision >= 2 && isWithin(longSamples, 1, mostSamples)) claims.longSamples = longSamples;
+    claims.isOrderTold = number(reel + 3296, 4, isBigEndian) == 0x01020304;
     const auto first = int64_t(number(reel + 3520, 8, isBigEndian));
     if (claims.revision >= 2 && first >= segyReelBytes) claims.firstTrace = first;
     return claims;
@@ -256,7 +257,7 @@ void LayoutTrial::tryOrder(bool isBigEndian)
                     layout.sampleBytes = width;
                     layout.formatCode = claims.format;
                     const bool isInterval = claims.interval > 0;
-                    tryRecord(layout, 1.0 * claims.isFormatKnown() +
+                    tryRecord(layout, 1.0 * claims.isFormatKnown() + 1.0 * claims.isOrderTold +
                                           2.0 * (width == told || (isSix && width == 1)) +
                                           0.25 * (count == claims.nSamples) + 0.25 * isInterval +
                                           0.25 * (start != segyReelBytes) +

@@ -45,10 +45,11 @@ struct SegyReelClaims {
     int longSamples = 0; ///< of revision 2, 0 if absent
     int interval = 0;    ///< microseconds, signed
     int nTraces = 0, nAux = 0, sort = 0;
-    int revision = 0;       ///< major number; 0 for what is no revision
-    int nExtendedText = 0;  ///< -1: told by an end stanza
-    int nExtraHeaders = 0;  ///< of 240 bytes, behind each trace header
-    int64_t firstTrace = 0; ///< of revision 2, 0 if absent
+    int revision = 0;         ///< major number; 0 for what is no revision
+    int nExtendedText = 0;    ///< -1: told by an end stanza
+    int nExtraHeaders = 0;    ///< of 240 bytes, behind each trace header
+    int64_t firstTrace = 0;   ///< of revision 2, 0 if absent
+    bool isOrderTold = false; ///< the byte-order constant at byte 3297 reads 01020304
     bool isFormatKnown() const { return format >= 1 && format <= 16 && format != 13 && format != 14; }
 };
 

@@ -240,6 +240,18 @@ TEST(SegyGuess, AnUnknownCodeIsLeftToTheSamples)
     EXPECT_NE(fact(guess, "Sample format").choice.find("undecidable"), std::string::npos);
 }
 
+TEST(SegyGuess, TheByteOrderConstantIsHeard)
+{
+    for (bool isBigEndian : {true, false}) {
+        SegyBuilder file = smallFile(isBigEndian);
+        EXPECT_EQ(fact(guessOf(file.bytes), "Byte order").evidence.find("constant"), std::string::npos);
+        file.put<int32_t>(3296, 0x01020304);
+        const std::string evidence = fact(guessOf(file.bytes), "Byte order").evidence;
+        const std::string end = isBigEndian ? "constant says big-endian" : "constant says little-endian";
+        EXPECT_NE(evidence.find(end), std::string::npos) << evidence;
+    }
+}
+
 TEST(SegyGuess, TheTextHeaderIsKnownByItsLetters)
 {
     const std::string client = "\xC3\xD3\xC9\xC5\xD5\xE3\x40"; // CLIENT in EBCDIC
