@@ -284,7 +284,7 @@ void classify(Candidate* candidate, bool hasPartner)
     const bool isGiven = isCoordinateField(word.byte) && word.width == 4;
     if (word.nDistinct == 1) {
         word.behaviour = SegyBehaviour::Constant;
-        word.evidence = std::to_string(word.first) + " in all headers";
+        word.evidence = "never changes";
     } else if (isGiven || (isLikeCoordinate(*candidate) && hasPartner)) {
         word.behaviour = SegyBehaviour::Coordinates;
         word.share = isLikeCoordinate(*candidate) ? 1.0 : 0.5;

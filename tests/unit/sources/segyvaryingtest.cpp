@@ -66,7 +66,7 @@ TEST(SegyVarying, WordsAreClassifiedByWhatTheyDo)
             {13, 4, SegyBehaviour::CountsUp, "steps of 1, 24 in a row", "Channel"},
             {37, 4, SegyBehaviour::CountsUp, "steps of 25, 24 in a row", "Offset"},
             {41, 4, SegyBehaviour::Varies, "", "Receiver elevation"},
-            {71, 2, SegyBehaviour::Constant, "-100 in all headers", "Coordinate scalar"},
+            {71, 2, SegyBehaviour::Constant, "never changes", "Coordinate scalar"},
             {81, 4, SegyBehaviour::Coordinates, "", "Receiver X"},
             {205, 4, SegyBehaviour::Coordinates, "", "Transduction mantissa"},
             {209, 4, SegyBehaviour::Coordinates, "", ""},
