@@ -360,7 +360,7 @@ void LayoutTrial::tryVariable()
         layout.formatCode = claims.format;
         layout.sampleBytes = told;
         if (claims.nExtendedText > 0) layout.firstTrace += int64_t(claims.nExtendedText) * segyTextBytes;
-        if (!walk(&layout, claims.interval) || layout.plausibility < best.plausibility) continue;
+        if (!walk(&layout, claims.interval)) continue;
         _search->isFound = true;
         _search->layout = layout;
         _search->probes.assign(1, SegyRawHeader());
