@@ -35,6 +35,22 @@ QByteArray remapTableToText(const SegyRemapTable& table)
     return text;
 }
 
+int putRemapRow(SegyRemapTable* table, const QString& word, const QString& format, int startByte)
+{
+    int target = 0, filled = 0;
+    for (int row = 0; row < SegyRemapTable::nRows; ++row) {
+        const auto& cells = table->cells[size_t(row)];
+        for (const QString& cell : cells)
+            if (!cell.trimmed().isEmpty()) filled = row + 1;
+        const bool isSameWord = cells[SegyRemapTable::HeaderWord].trimmed().compare(word.trimmed(), Qt::CaseInsensitive) == 0;
+        if (isSameWord) target = row + 1;
+    }
+    if (target == 0) target = filled + 1;
+    if (target > SegyRemapTable::nRows) return 0;
+    table->cells[size_t(target - 1)] = {word.trimmed(), format, "IEEE", QString::number(startByte)};
+    return target;
+}
+
 int readRemapFile(const QString& path, SegyRemapTable* table, QString* error)
 {
     QFile file(path);

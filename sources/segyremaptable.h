@@ -28,6 +28,11 @@ SegyRemapTable remapTableFromText(const QByteArray& text);
 /// the start byte.
 QByteArray remapTableToText(const SegyRemapTable& table);
 
+/// Puts a row of integers into the table: in place of the last one for the same word, else behind the last one that
+/// is filled, so that it wins over the rows before it. Returns its number from 1; 0, with the table as it was, when
+/// there is no row left.
+int putRemapRow(SegyRemapTable* table, const QString& word, const QString& format, int startByte);
+
 /// Reads a remap file. Returns 1; 0 with the device's error text and *table as it was.
 int readRemapFile(const QString& path, SegyRemapTable* table, QString* error);
 /// Writes a remap file beside its name and renames it, so that a failed write keeps the old one.

@@ -1,6 +1,7 @@
 #include "trevia/subcommands.h"
 
 #include "trevia/democommand.h"
+#include "trevia/segycommand.h"
 
 #include <cstdio>
 
@@ -10,6 +11,7 @@ static const struct {
     const char* does;
 } commands[] = {
     {"demo", demoCommand, "make a survey whose every answer is known"},
+    {"segy", segyCommand, "say how a SEG-Y file is laid out, and what its trace headers hold"},
 };
 
 static void printList(std::FILE* out)

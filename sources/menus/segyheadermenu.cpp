@@ -1,9 +1,13 @@
 #include "sources/menus/segyheadermenu.h"
 
+#include "host/signal/bytes.h"
 #include "sources/menus/fixedfont.h"
 #include "sources/menus/segyheadertext.h"
+#include "sources/menus/segyvaryingview.h"
 #include "sources/segyloader.h"
 
+#include <QApplication>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -12,11 +16,12 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
-/// The views by _method.
+/// The views by _method; the last one is no view of a single header.
 static const struct {
     const char* label;
     const char* tip;
@@ -27,7 +32,33 @@ static const struct {
     {"Integer", "Each 4 bytes as an integer, in both byte orders", buildIntegerHeader},
     {"Float", "Each 4 bytes as IEEE and IBM floating point, in both byte orders", buildFloatHeader},
     {"Ascii", "Each byte as a character", buildAsciiHeader},
+    {"Varying", "The bytes of all headers, ranked by how they behave over the file", nullptr},
 };
+constexpr int varyingMethod = int(std::size(views)) - 1;
+
+static QStringList headerWordNames(SegyLoader* loader)
+{
+    QStringList names;
+    for (const QString& row : loader->segyHeader()->headerNames()) names += row.section("|", 0, 0);
+    return names;
+}
+
+/// Headers through a descriptor of their own, so that the next ensemble is read from where it was.
+static int readSample(SegyLoader* loader, SegyHeaderSample* sample, std::string* error)
+{
+    FileSource source;
+    if (!source.open(QFile::encodeName(loader->currentFile()).toStdString(), error)) return 0;
+    const segyMapItem* items = loader->getMapArray();
+    const int nTraces = loader->getTotalTraces();
+    std::vector<int64_t> offsetOfRank(size_t(nTraces), -1);
+    for (int i = 0; i < nTraces; ++i)
+        if (items[i].itrace < uint32_t(nTraces)) offsetOfRank[items[i].itrace] = int64_t(items[i].offset);
+    std::vector<int64_t> ranks = sampledRanks(nTraces), offsets;
+    for (int64_t rank : ranks) offsets.push_back(offsetOfRank[size_t(rank)]);
+    sample->isBigEndian = (loader->SegyData()->parm().iswap != 0) == littleEndian();
+    sample->nTraces = nTraces;
+    return readSegyHeaders(source, ranks, offsets, sample, error);
+}
 
 SegyHeaderMenu::SegyHeaderMenu(QWidget* parent) : QWidget(parent), _tfont(fixedFont())
 {
@@ -40,7 +71,13 @@ SegyHeaderMenu::SegyHeaderMenu(QWidget* parent) : QWidget(parent), _tfont(fixedF
     _textEdit->setLineWrapMode(QPlainTextEdit::NoWrap);
     _textEdit->setReadOnly(true);
     _textEdit->setToolTip(tr("The 240 bytes of the trace header"));
-    layout->addWidget(_textEdit);
+    _varyingView = new SegyVaryingView;
+    connect(_varyingView, &SegyVaryingView::rowTaken, this, &SegyHeaderMenu::remapRowTaken);
+    _viewStack = new QStackedWidget;
+    _viewStack->setObjectName("viewStack");
+    _viewStack->addWidget(_textEdit);
+    _viewStack->addWidget(_varyingView);
+    layout->addWidget(_viewStack);
     setFocusProxy(_spinBox);
 }
 
@@ -65,7 +102,7 @@ QWidget* SegyHeaderMenu::makeControls()
     traceRow->addWidget(_trcLabel);
     traceRow->addStretch();
     auto* viewRow = new QHBoxLayout;
-    QRadioButton** const radios[] = {&_radio1, &_radio2, &_radio3, &_radio4, &_radio5};
+    QRadioButton** const radios[] = {&_radio1, &_radio2, &_radio3, &_radio4, &_radio5, &_radio6};
     for (int i = 0; i < int(std::size(views)); ++i) {
         auto* radio = new QRadioButton(tr(views[i].label));
         radio->setObjectName(QString("radio%1").arg(i + 1));
@@ -86,6 +123,7 @@ void SegyHeaderMenu::newLoader(SegyLoader* loader)
 {
     _segyloader = loader;
     _newLoad = true;
+    _isRanked = false;
 }
 
 bool SegyHeaderMenu::openTraceTab()
@@ -116,6 +154,10 @@ void SegyHeaderMenu::startFile()
 void SegyHeaderMenu::loadHeader()
 {
     if (_newLoad) startFile();
+    if (_method == varyingMethod) {
+        rankHeaders();
+        return;
+    }
     if (!_segyloader || _iend == 0 || _segyloader->seekTrace(_icurrent - 1, _idata.data(), false) < 1) {
         _textEdit->clear();
         return;
@@ -133,9 +175,36 @@ void SegyHeaderMenu::changeHeader(int trace)
     loadHeader();
 }
 
+/// The ranking of the file's headers, in file order whatever the map is sorted by. Read anew for a new map only.
+void SegyHeaderMenu::rankHeaders()
+{
+    if (_isRanked && _iend > 0) return;
+    _varyingView->setRanking({}, QString());
+    if (!_segyloader || _iend == 0) return;
+    _varyingView->setWords(headerWordNames(_segyloader));
+    SegyHeaderSample sample;
+    std::string error;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const int isRead = readSample(_segyloader, &sample, &error);
+    const std::vector<SegyVaryingWord> ranking = isRead ? rankSegyWords(sample) : std::vector<SegyVaryingWord>();
+    QApplication::restoreOverrideCursor();
+    _varyingView->setRanking(
+        ranking, isRead ? tr("%1 of %2 trace headers. Words that are 0 in all of them are left out.").arg(sample.count()).arg(_iend)
+                        : tr("Cannot read file %1:\n%2.").arg(_segyloader->currentFile(), QString::fromStdString(error)));
+    _isRanked = isRead != 0;
+}
+
+void SegyHeaderMenu::showTakenRow(const QString& answer)
+{
+    _varyingView->showAnswer(answer);
+}
+
 void SegyHeaderMenu::changeMethod(int method)
 {
     _method = method;
+    const bool isVarying = method == varyingMethod;
+    _viewStack->setCurrentIndex(isVarying ? 1 : 0);
+    _spinBox->setEnabled(!isVarying);  // the ranking is of all traces
     loadHeader();
     _textEdit->verticalScrollBar()->setValue(0);  // lines of another view stand for other bytes
 }

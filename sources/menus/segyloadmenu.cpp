@@ -1,13 +1,17 @@
 #include "sources/menus/segyloadmenu.h"
 
+#include "sources/menus/segyguessdialog.h"
 #include "sources/menus/segymenuhost.h"
 #include "sources/menus/segyremapdialog.h"
+#include "sources/segyguesssettings.h"
 #include "sources/segyloader.h"
 #include "sources/segymapthread.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -34,6 +38,7 @@ SegyLoadMenu::SegyLoadMenu(SegyMenuHost* host, QWidget* parent) : QWidget(parent
     makeNumbers(grid);
     makeIndexRow(grid);
     makeRemapRow(grid);
+    makeGuessRow(grid);
     grid->setRowStretch(grid->rowCount(), 1);
     orderTabs();
     setFocusProxy(_fileField);
@@ -72,9 +77,8 @@ QComboBox* SegyLoadMenu::addCombo(QGridLayout* grid, const QString& label, const
 
 void SegyLoadMenu::makeCombos(QGridLayout* grid)
 {
-    const QStringList formats = {tr("Get From Data"),    tr("IEEE"),             tr("IBM"),
-                                 tr("Integer (4 byte)"), tr("Integer (2 byte)"), tr("Integer (1 byte)"),
-                                 tr("Integer W/Gain")};
+    QStringList formats;
+    for (const std::string& format : segyFormatChoices()) formats += tr(format.c_str());
     _sortBox = addCombo(grid, tr("Data sort order:"), "sortBox", QStringList(tr("Get From Data")) + segySortNames(),
                         tr("The key that makes an ensemble; \"Get From Data\" takes the sort code of the reel header"));
     _typeBox = addCombo(grid, tr("SEGY file type:"), "typeBox", {tr("Standard"), tr("MSDOS")},
@@ -162,11 +166,21 @@ void SegyLoadMenu::makeRemapRow(QGridLayout* grid)
     connect(_remapButton, &QPushButton::clicked, this, &SegyLoadMenu::changeRemapTable);
 }
 
+void SegyLoadMenu::makeGuessRow(QGridLayout* grid)
+{
+    _guessButton = new QPushButton(tr("Guess Settings"));
+    _guessButton->setObjectName("guessButton");
+    _guessButton->setToolTip(tr("Look at the file, fill the fields with what reads it, and show why"));
+    _guessButton->setAutoDefault(false);
+    grid->addWidget(_guessButton, grid->rowCount(), 1, Qt::AlignLeft);
+    connect(_guessButton, &QPushButton::clicked, this, &SegyLoadMenu::guessSettings);
+}
+
 void SegyLoadMenu::orderTabs()
 {
     QWidget* const order[] = {_fileField, _browseButton, _sortBox, _typeBox, _formatBox,   _maxVal,   _nsampVal,
                               _srateVal,  _variBox,      _coorBox, _elevBox, _indexBox,    _buttonBuild,
-                              _remapBox,  _remapButton};
+                              _remapBox,  _remapButton,  _guessButton};
     for (size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
@@ -313,14 +327,66 @@ void SegyLoadMenu::changeRemap(int state)
     if (SegyLoader* loader = _host->segyLoader()) loader->setRemapTable(state != 0 ? 1 : 0, remapTable());
 }
 
+void SegyLoadMenu::makeRemapDialog()
+{
+    if (_smt) return;
+    _smt = new SegyRemapDialog(this);
+    connect(_smt, &SegyRemapDialog::tableChanged, this, [this] { changeRemap(_remapBox->isChecked()); });
+}
+
 void SegyLoadMenu::changeRemapTable()
 {
-    if (!_smt) {
-        _smt = new SegyRemapDialog(this);
-        connect(_smt, &SegyRemapDialog::tableChanged, this, [this] { changeRemap(_remapBox->isChecked()); });
-    }
+    makeRemapDialog();
     _smt->show();
     _smt->raise();
     _smt->activateWindow();
     _remapBox->setChecked(true);
+}
+
+int SegyLoadMenu::takeRemapRow(const QString& word, const QString& format, int startByte)
+{
+    SegyRemapTable table = remapTable();
+    const int row = putRemapRow(&table, word, format, startByte);
+    if (row == 0) return 0;
+    makeRemapDialog();
+    _remapBox->setChecked(true);
+    _smt->setTable(table);
+    return row;
+}
+
+void SegyLoadMenu::guessSettings()
+{
+    const QString file = _fileField->text().section(",", 0, 0).trimmed();
+    if (file.isEmpty()) {
+        QMessageBox::warning(this, tr("Guess Settings"), tr("No file to look at is named."));
+        return;
+    }
+    const SegyLoadParm before = parm();
+    SegyGuess guess;
+    std::string error;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const int isRead = guessSegyFile(QFile::encodeName(file).toStdString(), before, &guess, &error);
+    QApplication::restoreOverrideCursor();
+    if (!isRead) {
+        QMessageBox::warning(this, tr("Guess Settings"), tr("Cannot read file %1:\n%2.").arg(file, QString::fromStdString(error)));
+        return;
+    }
+    _beforeGuess = before;
+    if (guess.verdict == SegyGuess::Read) setParm(guess.parm);
+    if (!_guessDialog) {
+        _guessDialog = new SegyGuessDialog(this);
+        connect(_guessDialog, &SegyGuessDialog::restoreAsked, this, &SegyLoadMenu::restoreSettings);
+    }
+    _guessDialog->setGuess(file, guess, before);
+    _guessDialog->show();
+    _guessDialog->raise();
+    _guessDialog->activateWindow();
+}
+
+void SegyLoadMenu::restoreSettings()
+{
+    SegyLoadParm before = _beforeGuess;
+    before.files = _fileField->text();
+    before.iremap = _remapBox->isChecked() ? 1 : 0;
+    setParm(before);
 }

@@ -13,12 +13,13 @@ class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class SegyGuessDialog;
 class SegyLoader;
 class SegyMenuHost;
 class SegyRemapDialog;
 
 /// Shows and gives a SegyLoadParm; empty number fields are 0, "from the reel". Besides, it starts the background
-/// build of the index and edits the remap table. The host is lent and outlives it.
+/// build of the index, edits the remap table and guesses the settings of a file. The host is lent and outlives it.
 class SegyLoadMenu : public QWidget
 {
     Q_OBJECT
@@ -36,8 +37,17 @@ public:
     /// A file is on the screen: the index may be built.
     void newLoader(SegyLoader* loader);
 
+    /// Puts a row into the remap table, in place of one for the same header word, else as its last one, and
+    /// switches remapping on. Returns its number from 1; 0 when the table is full and stays as it is.
+    int takeRemapRow(const QString& word, const QString& format, int startByte);
+
 public slots:
     void changeFiles();
+    /// Looks at the file named and fills the fields with what was found; a panel says why. What can't be read, or
+    /// be followed by the reader, leaves the fields as they are.
+    void guessSettings();
+    /// Brings the fields back that the last guess has changed.
+    void restoreSettings();
     void changeBuildIndex(int index);
     void buildIndexNow();
     void threadFinished();
@@ -55,6 +65,8 @@ private:
     void makeNumbers(QGridLayout* grid);
     void makeIndexRow(QGridLayout* grid);
     void makeRemapRow(QGridLayout* grid);
+    void makeGuessRow(QGridLayout* grid);
+    void makeRemapDialog();
     void orderTabs();
     QComboBox* addCombo(QGridLayout* grid, const QString& label, const char* name, const QStringList& values,
                         const QString& tip);
@@ -74,6 +86,9 @@ private:
     QLabel* _buildLabel;
     QCheckBox* _remapBox;
     QPushButton* _remapButton;
+    QPushButton* _guessButton;
+    SegyGuessDialog* _guessDialog = nullptr;  // child, made at the first guess
+    SegyLoadParm _beforeGuess;
     SegyRemapDialog* _smt = nullptr;  // child, made when the table is first asked for
     QString _homePath;
     int _buildIndex = 0;

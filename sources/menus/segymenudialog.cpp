@@ -42,6 +42,7 @@ SegyMenuDialog::SegyMenuDialog(SegyMenuHost* host, QWidget* parent) : QDialog(pa
     const int most = screen() ? screen()->availableGeometry().height() * 4 / 5 : INT_MAX;
     resize(metrics.averageCharWidth() * 90, std::min(metrics.height() * 50, most));
     connect(_tabWidget, &QTabWidget::currentChanged, this, &SegyMenuDialog::changeTab);
+    connect(_segyheadermenu, &SegyHeaderMenu::remapRowTaken, this, &SegyMenuDialog::takeRemapRow);
     changeTab(LoadTab);
     if (_host->segyLoader()) buildConnections(_host->segyLoader());
 }
@@ -100,6 +101,15 @@ void SegyMenuDialog::loadTabs()
     if (!_segyebcdicmenu->isEdited()) _segyebcdicmenu->loadEbcdic();
     _segybinarymenu->loadBinary();
     _segyheadermenu->loadHeader();
+}
+
+void SegyMenuDialog::takeRemapRow(const QString& word, const QString& format, int startByte)
+{
+    const int row = _segyloadmenu->takeRemapRow(word, format, startByte);
+    _segyheadermenu->showTakenRow(
+        row > 0 ? tr("Row %1 of the remap table: %2, %3, byte %4. The ensembles loaded next read it; the index does when it is built anew.")
+                      .arg(row).arg(word, format).arg(startByte)
+                : tr("The remap table has no row left; nothing was taken."));
 }
 
 void SegyMenuDialog::changeTab(int tab)

@@ -49,6 +49,7 @@ protected:
 
 private slots:
     void loadTabs();
+    void takeRemapRow(const QString& word, const QString& format, int startByte);
 
 private:
     QPushButton* addButton(const QString& text, const char* name, const QString& tip, bool isDismiss = false);

@@ -130,7 +130,7 @@ void SegyMenuTest::everyControlHasATipAndItsPlaceInTheTabOrder()
     MenuFixture menu;
     const char* const order[] = {"fileField", "browseButton", "sortBox", "typeBox",  "formatBox",
                                  "maxVal",    "nsampVal",     "srateVal", "variBox", "coorBox",
-                                 "elevBox",   "indexBox",     "remapBox", "remapButton"};  // no index to build yet
+                                 "elevBox",   "indexBox",     "remapBox", "remapButton", "guessButton"};  // no index to build yet
     menu.dialog->activateWindow();  // the file is asked for first
     QTRY_VERIFY(menu.edit("fileField")->hasFocus());
     for (const char* name : order) {
@@ -141,7 +141,7 @@ void SegyMenuTest::everyControlHasATipAndItsPlaceInTheTabOrder()
     QVERIFY(menu.edit("srateVal")->toolTip().contains("Milliseconds"));
     for (const char* name : {"buttonBuild", "openButton", "loadButton", "saveButton", "editButton", "dismissButton"})
         QVERIFY2(!menu.find<QPushButton>(name)->toolTip().isEmpty(), name);
-    for (const char* name : {"spinBox", "radio1", "radio2", "radio3", "radio4", "radio5"})
+    for (const char* name : {"spinBox", "radio1", "radio2", "radio3", "radio4", "radio5", "radio6"})
         QVERIFY2(!menu.find<QWidget>(name)->toolTip().isEmpty(), name);
 }
 

@@ -43,6 +43,33 @@ nasty = {
     "garbage": bytes(range(256)) * 20,
 }
 big = {"unsigned"}
+def variable(order):
+    head = reel(12, order=order)
+    return head + b"".join(trace(bytes(4 * n), n, 2000, 1, n, order=order) for n in (12, 7, 3, 11, 12))
+
+
+def changed(content, *words):
+    """A copy with (offset, format, value) written into it."""
+    copy = bytearray(content)
+    for offset, form, value in words:
+        struct.pack_into(form, copy, offset, value)
+    return bytes(copy)
+
+
+guesses = {
+    "variable": variable(">"), "variablelittle": variable("<"), "su": good[3600:], "seg2": b"\x55\x3a" + good,
+    "extended": changed(reel(), (3504, ">h", 1)) + b" " * 3200 + good[3600:],
+    "stanza": changed(reel(), (3504, ">h", -1)) + b"((SEG: EndText))".ljust(3200) + good[3600:],
+    "endless": changed(good, (3504, ">h", -1)), "manytexts": changed(good, (3504, ">h", 1000)),
+    "extraheaders": changed(good, (3500, ">h", 0x200), (3506, ">h", 100)),
+    "revision2": changed(good, (3500, ">h", 0x200), (3268, ">i", 0x7fffffff), (3520, ">Q", 0xffffffffffffffff)),
+    "firsttrace": changed(good, (3500, ">h", 0x200), (3520, ">Q", 3880), (3268, ">i", 10)),
+    "doubles": changed(reel(5, fmt=6), (3500, ">h", 0x200)) + b"".join(trace(bytes(40), 5) for i in range(4)),
+    "scalars": changed(good, (3600 + 70, ">h", -32768), (3600 + 68, ">h", -32768), (3600 + 72, ">i", -0x80000000)),
+    "interval": changed(good, (3216, ">h", -1), (3716, ">h", -1)), "ascii": reel(text=b"C IEEE FORMAT ") + good[3600:],
+}
+for name, content in list(nasty.items()) + list(guesses.items()):
+    if name != "unsigned": save("segyguessfuzz", name, content)
 for name, content in nasty.items():
     save("segyreelfuzz", name, content)
     if name in big:

@@ -84,3 +84,25 @@ TEST(SegyRemapTable, OnlyTheStartOfAHugeFileIsRead)
     ASSERT_EQ(readRemapFile(file.fileName(), &table, &error), 1);
     EXPECT_EQ(table.cells[0][0].size(), 1 << 16);
 }
+
+TEST(SegyRemapTable, ARowIsPutBehindTheLastOneOrInPlaceOfItsWord)
+{
+    SegyRemapTable table;
+    EXPECT_EQ(putRemapRow(&table, "FFID", "4I", 17), 1);
+    EXPECT_EQ(table.cells[0], (std::array<QString, 4>{"FFID", "4I", "IEEE", "17"}));
+    table.cells[4] = {"", "", "IBM", ""};  // begun by the user
+    EXPECT_EQ(putRemapRow(&table, "SOU_X   ", "4I", 73), 6) << "behind all that is filled, so that it wins";
+    EXPECT_EQ(table.cells[5][0], "SOU_X");
+    EXPECT_EQ(putRemapRow(&table, "ffid", "2I", 173), 1);
+    EXPECT_EQ(table.cells[0], (std::array<QString, 4>{"ffid", "2I", "IEEE", "173"}));
+}
+
+TEST(SegyRemapTable, AFullTableTakesNoNewWord)
+{
+    SegyRemapTable table;
+    for (int i = 0; i < 25; ++i) table.cells[size_t(i)] = {QString("W%1").arg(i), "4I", "IEEE", "9"};
+    const SegyRemapTable before = table;
+    EXPECT_EQ(putRemapRow(&table, "FFID", "4I", 17), 0);
+    EXPECT_TRUE(table == before);
+    EXPECT_EQ(putRemapRow(&table, "W24", "4I", 17), 25);
+}

@@ -1,0 +1,745 @@
+/// The guess of the settings, on files whose layout the test has made.
+#include "sources/segyguesssettings.h"
+#include "sources/segyloader.h"
+#include "tests/unit/sources/segybuilder.h"
+
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+
+namespace {
+
+SegyGuess guessOf(const std::vector<char>& bytes, const SegyLoadParm& before = SegyLoadParm())
+{
+    const MemorySource source(bytes.data(), bytes.size());
+    SegyGuess guess;
+    std::string error;
+    EXPECT_EQ(guessSegy(source, before, &guess, &error), 1) << error;
+    return guess;
+}
+
+const SegyGuessFact& fact(const SegyGuess& guess, const std::string& what)
+{
+    static const SegyGuessFact none;
+    for (const SegyGuessFact& f : guess.facts)
+        if (f.what == what) return f;
+    ADD_FAILURE() << "no fact " << what;
+    return none;
+}
+
+/// Noise of nearly normal distribution and unit deviation, always the same.
+class Noise
+{
+public:
+    double next()
+    {
+        double sum = 0.0;
+        for (int i = 0; i < 12; ++i) {
+            _state = _state * 6364136223846793005ull + 1442695040888963407ull;
+            sum += double(_state >> 11) / 9007199254740992.0;
+        }
+        return sum - 6.0;
+    }
+
+private:
+    uint64_t _state = 12345;
+};
+
+uint32_t ieeeBits(double value)
+{
+    const auto number = float(value);
+    uint32_t bits;
+    std::memcpy(&bits, &number, 4);
+    return bits;
+}
+
+/// A number in base 16 with excess 64, by its definition.
+uint32_t ibmBits(double value)
+{
+    if (value == 0.0) return 0;
+    uint32_t exponent = 64;
+    double fraction = std::fabs(value);
+    while (fraction >= 1.0) fraction /= 16.0, ++exponent;
+    while (fraction < 1.0 / 16.0) fraction *= 16.0, --exponent;
+    return (value < 0.0 ? 0x80000000u : 0u) | exponent << 24 | uint32_t(fraction * 16777216.0);
+}
+
+/// Fills the usual fields of a shot record: trace numbers, FFID, channel, trace id, count and interval.
+void fillHeader(SegyBuilder* file, size_t i, int ffid, int channel, int nSamples)
+{
+    file->setHeader<int32_t>(i, 0, int32_t(i) + 1);
+    file->setHeader<int32_t>(i, 4, int32_t(i) + 1);
+    file->setHeader<int32_t>(i, 8, ffid);
+    file->setHeader<int32_t>(i, 12, channel);
+    file->setHeader<int16_t>(i, 28, 1);
+    file->setHeader<int16_t>(i, 114, int16_t(nSamples));
+    file->setHeader<int16_t>(i, 116, 2000);
+}
+
+/// 4 shots of 6 channels, 50 samples of noise each.
+SegyBuilder noiseFile(int code, bool isBigEndian, double amplitude, uint32_t (*bits)(double))
+{
+    SegyBuilder file(50, code, isBigEndian);
+    Noise noise;
+    for (size_t i = 0; i < 24; ++i) {
+        std::vector<uint32_t> words(50);
+        for (uint32_t& word : words) word = bits(amplitude * noise.next());
+        file.addTrace(words);
+        fillHeader(&file, i, 101 + int(i) / 6, 1 + int(i) % 6, 50);
+    }
+    return file;
+}
+
+/// 6 traces of 10 IEEE samples, 2 shots of 3 channels.
+SegyBuilder smallFile(bool isBigEndian = true)
+{
+    SegyBuilder file(10, 5, isBigEndian);
+    for (size_t i = 0; i < 6; ++i) {
+        file.addTrace(std::vector<float>(10, 1.5f));
+        fillHeader(&file, i, 7 + int(i) / 3, 1 + int(i) % 3, 10);
+    }
+    return file;
+}
+
+SegyLoadParm oddSettings()
+{
+    SegyLoadParm parm;
+    parm.isort = 6;
+    parm.iformat = 6;
+    parm.nsamp = 77;
+    parm.srate = 0.5f;
+    return parm;
+}
+
+bool isSame(const SegyLoadParm& a, const SegyLoadParm& b)
+{
+    return a.isort == b.isort && a.itype == b.itype && a.iformat == b.iformat && a.ivariable == b.ivariable &&
+           a.icscale == b.icscale && a.iescale == b.iescale && a.nsamp == b.nsamp && a.maxtr == b.maxtr &&
+           a.srate == b.srate && a.indexbuilt == b.indexbuilt && a.files == b.files && a.iremap == b.iremap;
+}
+
+} // namespace
+
+TEST(SegyGuess, IbmAndIeeeAreToldApartByTheirBitsAtEveryAmplitudeAgainstTheCode)
+{
+    for (int decade = -6; decade <= 9; ++decade)
+        for (bool isBigEndian : {true, false})
+            for (int code : {1, 5}) {
+                SCOPED_TRACE(testing::Message()
+                             << "1e" << decade << " big " << isBigEndian << " code " << code);
+                const double amplitude = std::pow(10.0, decade);
+                const SegyGuess ibm = guessOf(noiseFile(code, isBigEndian, amplitude, ibmBits).bytes);
+                EXPECT_EQ(ibm.parm.iformat, ChooseIbm) << fact(ibm, "Sample format").evidence;
+                EXPECT_EQ(ibm.parm.itype, isBigEndian ? 0 : 1);
+                const SegyGuess ieee = guessOf(noiseFile(code, isBigEndian, amplitude, ieeeBits).bytes);
+                EXPECT_EQ(ieee.parm.iformat, ChooseIeee) << fact(ieee, "Sample format").evidence;
+                const bool isAgainst =
+                    fact(ieee, "Sample format").choice.find("against the code") != std::string::npos;
+                EXPECT_EQ(isAgainst, code == 1);
+            }
+}
+
+TEST(SegyGuess, TheHistogramCountsWhatNormalisedIbmNumbersNeverHave)
+{
+    // Bit 23 is 0 in the first three, and bits 22 to 20 as well in the first; then bit 23 at 1, a zero, an
+    // infinite.
+    const uint32_t words[] = {0x42012345, 0x42112345, 0x43712345, 0x42f12345, 0x80000000, 0x7f800000};
+    const SegySampleStatistics counts = countSegyWords(words, 6);
+    EXPECT_EQ(counts.nSamples, 6);
+    EXPECT_EQ(counts.nNonZero, 5);
+    EXPECT_EQ(counts.nEven, 3);
+    EXPECT_EQ(counts.nUnnormalised, 1);
+    EXPECT_EQ(counts.nNotFinite, 1);
+    EXPECT_EQ(counts.nSmallInteger, 0);
+    EXPECT_EQ(counts.nEvenExponents, 2); // 0x84 and 0x86
+    EXPECT_EQ(segySampleKind(counts), SegySampleKind::Undecided) << "too few";
+}
+
+TEST(SegyGuess, SamplesWithinOneOctaveAreLeftToTheCode)
+{
+    // 2304 to 4000 as IEEE never has zeros there either: nothing tells it from IBM.
+    for (int code : {1, 5}) {
+        SegyBuilder file(50, code);
+        for (size_t i = 0; i < 12; ++i) {
+            std::vector<float> samples(50);
+            for (size_t j = 0; j < 50; ++j) samples[j] = 2304.0f + float(i * 50 + j) * 2.5f;
+            file.addTrace(samples);
+            fillHeader(&file, i, 1, 1 + int(i), 50);
+        }
+        const SegyGuess guess = guessOf(file.bytes);
+        EXPECT_EQ(guess.parm.iformat, code == 1 ? ChooseIbm : ChooseIeee);
+        EXPECT_NE(fact(guess, "Sample format").choice.find("by the code alone"), std::string::npos);
+    }
+}
+
+TEST(SegyGuess, IntegersOfEachWidthAreFoundInBothByteOrders)
+{
+    for (bool isBigEndian : {true, false}) {
+        SCOPED_TRACE(isBigEndian);
+        Noise noise;
+        SegyBuilder four(50, 1, isBigEndian), two(50, 3, isBigEndian), one(50, 8, isBigEndian);
+        for (size_t i = 0; i < 24; ++i) {
+            std::vector<int32_t> a(50);
+            std::vector<int16_t> b(50);
+            std::vector<int8_t> c(50);
+            for (size_t j = 0; j < 50; ++j) {
+                const double value = noise.next();
+                a[j] = int32_t(value * 1000.0);
+                b[j] = int16_t(value * 1000.0);
+                c[j] = int8_t(value * 10.0);
+            }
+            four.addTrace(a);
+            two.addTrace(b);
+            one.addTrace(c);
+            for (SegyBuilder* file : {&four, &two, &one})
+                fillHeader(file, i, 1 + int(i) / 6, 1 + int(i) % 6, 50);
+        }
+        const SegyGuess of4 = guessOf(four.bytes), of2 = guessOf(two.bytes), of1 = guessOf(one.bytes);
+        EXPECT_EQ(of4.parm.iformat, ChooseInteger4)
+            << "whatever the code says: " << fact(of4, "Sample format").evidence;
+        EXPECT_EQ(of2.parm.iformat, ChooseInteger2);
+        EXPECT_EQ(of1.parm.iformat, ChooseInteger1);
+        for (const SegyGuess* guess : {&of4, &of2, &of1}) {
+            EXPECT_EQ(guess->parm.itype, isBigEndian ? 0 : 1);
+            EXPECT_EQ(guess->search.layout.nTraces, 24);
+        }
+    }
+}
+
+TEST(SegyGuess, CodeSixIsOneByteOrEightByWhereTheHeadersStand)
+{
+    SegyBuilder one(40, 6), eight(40, 6);
+    for (size_t i = 0; i < 8; ++i) {
+        one.addTrace(std::vector<int8_t>(40, int8_t(i + 1)));
+        eight.addTrace(std::vector<double>(40, 1.0 + double(i)));
+        fillHeader(&one, i, 1, int(i) + 1, 40);
+        fillHeader(&eight, i, 1, int(i) + 1, 40);
+    }
+    EXPECT_EQ(guessOf(one.bytes).parm.iformat, ChooseInteger1);
+    const SegyGuess guess = guessOf(eight.bytes, oddSettings());
+    EXPECT_EQ(guess.verdict, SegyGuess::NotFollowed);
+    EXPECT_NE(guess.summary.find("8 bytes each"), std::string::npos);
+    EXPECT_TRUE(isSame(guess.parm, oddSettings()));
+}
+
+TEST(SegyGuess, AnUnknownCodeIsLeftToTheSamples)
+{
+    EXPECT_EQ(guessOf(noiseFile(0, true, 3.0, ibmBits).bytes).parm.iformat, ChooseIbm);
+    EXPECT_EQ(guessOf(noiseFile(77, false, 3.0, ieeeBits).bytes).parm.iformat, ChooseIeee);
+    SegyBuilder zeros(10, 0);
+    for (size_t i = 0; i < 4; ++i) {
+        zeros.addTrace(std::vector<float>(10));
+        fillHeader(&zeros, i, 1, int(i) + 1, 10);
+    }
+    const SegyGuess guess = guessOf(zeros.bytes);
+    EXPECT_EQ(guess.parm.iformat, 0);
+    EXPECT_NE(fact(guess, "Sample format").choice.find("undecidable"), std::string::npos);
+}
+
+TEST(SegyGuess, TheByteOrderConstantIsHeard)
+{
+    for (bool isBigEndian : {true, false}) {
+        SegyBuilder file = smallFile(isBigEndian);
+        EXPECT_EQ(fact(guessOf(file.bytes), "Byte order").evidence.find("constant"), std::string::npos);
+        file.put<int32_t>(3296, 0x01020304);
+        const std::string evidence = fact(guessOf(file.bytes), "Byte order").evidence;
+        const std::string end = isBigEndian ? "constant says big-endian" : "constant says little-endian";
+        EXPECT_NE(evidence.find(end), std::string::npos) << evidence;
+    }
+}
+
+TEST(SegyGuess, TheTextHeaderIsKnownByItsLetters)
+{
+    const std::string client = "\xC3\xD3\xC9\xC5\xD5\xE3\x40"; // CLIENT in EBCDIC
+    const auto manyTimes = [](const std::string& word) {
+        std::string text;
+        for (int i = 0; i < 20; ++i) text += word;
+        return text;
+    };
+    const struct {
+        std::string text;
+        const char* choice;
+    } cases[] = {{manyTimes(client), "EBCDIC"},
+                 {manyTimes("CLIENT "), "ASCII"},
+                 {client, "blank (EBCDIC), but for a few letters"},
+                 {"", "blank (EBCDIC)"},
+                 {std::string(3200, ' '), "blank (ASCII)"},
+                 {std::string(3200, '\0'), "all NUL"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.choice);
+        const bool isAscii = std::string(c.choice).find("ASCII") == 0;
+        std::string text(3200, isAscii ? ' ' : '\x40');
+        std::copy(c.text.begin(), c.text.end(), text.begin());
+        SegyBuilder big = smallFile(true), little = smallFile(false);
+        std::copy(text.begin(), text.end(), big.bytes.begin());
+        std::copy(text.begin(), text.end(), little.bytes.begin());
+        const std::string standard = fact(guessOf(big.bytes), "Text header").choice;
+        const std::string msdos = fact(guessOf(little.bytes), "Text header").choice;
+        EXPECT_EQ(standard.find(c.choice), 0u) << standard;
+        // The menu's type joins text and byte order; what it can't show is said.
+        const bool hasAscii = std::string(c.choice).find("ASCII") != std::string::npos;
+        const bool hasEbcdic = std::string(c.choice).find("EBCDIC") != std::string::npos;
+        EXPECT_EQ(standard.find("garbled") != std::string::npos, hasAscii) << standard;
+        EXPECT_EQ(msdos.find("garbled") != std::string::npos, hasEbcdic) << msdos;
+    }
+}
+
+TEST(SegyGuess, WhatTheTextSaysOfItsSamplesIsQuoted)
+{
+    SegyBuilder file = smallFile();
+    std::string text =
+        "C 1 CLIENT A AREA B LINE C" + std::string(54, ' ') + "C 2 SAMPLE FORMAT:   MSDOS IEEE";
+    text.resize(3200, ' ');
+    std::copy(text.begin(), text.end(), file.bytes.begin());
+    EXPECT_NE(fact(guessOf(file.bytes), "Sample format").evidence.find("\"C 2 SAMPLE FORMAT: MSDOS IEEE\""),
+              std::string::npos);
+}
+
+TEST(SegyGuess, ExtendedTextHeadersAreFoundAndSaidToBeBeyondTheReader)
+{
+    const SegyBuilder plain = smallFile();
+    for (int count : {2, -1}) {
+        SCOPED_TRACE(count);
+        std::string texts(6400, ' ');
+        texts.replace(3200, 20, "((SEG: EndText))    ");
+        SegyBuilder file = plain;
+        file.put<int16_t>(3504, int16_t(count));
+        file.bytes.insert(file.bytes.begin() + 3600, texts.begin(), texts.end());
+        const SegyGuess guess = guessOf(file.bytes, oddSettings());
+        EXPECT_EQ(guess.verdict, SegyGuess::NotFollowed);
+        EXPECT_EQ(guess.search.layout.firstTrace, 10000);
+        EXPECT_EQ(guess.search.layout.nTraces, 6);
+        EXPECT_NE(
+            fact(guess, "First trace").choice.find("byte 10000, header 240 bytes: the reader can't follow"),
+            std::string::npos);
+        EXPECT_NE(guess.summary.find("byte 10000, behind extended text headers"), std::string::npos);
+        EXPECT_TRUE(isSame(guess.parm, oddSettings())) << "nothing is set";
+    }
+}
+
+TEST(SegyGuess, ToldTextHeadersThatAreNotThereAreNotBelieved)
+{
+    SegyBuilder file = smallFile();
+    file.put<int16_t>(3504, 2);
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.verdict, SegyGuess::Read);
+    EXPECT_EQ(guess.search.layout.firstTrace, 3600);
+    EXPECT_NE(fact(guess, "First trace").choice.find("don't fit the file"), std::string::npos);
+}
+
+TEST(SegyGuess, LongerTraceHeadersAreFoundAndSaidToBeBeyondTheReader)
+{
+    SegyBuilder file(10, 5);
+    file.put<int16_t>(3500, 0x0200);
+    file.put<int16_t>(3506, 1);
+    for (size_t i = 0; i < 6; ++i) {
+        file.addHeader();
+        fillHeader(&file, i, 5, int(i) + 1, 10);
+        file.bytes.resize(file.bytes.size() + 240);
+        for (int j = 0; j < 10; ++j) file.put<float>(file.bytes.size(), 1.25f);
+    }
+    const SegyGuess guess = guessOf(file.bytes, oddSettings());
+    EXPECT_EQ(guess.verdict, SegyGuess::NotFollowed);
+    EXPECT_EQ(guess.search.layout.headerBytes, 480);
+    EXPECT_EQ(guess.search.layout.nTraces, 6);
+    EXPECT_NE(guess.summary.find("trace headers are 480 bytes long"), std::string::npos);
+    EXPECT_TRUE(isSame(guess.parm, oddSettings()));
+}
+
+TEST(SegyGuess, AReelCountOfOneTraceIsReplacedByTheLargestEnsemble)
+{
+    SegyBuilder file = smallFile();
+    file.put<int16_t>(3212, 1);
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.parm.maxtr, 3);
+    EXPECT_EQ(fact(guess, "Traces per ensemble").choice,
+              "3: by the reel an ensemble would end after 1 trace");
+    EXPECT_EQ(guess.parm.isort, 1);
+}
+
+TEST(SegyGuess, ACutFileKeepsItsLayoutAndSaysSo)
+{
+    const SegyBuilder whole = smallFile();
+    for (size_t cut : {1u, 17u, 40u, 41u, 200u, 279u}) {
+        SCOPED_TRACE(cut);
+        const std::vector<char> bytes(whole.bytes.begin(), whole.bytes.end() - std::ptrdiff_t(cut));
+        const SegyGuess guess = guessOf(bytes);
+        EXPECT_EQ(guess.verdict, SegyGuess::Read);
+        EXPECT_EQ(guess.search.layout.nTraces, 5);
+        EXPECT_EQ(guess.search.layout.tailBytes, 280 - int64_t(cut));
+        EXPECT_EQ(guess.parm.nsamp, 10);
+        EXPECT_NE(fact(guess, "Trace length").choice.find("5 whole traces: the file is cut"),
+                  std::string::npos);
+    }
+}
+
+TEST(SegyGuess, AFileCutInItsFirstTraceIsStillSeen)
+{
+    const SegyBuilder whole = smallFile();
+    const SegyGuess guess = guessOf({whole.bytes.begin(), whole.bytes.begin() + 3600 + 250});
+    EXPECT_EQ(guess.verdict, SegyGuess::Read);
+    EXPECT_EQ(guess.search.layout.nTraces, 0);
+    EXPECT_EQ(guess.parm.nsamp, 10);
+}
+
+TEST(SegyGuess, TracesOfVariableLengthAreFollowedAndThenOpen)
+{
+    for (bool isBigEndian : {true, false}) {
+        SCOPED_TRACE(isBigEndian);
+        SegyBuilder file(30, 5, isBigEndian);
+        const int lengths[] = {30, 25, 30, 41, 12, 30, 7};
+        for (size_t i = 0; i < std::size(lengths); ++i) {
+            file.addTrace(std::vector<float>(size_t(lengths[i]), 2.5f));
+            fillHeader(&file, i, 3, int(i) + 1, lengths[i]);
+        }
+        const SegyGuess guess = guessOf(file.bytes);
+        EXPECT_EQ(guess.verdict, SegyGuess::Read);
+        EXPECT_EQ(guess.parm.ivariable, 1);
+        EXPECT_EQ(guess.parm.nsamp, 41) << "the longest trace";
+        EXPECT_EQ(guess.search.layout.nTraces, 7);
+        EXPECT_EQ(guess.sample.count(), 7u);
+        EXPECT_EQ(guess.sample.headers[4].int32(12, isBigEndian), 5);
+
+        const QTemporaryDir folder;
+        const std::string path = file.save(folder.filePath("variable.sgy").toStdString());
+        CollectReport report;
+        SegyLoader loader(1, QString::fromStdString(path), 0, guess.parm.isort, guess.parm.itype,
+                          guess.parm.iformat, guess.parm.ivariable, 1, 0, 0, guess.parm.nsamp,
+                          guess.parm.maxtr, guess.parm.srate, 0, 1, true, &report);
+        ASSERT_TRUE(loader.openFiles()) << report.text;
+        loader.initBuild();
+        EXPECT_EQ(loader.getTotalTraces(), 7);
+        loader.loadNextEnsemble(1);
+        ASSERT_EQ(loader.numTraces(), 7);
+        EXPECT_EQ(loader.getTraces()[3][40], 2.5f);
+        EXPECT_EQ(loader.getTraces()[4][11], 2.5f);
+        EXPECT_EQ(loader.getTraces()[4][12], 0.0f);
+    }
+}
+
+TEST(SegyGuess, TracesOfVariableLengthAreFollowedToTheCut)
+{
+    SegyBuilder file(30, 5);
+    const int lengths[] = {30, 25, 41, 12};
+    for (size_t i = 0; i < std::size(lengths); ++i) {
+        file.addTrace(std::vector<float>(size_t(lengths[i]), 2.5f));
+        fillHeader(&file, i, 3, int(i) + 1, lengths[i]);
+    }
+    const int64_t last = 240 + 12 * 4;
+    for (int64_t cut : {int64_t(1), int64_t(47), int64_t(100), last - 1}) {
+        SCOPED_TRACE(cut);
+        const SegyGuess guess = guessOf({file.bytes.begin(), file.bytes.end() - cut});
+        EXPECT_EQ(guess.parm.ivariable, 1);
+        EXPECT_EQ(guess.search.layout.nTraces, 3);
+        EXPECT_EQ(guess.search.layout.tailBytes, last - cut);
+        EXPECT_NE(fact(guess, "Trace length").evidence.find("cut by the end of the file"), std::string::npos);
+    }
+}
+
+TEST(SegyGuess, WhatIsNoSegyIsSaidAndNothingIsSet)
+{
+    const SegyBuilder whole = smallFile();
+    std::vector<char> garbage(20000), zeros(20000, 0), text(20000, 'A');
+    Noise noise;
+    for (char& c : garbage) c = char(int(noise.next() * 60.0));
+    const std::vector<char> su(whole.bytes.begin() + 3600, whole.bytes.end());
+    const struct {
+        const char* name;
+        std::vector<char> bytes;
+        const char* summary;
+    } cases[] = {
+        {"empty", {}, "The file is empty."},
+        {"one byte", {'x'}, "The file is too small to be SEG-Y."},
+        {"3599 bytes",
+         {whole.bytes.begin(), whole.bytes.begin() + 3599},
+         "The file is too small to be SEG-Y."},
+        {"a reel alone", {whole.bytes.begin(), whole.bytes.begin() + 3600}, "The file holds no trace."},
+        {"a reel and a part of a header",
+         {whole.bytes.begin(), whole.bytes.begin() + 3700},
+         "The file holds no trace."},
+        {"garbage", garbage, "No SEG-Y layout fits this file."},
+        {"zeros", zeros, "No SEG-Y layout fits this file."},
+        {"text", text, "No SEG-Y layout fits this file."},
+        {"SU", su, "This is an SU file"},
+        {"SEG-2", {'\x55', '\x3a', 1, 0}, "This is a SEG-2 record"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const SegyGuess guess = guessOf(c.bytes, oddSettings());
+        EXPECT_EQ(guess.verdict, SegyGuess::NotSegy);
+        EXPECT_EQ(guess.summary.find(c.summary), 0u) << guess.summary;
+        EXPECT_FALSE(guess.facts.empty());
+        EXPECT_TRUE(isSame(guess.parm, oddSettings()));
+    }
+}
+
+TEST(SegyGuess, AFailingDiskIsAnErrorAndLeavesTheGuessAlone)
+{
+    const SegyBuilder file = smallFile();
+    for (int64_t failsAt : {0, 3599, 3700, 4200}) {
+        const FailingSource source(file.bytes, failsAt);
+        SegyGuess guess;
+        guess.summary = "as it was";
+        std::string error;
+        EXPECT_EQ(guessSegy(source, SegyLoadParm(), &guess, &error), 0) << failsAt;
+        EXPECT_EQ(error, "Input/output error");
+        EXPECT_EQ(guess.summary, "as it was");
+    }
+    SegyGuess guess;
+    std::string error;
+    EXPECT_EQ(guessSegyFile("/no/such/file.sgy", SegyLoadParm(), &guess, &error), 0);
+    EXPECT_EQ(error, "No such file or directory");
+}
+
+TEST(SegyGuess, ACountAbove32767IsTakenUnsigned)
+{
+    SegyBuilder file(-25536, 3); // 40000
+    for (size_t i = 0; i < 3; ++i) {
+        file.addTrace(std::vector<int16_t>(40000, 5));
+        fillHeader(&file, i, 1, int(i) + 1, -25536);
+    }
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.parm.nsamp, 40000);
+    EXPECT_EQ(guess.search.layout.nTraces, 3);
+}
+
+TEST(SegyGuess, TheTraceHeaderGivesCountAndIntervalThatTheReelHasNot)
+{
+    SegyBuilder file = smallFile();
+    file.put<int16_t>(3216, 0);
+    file.put<int16_t>(3220, 0);
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.parm.nsamp, 10);
+    EXPECT_EQ(guess.parm.srate, 2.0f);
+    EXPECT_EQ(fact(guess, "Sample interval").choice, "2 ms (from the trace header)");
+    EXPECT_EQ(fact(guess, "Samples").choice, "10 (against the reel)");
+}
+
+TEST(SegyGuess, ACountThatAllWordsTellWronglyIsFoundByTheDistanceOfTheHeaders)
+{
+    for (bool isBigEndian : {true, false}) {
+        SegyBuilder file = noiseFile(5, isBigEndian, 1.0, ieeeBits); // 50 samples
+        file.put<int16_t>(3220, 77);
+        for (size_t i = 0; i < 24; ++i) file.setHeader<int16_t>(i, 114, 1500);
+        const SegyGuess guess = guessOf(file.bytes);
+        EXPECT_EQ(guess.parm.nsamp, 50);
+        EXPECT_EQ(guess.search.layout.nTraces, 24);
+        EXPECT_EQ(fact(guess, "Samples").choice,
+                  "50 (against all words: so far apart are the trace headers)");
+        EXPECT_EQ(guess.parm.itype, isBigEndian ? 0 : 1);
+    }
+}
+
+TEST(SegyGuess, OfALongFileASampleOfItsHeadersServes)
+{
+    SegyBuilder file(1, 5);
+    file.put<int16_t>(3212, 1);
+    for (size_t i = 0; i < 10000; ++i) {
+        file.addTrace(std::vector<float>{1.0f});
+        fillHeader(&file, i, 1 + int(i) / 100, 1 + int(i) % 100, 1);
+    }
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.search.layout.nTraces, 10000);
+    EXPECT_EQ(guess.sample.count(), 4096u);
+    EXPECT_EQ(guess.parm.isort, 1);
+    EXPECT_EQ(guess.parm.maxtr, 200) << "twice the largest that was seen: the others may be larger";
+    EXPECT_EQ(guess.parm.indexbuilt, 0) << "an ensemble that the sample cuts is not in pieces";
+}
+
+TEST(SegyGuess, SamplesOfVariableTracesAreCountedOutsideTheHeaders)
+{
+    SegyBuilder file(40, 1);
+    Noise noise;
+    for (size_t i = 0; i < 20; ++i) {
+        const size_t n = 20 + i;
+        std::vector<uint32_t> words(n);
+        for (uint32_t& word : words) word = ieeeBits(noise.next());
+        file.addTrace(words);
+        fillHeader(&file, i, 1, int(i) + 1, int(n));
+    }
+    const MemorySource source(file.bytes.data(), file.bytes.size());
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.parm.ivariable, 1);
+    EXPECT_EQ(guess.parm.iformat, ChooseIeee);
+    SegySampleStatistics statistics;
+    std::string error;
+    ASSERT_EQ(countSegySamples(source, guess.search.layout, &statistics, &error), 1);
+    EXPECT_EQ(statistics.nSamples, 590) << "20 + 21 + ... + 39";
+}
+
+TEST(SegyGuess, AnIntervalThatNoHeaderTellsHasToBeTyped)
+{
+    SegyBuilder file = smallFile();
+    file.put<int16_t>(3216, 0);
+    for (size_t i = 0; i < 6; ++i) file.setHeader<int16_t>(i, 116, 0);
+    const SegyGuess guess = guessOf(file.bytes, oddSettings());
+    EXPECT_EQ(guess.verdict, SegyGuess::NotFollowed);
+    EXPECT_NE(fact(guess, "Sample interval").choice.find("undecidable"), std::string::npos);
+}
+
+TEST(SegyGuess, AnIntervalWordThatHasLostItsFractionIsMended)
+{
+    const struct {
+        int word;
+        float ms;
+    } cases[] = {{62, 0.0625f}, {31, 0.03125f}, {15, 0.015625f}, {63, 0.063f}, {125, 0.125f}, {4000, 4.0f}};
+    for (const auto& c : cases) {
+        SegyBuilder file = smallFile();
+        file.put<int16_t>(3216, int16_t(c.word));
+        for (size_t i = 0; i < 6; ++i) file.setHeader<int16_t>(i, 116, int16_t(c.word));
+        EXPECT_EQ(guessOf(file.bytes).parm.srate, c.ms) << c.word;
+    }
+}
+
+TEST(SegyGuess, AScalarIsAppliedUnlessItWouldSpoilTheValues)
+{
+    const struct {
+        std::vector<int> scalars;
+        int x, applied;
+        const char* choice;
+    } cases[] = {{{-100}, 5000, 1, "Yes"},
+                 {{1}, 5000, 1, "Yes"},
+                 {{-100}, 0, 0, "No: nothing to scale"},
+                 {{0}, 5000, 0, "No: a scalar of 0 would make the values 0"},
+                 {{32}, 5000, 0, "No: 32 is no scalar"},
+                 {{-1000, -10000}, 5000, 1, "Yes: they are mixed, each trace has its own"},
+                 {{-100, 0}, 5000, 0, "No: a scalar of 0 would make the values 0"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.choice);
+        SegyBuilder file = smallFile();
+        for (size_t i = 0; i < 6; ++i) {
+            const auto scalar = int16_t(c.scalars[i % c.scalars.size()]);
+            file.setHeader<int16_t>(i, 70, scalar);
+            file.setHeader<int32_t>(i, 80, c.x);
+            file.setHeader<int16_t>(i, 68, scalar);
+            file.setHeader<int32_t>(i, 40, c.x);
+        }
+        const SegyGuess guess = guessOf(file.bytes);
+        EXPECT_EQ(guess.parm.icscale, c.applied);
+        EXPECT_EQ(guess.parm.iescale, c.applied);
+        EXPECT_EQ(fact(guess, "Coordinate scalar").choice, c.choice);
+        EXPECT_EQ(fact(guess, "Elevation scalar").choice, c.choice);
+    }
+}
+
+namespace {
+
+/// What a header holds at four places; 12 traces are made from a rule.
+struct Geometry {
+    const char* name;
+    int code; // sort
+    int longest;
+    void (*fill)(SegyBuilder* file, size_t i);
+};
+
+const Geometry geometries[] = {
+    {"shots", 1, 4,
+     [](SegyBuilder* f, size_t i) {
+         f->setHeader<int32_t>(i, 8, 100 + int(i) / 4);
+         f->setHeader<int32_t>(i, 12, 1 + int(i) % 4);
+         f->setHeader<int32_t>(i, 20, 500 + int(i) % 4 + int(i) / 4);
+     }},
+    {"CMP gathers", 4, 3,
+     [](SegyBuilder* f, size_t i) {
+         f->setHeader<int32_t>(i, 8, 100 + int(i * 7 % 12));
+         f->setHeader<int32_t>(i, 20, 500 + int(i) / 3);
+         f->setHeader<int32_t>(i, 36, 50 * (int(i) % 3));
+     }},
+    {"a stack", 5, 12, [](SegyBuilder* f, size_t i) { f->setHeader<int32_t>(i, 20, 500 + int(i)); }},
+    {"inlines stacked", 9, 4,
+     [](SegyBuilder* f, size_t i) {
+         f->setHeader<int32_t>(i, 188, 10 + int(i) / 4);
+         f->setHeader<int32_t>(i, 192, 70 + int(i) % 4);
+     }},
+    {"crosslines stacked", 10, 4,
+     [](SegyBuilder* f, size_t i) {
+         f->setHeader<int32_t>(i, 188, 10 + int(i) % 4);
+         f->setHeader<int32_t>(i, 192, 70 + int(i) / 4);
+     }},
+    {"inline gathers", 7, 6,
+     [](SegyBuilder* f, size_t i) {
+         f->setHeader<int32_t>(i, 188, 10 + int(i) / 6);
+         f->setHeader<int32_t>(i, 192, 70 + int(i) % 6 / 2);
+         f->setHeader<int32_t>(i, 36, 100 * (int(i) % 2));
+     }},
+    {"crossline gathers", 8, 6,
+     [](SegyBuilder* f, size_t i) {
+         f->setHeader<int32_t>(i, 188, 10 + int(i) % 6 / 2);
+         f->setHeader<int32_t>(i, 192, 70 + int(i) / 6);
+         f->setHeader<int32_t>(i, 36, 100 * (int(i) % 2));
+     }},
+    {"nothing", 0, 12, [](SegyBuilder*, size_t) {}},
+};
+
+} // namespace
+
+TEST(SegyGuess, TheHeadersTellTheSortAndTheLargestEnsemble)
+{
+    for (const Geometry& geometry : geometries) {
+        SCOPED_TRACE(geometry.name);
+        SegyBuilder file(10, 5);
+        for (size_t i = 0; i < 12; ++i) {
+            file.addTrace(std::vector<float>(10, 1.0f));
+            file.setHeader<int16_t>(i, 28, 1);
+            geometry.fill(&file, i);
+        }
+        const SegyGuess guess = guessOf(file.bytes);
+        EXPECT_EQ(guess.parm.isort, geometry.code) << fact(guess, "Sort order").evidence;
+        EXPECT_EQ(guess.parm.maxtr, geometry.longest);
+        EXPECT_EQ(guess.parm.indexbuilt, 0);
+    }
+}
+
+TEST(SegyGuess, EnsemblesInPiecesWantAnIndex)
+{
+    SegyBuilder file(10, 5);
+    for (size_t i = 0; i < 12; ++i) {
+        file.addTrace(std::vector<float>(10, 1.0f));
+        fillHeader(&file, i, 100 + int(i) / 3 % 2, 1 + int(i), 10); // 100 100 100 101 101 101 100 ...
+    }
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.parm.isort, 1);
+    EXPECT_EQ(guess.parm.indexbuilt, 1);
+    EXPECT_EQ(guess.parm.maxtr, 6);
+}
+
+TEST(SegyGuess, NumbersThatTheReelHasRightStayEmptyForAListOfFiles)
+{
+    SegyBuilder file = smallFile();
+    file.put<int16_t>(3212, 60);
+    SegyLoadParm before;
+    before.files = "a.sgy,b.sgy";
+    before.iremap = 1;
+    SegyGuess guess = guessOf(file.bytes, before);
+    EXPECT_EQ(guess.parm.nsamp, 0);
+    EXPECT_EQ(guess.parm.srate, 0.0f);
+    EXPECT_EQ(guess.parm.maxtr, 0);
+    EXPECT_EQ(guess.parm.files, "a.sgy,b.sgy");
+    EXPECT_EQ(guess.parm.iremap, 1);
+    file.put<int16_t>(3212, 1);
+    file.put<int16_t>(3220, 11);
+    guess = guessOf(file.bytes, before);
+    EXPECT_EQ(guess.parm.nsamp, 10) << "the reel is wrong";
+    EXPECT_EQ(guess.parm.maxtr, 3);
+}
+
+TEST(SegyGuess, DelaysAreMentioned)
+{
+    SegyBuilder file = smallFile();
+    for (size_t i = 0; i < 6; ++i) file.setHeader<int16_t>(i, 108, -200);
+    EXPECT_EQ(fact(guessOf(file.bytes), "Recording delay").evidence, "byte 109 holds -200 to -200 ms");
+}
+
+TEST(SegyGuess, TheCopiedTextHasTheFactsAndTheSettings)
+{
+    const SegyBuilder file = smallFile();
+    const SegyGuess guess = guessOf(file.bytes);
+    const std::string text = segyGuessText("a.sgy", guess, SegyLoadParm());
+    EXPECT_THAT(text, testing::HasSubstr("a.sgy\n6 traces of 10 samples, big-endian.\n"));
+    EXPECT_THAT(text, testing::HasSubstr("\nFact\tEvidence\tChoice\n"));
+    EXPECT_THAT(text, testing::HasSubstr("\nData sort order\tGet From Data\tFFID\n"));
+    EXPECT_THAT(text, testing::HasSubstr("\nNum samples per trace\tfrom the reel\t10\n"));
+}
