@@ -14,7 +14,6 @@
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/dialogprogress.h"
-#include "widgets/helpviewer.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -285,10 +284,6 @@ void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }
 void MainWindow::addNewDisplay() { tellNotBuilt("Adding a display"); }
 void MainWindow::menuViewer() {}
 void MainWindow::getMapViewer() { tellNotBuilt("The map"); }
-void MainWindow::contentHelp()
-{
-    (new HelpViewer(this, GetHome(), "/docs/meridune-docs/index.html", _COMPANY))->show();
-}
 
 
 void MainWindow::showOverlay(int state)
@@ -350,13 +345,6 @@ void MainWindow::showFBPicker(int state)
     checkRadioButtons();
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setFBPicker(state != 0);
     if (state) tellNotBuilt("First-break picking");
-}
-
-void MainWindow::about()
-{
-    const QString text = (_COMPANY.isEmpty() ? QString() : _COMPANY + "\n\n") +
-                         "A interactive seismic data display and processing application.\n";
-    QMessageBox::about(this, QString("About %1").arg(programTitle), text);
 }
 
 void MainWindow::doFBPicking(bool) {}

@@ -7,6 +7,7 @@
 #include "widgets/copymissingfiles.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <chrono>
 #include <clocale>
@@ -67,7 +68,6 @@ static const struct {
 } shipped[] = {
     {":/colors", "/port/misc"},
     {":/remap", "/port/db/segy"},
-    {":/docs/meridune-docs", "/docs/meridune-docs"},
 };
 
 /// Makes the user's folder and puts the shipped files there.
@@ -87,6 +87,8 @@ int aloneMeriduneSEGY()
     // The formats of files and of the status line have points, whatever the user's locale.
     std::setlocale(LC_NUMERIC, "C");
     fillHome();
+    QApplication::setWindowIcon(QIcon(":/desktop/meridune-128.png"));
+    QGuiApplication::setDesktopFileName("meridune");
     MainWindow window(nullptr, meridunemenu);
     window.setVelSemblance(meridunevelsemblance);
     window.setFBPickMenu(meridunefbpickmenu);

@@ -9,4 +9,8 @@
 /// missing. Returns the number of files copied, or -1 if one could not be.
 int copyMissingFiles(const QString& from, const QString& to);
 
+/// The same for files that nobody edits, such as help pages: those that are there with other bytes are replaced,
+/// and the folder's sub-folders go along.
+int refreshFiles(const QString& from, const QString& to);
+
 #endif

@@ -1,24 +1,26 @@
 #include "widgets/helpviewer.h"
 
+#include "widgets/helpbrowser.h"
+
 #include <QAction>
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QTextBrowser>
 #include <QToolBar>
 #include <QUrl>
 
 HelpViewer::HelpViewer(QWidget* parent, const QString& folder, const QString& page, const QString& company)
-    : QMainWindow(parent), _browser(new QTextBrowser(this))
+    : QMainWindow(parent), _browser(new HelpBrowser(this))
 {
     setObjectName("HelpViewer");
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(company.isEmpty() ? QString("Help Viewer") : "Help Viewer - " + company);
     _browser->setObjectName("browser");
     _browser->setOpenExternalLinks(false);
+    _browser->document()->setDocumentMargin(16);
     setCentralWidget(_browser);
-    resize(800, 700);
+    resize(HelpBrowser::widestPicture + 80, 820);
 
     QMenu* file = menuBar()->addMenu("&File");
     QToolBar* bar = addToolBar("Help");

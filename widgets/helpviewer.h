@@ -4,7 +4,7 @@
 
 #include <QMainWindow>
 
-class QTextBrowser;
+class HelpBrowser;
 
 /// A text browser on a tree of HTML pages. Closes and deletes itself.
 class HelpViewer : public QMainWindow
@@ -17,12 +17,12 @@ public:
     /// @param company  stands in the title; may be empty
     HelpViewer(QWidget* parent, const QString& folder, const QString& page, const QString& company);
 
-    QTextBrowser* browser() const { return _browser; }
+    HelpBrowser* browser() const { return _browser; }
 
 private:
     void print();
 
-    QTextBrowser* _browser;  // child of the window
+    HelpBrowser* _browser;  // child of the window
 };
 
 #endif

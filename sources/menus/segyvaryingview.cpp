@@ -22,7 +22,6 @@ SegyVaryingView::SegyVaryingView(QWidget* parent) : QWidget(parent)
         tr("Words of the trace header by how they behave over the file; bytes count from 1"));
     _varyingTable->setHorizontalHeaderLabels(titles);
     _varyingTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    _varyingTable->horizontalHeader()->setStretchLastSection(true);
     _varyingTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     _varyingTable->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     _varyingTable->verticalHeader()->hide();

@@ -11,7 +11,6 @@
 #include "tests/testdata.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
-#include "widgets/helpviewer.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -21,7 +20,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
-#include <QTextBrowser>
 #include <QToolBar>
 #include <QtTest>
 
@@ -50,7 +48,6 @@ private slots:
     void aboutNamesTheCompany();
     void theWindowComesBackWithItsPanels();
     void aDarkDesktopLeavesTheCanvasWhite();
-    void theHelpOpensItsFirstPageOrNamesTheMissingOne();
 
 private:
     QTemporaryDir _home;
@@ -420,43 +417,6 @@ void MainWindowTest::aDarkDesktopLeavesTheCanvasWhite()
         QVERIFY2(nLight > 50 && nDark > 10 * nLight, qPrintable(QString("%1 light, %2 dark").arg(nLight).arg(nDark)));
     }
     QApplication::setPalette(before);
-}
-
-void MainWindowTest::theHelpOpensItsFirstPageOrNamesTheMissingOne()
-{
-    WindowFixture fixture;
-    QFile::remove(_home.path() + "/docs/meridune-docs/index.html");
-    fixture.action("contentAct")->trigger();
-    auto* viewer = fixture.window->findChild<HelpViewer*>("HelpViewer");
-    QVERIFY(viewer);
-    QVERIFY(viewer->browser()->toPlainText().contains("/docs/meridune-docs/index.html is missing"));
-    viewer->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-
-    QDir().mkpath(_home.path() + "/docs/meridune-docs");
-    const QStringList pages = QDir(":/docs/meridune-docs").entryList();
-    QVERIFY(pages.size() >= 6);
-    for (const QString& name : pages)
-        QVERIFY2(QFile::copy(":/docs/meridune-docs/" + name, _home.path() + "/docs/meridune-docs/" + name), qPrintable(name));
-    fixture.action("contentAct")->trigger();
-    viewer = fixture.window->findChild<HelpViewer*>("HelpViewer");
-    QVERIFY(viewer);
-    QVERIFY(viewer->windowTitle().startsWith("Help Viewer"));
-    QVERIFY(viewer->browser()->toPlainText().contains("Opening SEG-Y files"));
-    // Every link of every page leads to a page.
-    for (const QString& name : pages) {
-        QFile page(_home.path() + "/docs/meridune-docs/" + name);
-        QVERIFY(page.open(QIODevice::ReadOnly));
-        QRegularExpressionMatchIterator links =
-            QRegularExpression("href=\"([^\"]+)\"").globalMatch(QString::fromUtf8(page.readAll()));
-        QVERIFY2(links.hasNext(), qPrintable(name));
-        while (links.hasNext())
-            QVERIFY(QFile::exists(_home.path() + "/docs/meridune-docs/" + links.next().captured(1)));
-    }
-    viewer->browser()->setSource(QUrl("open.html"));
-    QVERIFY(viewer->findChild<QAction*>("previousAct")->isEnabled());
-    viewer->findChild<QAction*>("previousAct")->trigger();
-    QVERIFY(viewer->findChild<QAction*>("nextAct")->isEnabled());
 }
 
 QTEST_MAIN(MainWindowTest)
