@@ -17,6 +17,7 @@ class AssumptionsPanel;
 class ColorBarFrame;
 class ParmMenuDialog;
 class DialogProgress;
+class ImageStorage;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
@@ -66,6 +67,14 @@ public:
     ColorBarFrame* colorBarFrame() const { return _colorBarFrame; }
     AssumptionsPanel* assumptionsPanel() const { return _assumptionsPanel; }
     SegyLoader* segyLoader() const override { return _segyloader.get(); }
+    /// The pictures of all screens; null before buildMainPlot.
+    ImageStorage* imageStorage() const { return _imgstore.get(); }
+    /// Null before its first use.
+    ParmMenuDialog* parmMenuDialog() const { return _parmmenu; }
+    /// How many pictures a collection takes; true if more than one.
+    bool isCollectImage(int* n) const;
+    /// Switches the collection on or off.
+    void setCollecting(bool on);
     QSplitter* splitter() const { return _splitter; }
     WindowActions* actionTable() const { return _actions.get(); }
     velSemblanceStruct* getVelSemblance() const { return _velsemblance; }
@@ -139,6 +148,11 @@ protected:
 
 private:
     void makeCentre();
+    void makeImageStorage();
+    void keepStoredImages();
+    void storeImages();
+    void endViewing();
+    QPixmap wholePicture();
     void makeParmMenu();
     void makeDifference();
     void loadDifference();
@@ -165,6 +179,7 @@ private:
     std::unique_ptr<WindowActions> _actions;
     std::unique_ptr<WindowReport> _report;
     AssumptionsPanel* _assumptionsPanel = nullptr;
+    std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;
     SeismicDisplay* _display = nullptr;  // the last screen made
@@ -181,6 +196,8 @@ private:
     RunState _run;
     bool _showDifference = false;  // the last display is a difference
     bool _isZoom = false;
+    bool _isViewing = false;       // stored pictures are shown
+    bool _couldGoForward = false;  // before they were
     bool _isSegy = false;
     bool _isStandAlone = true;
     bool _dataReady = false;

@@ -38,7 +38,7 @@ class MonkeyTest : public QObject
 private slots:
     void initTestCase();
     void mainWindow();
-    void parameterMenu_data() { eachTab({"Display", "Plot", "Color Bar"}); }
+    void parameterMenu_data() { eachTab({"Display", "Plot", "Image", "Color Bar"}); }
     void parameterMenu();
     void segyMenuTabs_data() { eachTab({"Load", "EBCDIC", "Binary", "Trace"}); }
     void segyMenuTabs();
