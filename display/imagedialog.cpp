@@ -259,7 +259,7 @@ void ImageDialog::showStored(bool on)
         display->setShowImage(on);
         if (on) followDisplay(display);
     }
-    if (on) showFrom(_imgSlider->value() - 1);
+    if (on) showNumber(_imgSlider->value());
 }
 
 /// The slider shows where the mouse has come to.
@@ -275,6 +275,13 @@ void ImageDialog::showFrom(int i)
     for (SeismicDisplay* display : displays()) display->showImage(i++);
 }
 
+/// The same for a number of the slider, which stays there: it is that of the first display.
+void ImageDialog::showNumber(int number)
+{
+    showFrom(number - 1);
+    emit changeImage(number);
+}
+
 void ImageDialog::changeSliderImage(double value)
 {
     _isvalue = value;
@@ -282,8 +289,7 @@ void ImageDialog::changeSliderImage(double value)
     if (!_viewBox->isChecked()) return;
     for (SeismicDisplay* display : displays()) display->setShowImage(true);
     if (value < 1 || value > _icount) return;
-    showFrom(int(value) - 1);
-    emit changeImage(int(value));  // the first display's
+    showNumber(int(value));
 }
 
 void ImageDialog::changeSliderSpeed(double value)

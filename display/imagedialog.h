@@ -73,6 +73,7 @@ private:
     void followDisplay(SeismicDisplay* display);
     QList<SeismicDisplay*> displays() const;
     void showFrom(int i);
+    void showNumber(int number);
     void showStored(bool on);
     void takeFile(const QString& name);
     void writeHeld();
