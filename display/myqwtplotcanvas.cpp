@@ -55,7 +55,9 @@ void MyQwtPlotCanvas::showStored()
 
 void MyQwtPlotCanvas::hideStored()
 {
-    if (_pictureWindow) _pictureWindow->hide();
+    if (!_pictureWindow || _pictureWindow->isHidden()) return;
+    _pictureWindow->hide();
+    update();  // what was uncovered of the window's buffer is from before
 }
 
 void MyQwtPlotCanvas::replot()
