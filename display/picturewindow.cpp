@@ -2,6 +2,8 @@
 
 #include "display/serverpicture.h"
 
+#include <QEvent>
+#include <QWindow>
 #include <QX11Info>
 
 // Last: their macros take names that Qt uses.
@@ -28,6 +30,8 @@ bool PictureWindow::prepare()
     Display* display = QX11Info::display();
     XWindowAttributes attributes;
     _isFit = XGetWindowAttributes(display, winId(), &attributes) && attributes.depth == 24 ? 1 : 0;
+    for (QWidget* above = parentWidget(); above && above != nativeParentWidget(); above = above->parentWidget())
+        above->installEventFilter(this);
     // Without a shape for input the server gives the mouse to the window below.
     XShapeCombineRectangles(display, winId(), ShapeInput, 0, 0, nullptr, 0, ShapeSet, Unsorted);
     return _isFit == 1;
@@ -40,8 +44,22 @@ bool PictureWindow::showPart(std::shared_ptr<const ServerPicture> picture, const
     _part = part;
     if (geometry() != parentWidget()->rect()) setGeometry(parentWidget()->rect());
     if (!isVisible()) show();
+    place();
     copy();
     return true;
+}
+
+/// Where the canvas is now. Qt moves a native window along with its parent only if that is native too.
+void PictureWindow::place()
+{
+    const QPoint at = parentWidget()->mapTo(nativeParentWidget(), QPoint(0, 0));
+    if (windowHandle() && windowHandle()->position() != at) windowHandle()->setPosition(at);
+}
+
+bool PictureWindow::eventFilter(QObject* object, QEvent* event)
+{
+    if (event->type() == QEvent::Move) place();
+    return QWidget::eventFilter(object, event);
 }
 
 void PictureWindow::copy() const

@@ -25,12 +25,14 @@ public:
     bool showPart(std::shared_ptr<const ServerPicture> picture, const QRect& part);
 
     QPaintEngine* paintEngine() const override { return nullptr; }
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     bool prepare();
+    void place();
     void copy() const;
 
     std::shared_ptr<const ServerPicture> _picture;

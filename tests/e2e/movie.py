@@ -127,6 +127,30 @@ def the_mouse_changes_the_picture(program, _):
         assert same(movie.inside(), movie.live[1]), 'after a pan the wheel shows another picture'
 
 
+def the_picture_moves_with_its_canvas(program, _):
+    """The tool bar goes from above the plot to below it, so that the canvas only moves."""
+    path = real_file()
+    if not path:
+        return
+    with Window(program, [path]) as window:
+        movie = Movie(window, 2)
+        movie.show()
+        arrows = window.find_colour(GREEN)
+        left, bottom = 18, 800  # the handle of the tool bar, and the place above the status bar
+        window.xdotool('mousemove', left, arrows[0][1], 'mousedown', 1)
+        for x, y in ((60, 300), (200, 600), (100, bottom - 20), (90, bottom), (90, bottom + 3)):
+            window.xdotool('mousemove', x, y)
+            time.sleep(0.2)
+        window.xdotool('mouseup', 1)
+        window.xdotool('mousemove', 600, 20)
+        before, now = movie.box, window.canvas(window.settled())
+        assert before[1] - now[1] > 20, f'the canvas has not moved: from {before} to {now}'
+        assert now[3] - now[1] == before[3] - before[1], 'the canvas has another height'
+        movie.box = now
+        assert movie.has_picture_window()
+        assert same(movie.inside(), movie.live[0]), 'the picture stayed behind'
+
+
 def an_export_holds_the_picture(program, _):
     path = real_file()
     if not path:
@@ -180,7 +204,8 @@ def the_movie_plays_and_stops(program, _):
             assert any(same(rest, shot) for shot in movie.live)
 
 
-TESTS = [stored_pictures_come_back, the_mouse_changes_the_picture, an_export_holds_the_picture, the_movie_plays_and_stops]
+TESTS = [stored_pictures_come_back, the_mouse_changes_the_picture, the_picture_moves_with_its_canvas,
+         an_export_holds_the_picture, the_movie_plays_and_stops]
 
 if __name__ == '__main__':
     program, wanted = sys.argv[1:]
