@@ -156,6 +156,7 @@ void ImageRecorder::setShowImage(bool state)
     canvas->setImageType(state ? int(_drawType) : -1);
     if (state) {
         _number = -1;  // the data stay in view until a picture comes
+        _hasLabels = false;
         _viewBefore = _display->visibleRect();
         _sizeBefore = _display->size();
         _hadOverlay = _display->overlayPlot() && _display->overlayPlot()->isVisible();
@@ -188,8 +189,8 @@ void ImageRecorder::takeAxis(const StoredPicture& picture)
     const KeyColumn& labels = _display->headerAxis().sec();
     _secondary.name = labels.name;
     _secondary.type = labels.type;
+    if (_secondary.values != picture.axis) _hasLabels = false;
     _secondary.values = picture.axis;
-    _secondary.values.resize(size_t(_nTraces) + 1, 0.0f);
 }
 
 /// A start and a span on one axis, for a picture of `whole` units from `least` on.
@@ -267,6 +268,8 @@ void ImageRecorder::showImageAxis(int i)
 {
     const StoredPicture* picture = _imgstore ? _imgstore->picture(i) : nullptr;
     if (!picture) return;
-    _display->recordAxis()->setAxisArray(_secondary.values.data(), _nTraces, _secondary.type);
+    // Most pictures of a movie have the same labels, and laying these out takes most of a step's time.
+    if (!_hasLabels) _display->recordAxis()->setAxisArray(_secondary.values.data(), _nTraces, _secondary.type);
+    _hasLabels = true;
     _display->showTitle(QString::asprintf("Image: %3d", i + 1) + QString(15, ' '), picture->pri, picture->parm);
 }

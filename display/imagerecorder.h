@@ -60,6 +60,8 @@ public:
     void showImage(int i);
     /// Trace labels and title of picture i.
     void showImageAxis(int i);
+    /// The trace axis got other labels than the picture's.
+    void forgetLabels() { _hasLabels = false; }
     /// Shows the present picture anew, after the axes or the canvas have changed.
     void showAgain() { if (_isShown) showImage(_number); }
     /// Picture on the screen, from 0; -1 if there is none.
@@ -104,6 +106,7 @@ private:
     bool _hadOverlay = false;
     KeyColumn _primary, _secondary;
     int _nTraces = 0;
+    bool _hasLabels = false;  // the axis shows these values
     ImageTracker _tracker;
 };
 

@@ -46,6 +46,7 @@ void ImageStorage::put(StoredPicture picture)
 static StoredPicture pictureWith(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const void* owner)
 {
     StoredPicture picture;
+    picture.axis.assign(1, 0.0f);
     picture.xMap = xMap;
     picture.yMap = yMap;
     picture.owner = owner;

@@ -22,7 +22,7 @@ struct StoredPicture {
     QPixmap pixmap;
     QBitmap bitmap;
     QwtScaleMap xMap, yMap;   ///< traces and ms; the paint intervals are pixels of the picture
-    std::vector<float> axis;  ///< secondary key of trace i, from 1, at index i
+    std::vector<float> axis;  ///< secondary key of trace i, from 1, at index i; nTraces + 1 values
     int nTraces = 0;
     float pri = 0.0f;       ///< primary key
     float panel = 0.0f;     ///< velocity of a constant-velocity panel

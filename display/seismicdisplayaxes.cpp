@@ -36,6 +36,7 @@ int SeismicDisplay::buildHeaderAxis()
     }
     const KeyColumn& labels = _headerAxis.sec();
     _recordaxis->setAxisArray(labels.values.data(), _headerAxis.traceCount(), labels.type);
+    _images.forgetLabels();
     return 0;
 }
 
@@ -88,6 +89,7 @@ void SeismicDisplay::axesFollowHeaders()
     if (!_loadTraces || buildHeaderAxis() != 0) return;
     setDisplayTitle();
     updateAxes();
+    showImageAgain();
 }
 
 void SeismicDisplay::setPlotDirection(PlotDirection direction)

@@ -229,15 +229,7 @@ def a_processors_first_quarter_of_an_hour(program, _):
 
             for key, name, magic in (('ctrl+x', 'section.pdf', b'%PDF-'), ('ctrl+i', 'section.png', b'\x89PNG')):
                 target = os.path.join(folder, name)
-                window.key(key)
-                window.dialog('Export File Name')
-                window.key('ctrl+a')
-                window.type_text(target)
-                window.key('Return')
-                for _ in range(50):
-                    if os.path.exists(target):
-                        break
-                    time.sleep(0.1)
+                window.export(key, target)
                 with open(target, 'rb') as exported:
                     assert exported.read(len(magic)) == magic, name
             window.leave()

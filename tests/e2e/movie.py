@@ -160,15 +160,7 @@ def an_export_holds_the_picture(program, _):
         movie.show()
         window.leave()
         target = os.path.join(folder, 'movie.png')
-        window.key('ctrl+i')
-        window.dialog('Image Export File Name')
-        window.key('ctrl+a')
-        window.type_text(target)
-        window.key('Return')
-        for _ in range(50):
-            if os.path.exists(target):
-                break
-            time.sleep(0.1)
+        window.export('ctrl+i', target)
         time.sleep(0.3)
         place = dict(re.findall(r'Absolute upper-left ([XY]): +(-?\d+)',
                                 subprocess.run(['xwininfo', '-id', window.id], check=True, capture_output=True, text=True).stdout))

@@ -90,6 +90,18 @@ class Window:
         self.xdotool('windowactivate', '--sync', found)
         time.sleep(0.3)
 
+    def export(self, key, target):
+        """Lets the window write a file by the action of a key."""
+        self.key(key)
+        self.dialog('Export File Name')
+        self.key('ctrl+a')
+        self.type_text(target)
+        self.key('Return')
+        for _ in range(50):
+            if os.path.exists(target):
+                return
+            time.sleep(0.1)
+
     def put_aside(self, title):
         """Moves a dialog off the main window, and gives it the focus."""
         found = self.xdotool('search', '--sync', '--onlyvisible', '--name', title).split()[-1]

@@ -33,6 +33,7 @@ private slots:
     void aFileThatCannotBeWrittenIsALine();
     void anOverlayIsPartOfThePicture();
     void aShownPictureComesWithItsAxisAndTitle();
+    void theLabelsStayThePicturesWhateverTheMenusDo();
     void aPictureThatIsNotThereChangesNothing();
     void theAxesFollowThePicturesScale();
     void aSmallPictureLeavesWhite();
@@ -372,6 +373,21 @@ void ImageRecorderTest::aShownPictureComesWithItsAxisAndTitle()
     QCOMPARE(f[0]->axisScaleDraw(QwtPlot::xTop)->label(5.0).text(), QString("205"));
     QCOMPARE(f.canvas(f[0]), f.stored(1));
     QVERIFY(f.stored(0) != f.stored(1));
+}
+
+void ImageRecorderTest::theLabelsStayThePicturesWhateverTheMenusDo()
+{
+    ImageFixture f;
+    f.next();
+    f.next();
+    f[0]->showImage(0);
+    f[0]->setSecKey(standardWordIndex("FFID    "));  // of the data, which are not in view
+    QTRY_VERIFY(f.title(f[0]).startsWith("Image:   1 "));
+    QCOMPARE(f[0]->axisScaleDraw(QwtPlot::xTop)->label(5.0).text(), QString("105"));
+    f[0]->setShowImage(false);
+    QCOMPARE(f[0]->axisScaleDraw(QwtPlot::xTop)->label(5.0).text(), QString("2"));
+    f[0]->showImage(0);
+    QCOMPARE(f[0]->axisScaleDraw(QwtPlot::xTop)->label(5.0).text(), QString("105"));
 }
 
 void ImageRecorderTest::aPictureThatIsNotThereChangesNothing()
