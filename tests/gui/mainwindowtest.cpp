@@ -434,7 +434,7 @@ void MainWindowTest::theHelpOpensItsFirstPageOrNamesTheMissingOne()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
     QDir().mkpath(_home.path() + "/docs/meridune-docs");
-    for (const char* name : {"index.html", "open.html", "display.html", "parameters.html", "export.html", "keys.html"})
+    for (const char* name : {"index.html", "open.html", "display.html", "parameters.html", "images.html", "export.html", "keys.html"})
         QVERIFY2(QFile::copy(QString(":/docs/meridune-docs/") + name, _home.path() + "/docs/meridune-docs/" + name), name);
     fixture.action("contentAct")->trigger();
     viewer = fixture.window->findChild<HelpViewer*>("HelpViewer");
@@ -442,7 +442,7 @@ void MainWindowTest::theHelpOpensItsFirstPageOrNamesTheMissingOne()
     QVERIFY(viewer->windowTitle().startsWith("Help Viewer"));
     QVERIFY(viewer->browser()->toPlainText().contains("Opening SEG-Y files"));
     // Every link of every page leads to a page.
-    for (const char* name : {"index.html", "open.html", "display.html", "parameters.html", "export.html", "keys.html"}) {
+    for (const char* name : {"index.html", "open.html", "display.html", "parameters.html", "images.html", "export.html", "keys.html"}) {
         QFile page(_home.path() + "/docs/meridune-docs/" + name);
         QVERIFY(page.open(QIODevice::ReadOnly));
         QRegularExpressionMatchIterator links =
