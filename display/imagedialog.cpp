@@ -156,6 +156,7 @@ void ImageDialog::connectControls()
     connect(_timer, &QTimer::timeout, this, &ImageDialog::imageLoop);
     connect(_imgstore, &ImageStorage::totalChanged, this, &ImageDialog::checkCount);
     connect(_imgstore, &ImageStorage::storedChanged, _storeBox, &QCheckBox::setChecked);
+    connect(_imgstore, &ImageStorage::storedChanged, this, &ImageDialog::enableButtons);
     // The slider follows the movie and the mouse; it isn't to show the picture once more.
     connect(this, qOverload<int>(&ImageDialog::changeImage), _imgSlider, [this](int number) {
         const QSignalBlocker quiet(_imgSlider);
@@ -179,7 +180,7 @@ void ImageDialog::checkCount()
     const int held = _imgstore->storeTotal();
     const bool hasChanged = held != _icount;
     _icount = held;
-    for (QWidget* control : QList<QWidget*>{_clearButton, _playButton, _stopButton, _imgSlider}) control->setEnabled(held > 0);
+    enableButtons();
     _imgLabel->setNum(int(_isvalue));
     if (!_imgstore->isCollecting() && !_collectEdit->hasFocus()) _collectEdit->setNumber(0);
     if (!hasChanged) return;
@@ -188,6 +189,15 @@ void ImageDialog::checkCount()
     if (!_doView) _imgSlider->setValue(1);
     _isvalue = _imgSlider->value();
     _imgLabel->setNum(int(_isvalue));
+}
+
+/// Those that would do nothing are off.
+void ImageDialog::enableButtons()
+{
+    for (QWidget* control : QList<QWidget*>{_clearButton, _playButton, _stopButton, _imgSlider})
+        control->setEnabled(_imgstore->storeTotal() > 0);
+    for (QWidget* control : {_resaveButton, _saveButton})
+        control->setEnabled(_imgstore->isStored() || _imgstore->isCollecting());
 }
 
 void ImageDialog::changeStore(int state)
@@ -222,6 +232,7 @@ void ImageDialog::setCollect()
     _imgstore->setCollectTotal(n);
     _imgstore->setCollect(n > 0);
     _imgstore->setCount(0);
+    enableButtons();
 }
 
 void ImageDialog::changeView(int state)

@@ -77,6 +77,7 @@ private:
     void showStored(bool on);
     void takeFile(const QString& name);
     void writeHeld();
+    void enableButtons();
     void keyPressEvent(QKeyEvent* event) override;
 
     QSlider* _imgSlider;  // all controls are children of this dialog

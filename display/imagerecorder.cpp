@@ -189,8 +189,12 @@ void ImageRecorder::takeAxis(const StoredPicture& picture)
     const KeyColumn& labels = _display->headerAxis().sec();
     _secondary.name = labels.name;
     _secondary.type = labels.type;
-    if (_secondary.values != picture.axis) _hasLabels = false;
+    // Most pictures of a movie have the same labels, and laying these out takes most of a step's time. The axis
+    // borrows the values, so it gets new ones at once.
+    if (_hasLabels && _secondary.values == picture.axis) return;
     _secondary.values = picture.axis;
+    _display->recordAxis()->setAxisArray(_secondary.values.data(), _nTraces, _secondary.type);
+    _hasLabels = true;
 }
 
 /// A start and a span on one axis, for a picture of `whole` units from `least` on.
@@ -268,8 +272,6 @@ void ImageRecorder::showImageAxis(int i)
 {
     const StoredPicture* picture = _imgstore ? _imgstore->picture(i) : nullptr;
     if (!picture) return;
-    // Most pictures of a movie have the same labels, and laying these out takes most of a step's time.
-    if (!_hasLabels) _display->recordAxis()->setAxisArray(_secondary.values.data(), _nTraces, _secondary.type);
-    _hasLabels = true;
+    takeAxis(*picture);
     _display->showTitle(QString::asprintf("Image: %3d", i + 1) + QString(15, ' '), picture->pri, picture->parm);
 }

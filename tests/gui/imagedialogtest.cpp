@@ -28,6 +28,7 @@ class ImageDialogTest : public QObject
 private slots:
     void initTestCase();
     void theControlsSayWhatTheyDo();
+    void buttonsThatWouldDoNothingAreOff();
     void theSliderFollowsTheStore();
     void theSliderShowsItsPicture();
     void twoDisplaysShowTwoPictures();
@@ -121,6 +122,22 @@ void ImageDialogTest::theControlsSayWhatTheyDo()
         QVERIFY2(labels.contains(text), text);
     QCOMPARE(f.find<QLineEdit>("selectField")->placeholderText(), QString("1,3,5,7"));
     QVERIFY(!f.find<QPushButton>("playButton")->isEnabled());  // there is nothing yet
+}
+
+void ImageDialogTest::buttonsThatWouldDoNothingAreOff()
+{
+    DialogFixture f;
+    const auto enabled = [&](const char* name) { return f.find<QWidget>(name)->isEnabled(); };
+    for (const char* name : {"clearButton", "playButton", "stopButton", "imgSlider"}) QVERIFY2(!enabled(name), name);
+    QVERIFY(enabled("saveButton") && enabled("resaveButton"));
+    f.next();
+    for (const char* name : {"clearButton", "playButton", "stopButton", "imgSlider"}) QVERIFY2(enabled(name), name);
+    f.box("storeBox")->click();
+    QVERIFY(!enabled("saveButton") && !enabled("resaveButton"));
+    f.type("collectEdit", "3");
+    QVERIFY(enabled("saveButton") && enabled("resaveButton"));
+    f.type("collectEdit", "0");
+    QVERIFY(!enabled("saveButton"));
 }
 
 void ImageDialogTest::theSliderFollowsTheStore()
