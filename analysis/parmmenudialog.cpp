@@ -2,6 +2,7 @@
 
 #include "display/colorbardialog.h"
 #include "display/displaymenu.h"
+#include "display/imagedialog.h"
 #include "display/scalemenu.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
@@ -13,7 +14,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displaylist,
+ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displaylist, ImageStorage* imgstore,
                                QList<SeismicDisplay*>* otherlist)
     : QDialog(parent)
 {
@@ -26,6 +27,8 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
     _tabView->addTab(_displayMenu, "Display");
     _scaleMenu = new ScaleMenu(displaylist, otherlist);
     _tabView->addTab(_scaleMenu, "Plot");
+    _imd = new ImageDialog(imgstore, displaylist);
+    _tabView->addTab(_imd, "Image");
     _colordiag = new ColorBarDialog(displaylist, otherlist);
     _tabView->addTab(_colordiag, "Color Bar");
     layout->addWidget(_tabView, 1);

@@ -7,6 +7,8 @@
 
 class ColorBarDialog;
 class DisplayMenu;
+class ImageDialog;
+class ImageStorage;
 class QButtonGroup;
 class QHBoxLayout;
 class QTabWidget;
@@ -20,9 +22,10 @@ class ParmMenuDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// The lists are lent and outlive the dialog; the second may be null. A button is made for the main list,
-    /// under the name of its first display, and one for each of the others.
-    ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist);
+    /// The lists and the store are lent and outlive the dialog; the second list may be null. A button is made for
+    /// the main list, under the name of its first display, and one for each of the others.
+    ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displaylist, ImageStorage* imgstore,
+                   QList<SeismicDisplay*>* otherlist);
     /// Hides it first, so that a number that is just being typed is taken while all still stands: delete the
     /// dialog before the displays.
     ~ParmMenuDialog() override;
@@ -38,6 +41,8 @@ public:
     void setOverlayMode(bool on);
     /// Adds a button to choose a display by; the first is checked.
     void addNewDisplay(SeismicDisplay* display);
+    /// The tab "Image".
+    ImageDialog* imageDialog() const { return _imd; }
 
 signals:
     /// The user wants an overlay, or none.
@@ -51,6 +56,7 @@ private:
     QTabWidget* _tabView;
     DisplayMenu* _displayMenu;
     ScaleMenu* _scaleMenu;
+    ImageDialog* _imd;
     ColorBarDialog* _colordiag;
     QButtonGroup* _groupDisplay;
     QHBoxLayout* _displayLayout;

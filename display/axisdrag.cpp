@@ -48,6 +48,7 @@ void AxisDrag::press(QwtScaleWidget* axis, const QMouseEvent* event)
     }
     if (event->button() != Qt::LeftButton) return;
     _state = State::Dragging;
+    emit started();
     _from = onCanvas(axis, event->pos());
     if (!_rubberBand) {
         _rubberBand = new QRubberBand(QRubberBand::Rectangle, _plot->canvas());

@@ -27,6 +27,8 @@ public:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 signals:
+    /// The left button was pressed on an axis.
+    void started();
     /// A range was dragged; rect is in scale units, onTraceAxis tells on which kind of axis.
     void dragged(const QRectF& rect, bool onTraceAxis);
     /// The right button was pressed on an axis.

@@ -14,7 +14,7 @@ ClipTip::ClipTip(QWidget* canvas, const SeismicPlot* plot) : QObject(canvas), _c
 QString ClipTip::text()
 {
     const DisplayType type = _plot->displayType();
-    if (!_plot->isDataLoaded() || type == Map || type == Velocity) return QString();
+    if (!_plot->isDataLoaded() || _plot->isDrawImage() || type == Map || type == Velocity) return QString();
     State now;
     now.generation = _plot->conditioner().generation();
     now.gain = _plot->gain();

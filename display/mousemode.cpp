@@ -15,6 +15,11 @@ QString mouseModeText(MouseMode mode)
     return QString();
 }
 
+QString imageModeText()
+{
+    return ",   MB2 down and drag or wheel: change image";
+}
+
 QString controlLine(bool plainZoom, const QString& text, bool hasContextMenu)
 {
     const QString buttons =

@@ -9,6 +9,9 @@ enum class MouseMode { Zoom, Spectrum, Headers, Velocity, Gates, FirstBreaks, Mo
 /// What the control line adds for a mode; empty for those that say nothing.
 QString mouseModeText(MouseMode mode);
 
+/// What it adds while stored pictures are shown.
+QString imageModeText();
+
 /// The whole control line.
 /// @param plainZoom       the plain buttons zoom, else they do so with Ctrl
 /// @param text            what the mode adds

@@ -1,6 +1,8 @@
 #include "display/myqwtplotcanvas.h"
 
-#include <QBitmap>
+#include "display/picturewindow.h"
+#include "display/serverpicture.h"
+
 #include <QPaintEvent>
 #include <QPainter>
 #include <qwt_plot.h>
@@ -20,32 +22,56 @@ MyQwtPlotCanvas::MyQwtPlotCanvas(QwtPlot* plot) : QwtPlotCanvas(plot)
     setCursor(Qt::CrossCursor);
 }
 
-void MyQwtPlotCanvas::setImage(QImage* image, const QRect& r)
+void MyQwtPlotCanvas::setImage(const QImage& image, const QRect& r)
 {
     _image = image;
     _r = r;
+    _typeImage = 0;
 }
 
-void MyQwtPlotCanvas::setPixmap(QPixmap* pixmap, const QRect& r)
+void MyQwtPlotCanvas::setPixmap(const QPixmap& pixmap, const QRect& r)
 {
     _pixmap = pixmap;
     _r = r;
+    _typeImage = 1;
 }
 
-void MyQwtPlotCanvas::setBitmap(QBitmap* bitmap, const QRect& r)
+void MyQwtPlotCanvas::setBitmap(const QBitmap& bitmap, const QRect& r)
 {
     _bitmap = bitmap;
     _r = r;
+    _typeImage = 2;
+}
+
+void MyQwtPlotCanvas::showStored()
+{
+    invalidatePicture();  // what the plot paints once this is uncovered
+    if (_server) {
+        if (!_pictureWindow) _pictureWindow = new PictureWindow(this);
+        if (_pictureWindow->showPart(_server, _r)) return;
+    }
+    hideStored();
+    setShowImage(true);
+    repaint();
+}
+
+void MyQwtPlotCanvas::hideStored()
+{
+    if (!_pictureWindow || _pictureWindow->isHidden()) return;
+    _pictureWindow->hide();
+    update();  // what was uncovered of the window's buffer is from before
 }
 
 void MyQwtPlotCanvas::replot()
 {
+    hideStored();
     invalidatePicture();
     update(contentsRect());
 }
 
 void MyQwtPlotCanvas::resizeEvent(QResizeEvent* event)
 {
+    hideStored();
     invalidatePicture();
     QwtPlotCanvas::resizeEvent(event);
 }
@@ -55,14 +81,11 @@ bool MyQwtPlotCanvas::paintStored()
     if (!_show || _typeImage < 0 || _typeImage > 2) return false;
     _show = false;
     QPainter painter(this);
-    if (_typeImage == 0 && _image)
-        painter.drawImage(QPoint(0, 0), *_image, _r);
-    else if (_typeImage == 1 && _pixmap)
-        painter.drawPixmap(QPoint(0, 0), *_pixmap, _r);
-    else if (_typeImage == 2 && _bitmap)
-        painter.drawPixmap(QPoint(0, 0), *_bitmap, _r);
+    painter.fillRect(rect(), plot()->canvasBackground());  // a small picture leaves room, a bitmap has holes
+    if (_typeImage == 0)
+        painter.drawImage(QPoint(0, 0), _image, _r);
     else
-        return false;
+        painter.drawPixmap(QPoint(0, 0), _typeImage == 1 ? _pixmap : _bitmap, _r);
     return true;
 }
 

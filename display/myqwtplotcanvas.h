@@ -4,12 +4,16 @@
 
 #include <qwt_plot_canvas.h>
 
+#include <QBitmap>
+#include <QImage>
 #include <QPixmap>
 #include <QRect>
 
-class QBitmap;
-class QImage;
+#include <memory>
+
+class PictureWindow;
 class QwtPlotCurve;
+class ServerPicture;
 
 class MyQwtPlotCanvas : public QwtPlotCanvas
 {
@@ -18,14 +22,20 @@ class MyQwtPlotCanvas : public QwtPlotCanvas
 public:
     explicit MyQwtPlotCanvas(QwtPlot* plot = nullptr);
 
-    /// A stored picture and the part of it to show; lent, must live while it is shown.
-    void setImage(QImage* image, const QRect& r);
-    void setPixmap(QPixmap* pixmap, const QRect& r);
-    void setBitmap(QBitmap* bitmap, const QRect& r);
+    /// A stored picture, and the part of it, in its own pixels, to show.
+    void setImage(const QImage& image, const QRect& r);
+    void setPixmap(const QPixmap& pixmap, const QRect& r);
+    void setBitmap(const QBitmap& bitmap, const QRect& r);
+    /// The X server's copy of that picture; null where there is none.
+    void setServerPicture(std::shared_ptr<const ServerPicture> picture) { _server = std::move(picture); }
     /// Which of them is shown: 0 image, 1 pixmap, 2 bitmap, -1 normal painting.
     void setImageType(int type) { _typeImage = type; }
     /// The next paint shows the stored picture, once.
     void setShowImage(bool show) { _show = show; }
+    /// Shows the stored picture at once: copied within the X server where it has a copy, else painted.
+    void showStored();
+    /// Uncovers the canvas, which paints the plot.
+    void hideStored();
 
     /// The next paint renders the plot anew.
     void invalidatePicture() { _pictureIsValid = false; }
@@ -55,9 +65,11 @@ private:
     bool paintStored();
     void render();
 
-    QImage* _image = nullptr;    // lent
-    QPixmap* _pixmap = nullptr;  // lent
-    QBitmap* _bitmap = nullptr;  // lent
+    QImage _image;
+    QPixmap _pixmap;
+    QBitmap _bitmap;
+    std::shared_ptr<const ServerPicture> _server;
+    PictureWindow* _pictureWindow = nullptr;  // child, made for the first picture of the server
     QRect _r;
     int _typeImage = -1;
     bool _show = false;

@@ -190,6 +190,8 @@ void SeismicDisplay::setMenu(parmmenu* menu)
 
 void SeismicDisplay::setNewFile(parmmenu* menu)
 {
+    setShowImage(false);
+    _images.forgetStored();
     // Traces of the old file are shorter or longer than the record says now, and not every screen gets new ones.
     _loadTraces = false;
     _seismicplot->setDataLoaded(false);
@@ -289,6 +291,9 @@ void SeismicDisplay::afterFirstLayout()
 
 int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool replot)
 {
+    _images.forgetStored();
+    setResizeImage(true);
+    setShowImage(false);
     if (n < 1) {
         _lastEnsemble = true;
         return 0;
@@ -329,6 +334,7 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
     limitPan();
     _firstTime = false;
     if (replot) rePlot();
+    storeImage(false);
     emit ensembleShown();
     return 0;
 }

@@ -4,6 +4,7 @@
 
 #include "display/ensemblecopy.h"
 #include "display/headeraxis.h"
+#include "display/imagerecorder.h"
 #include "display/mousemode.h"
 #include "display/myqwtplot.h"
 #include "display/plotowner.h"
@@ -17,6 +18,7 @@
 class AxisDrag;
 class ColorBarFrame;
 class DisplayHost;
+class ImageStorage;
 class MyQwtPlotMagnifier;
 class MyQwtPlotPanner;
 class MyQwtPlotZoomer;
@@ -54,6 +56,8 @@ public:
     void setMenu(parmmenu* menu);
     /// The same for another file, whose first ensemble is shown whole. The traces of the old one go.
     void setNewFile(parmmenu* menu);
+    /// The store of the window's pictures; without one none are stored. Lent.
+    void setImageStorage(ImageStorage* imgstore) { _images.setStorage(imgstore); }
     /// Sister displays that take over zooms and pans; lent.
     void setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others);
     /// Takes sample rate, sizes and time window from the record's run-time copy.
@@ -92,6 +96,10 @@ public:
     void enableVerticalAxis(bool left, bool right);
     /// Shows or hides the numbers of all axes.
     void setVAxisValues(bool on);
+    /// Labels and title from the words that are the keys now; the axes are brought up to date.
+    void axesFollowHeaders();
+    /// Shows a title of the primary key in front of which stands `before`.
+    void showTitle(const QString& before, float primary, const QString& parm);
     /// The side of the first trace, for both plots and the axes. The caller rebuilds the plot.
     void setPlotDirection(PlotDirection direction);
     /// Header words of the title and of the trace labels, counted from 0, -1 for none; the axes follow, the
@@ -109,6 +117,10 @@ public:
     /// The whole data become the base.
     void setZoomBase();
     QRectF zoomBase() const;
+    /// What the axes show, traces and ms.
+    QRectF visibleRect() const;
+    /// Sets the axes; the zoom's stack stays, nothing is replotted.
+    void setVisibleRect(const QRectF& rect);
     bool isZoomed() const;
     bool isPanned() const;
     /// Moves the picture down by pixels.
@@ -128,6 +140,24 @@ public:
     void setControlLabel(const QString& text);
     /// Adds to the status line until the next read-out.
     void addMessage(const QString& text);
+
+    // The pictures; ImageRecorder tells what each does.
+    void checkSavedImage() { _images.checkSavedImage(); }
+    void buildImage() { _images.buildImage(); }
+    void storeImage(bool extra) { _images.storeImage(extra); }
+    void saveToFile(const QString& name, bool check) { _images.saveToFile(name, check); }
+    void setResizeImage(bool on) { _images.setResizeImage(on); }
+    void setImageStored(bool on) { _images.setImageStored(on); }
+    /// Shows stored pictures in place of the data, or the data again.
+    void setShowImage(bool state) { _images.setShowImage(state); }
+    /// Shows picture i of the store, from 0; nothing where there is none.
+    void showImage(int i);
+    void showImageAxis(int i) { _images.showImageAxis(i); }
+    /// With on the mouse meets only the pictures of the list, counted from 1.
+    void setShowImageList(bool on, const QVector<int>& list);
+    const ImageRecorder& images() const { return _images; }
+    ImageRecorder& images() { return _images; }
+    RecordAxisScaleDraw* recordAxis() const { return _recordaxis; }
 
     SeismicData* seismicData() const { return _seismicdata.get(); }
     /// Traces shown; 0 before the first load.
@@ -152,6 +182,8 @@ public:
     const HeaderAxis& headerAxis() const { return _headerAxis; }
     /// First sample kept of the input traces.
     int firstSample() const { return _stime; }
+    /// Time of that sample in ms.
+    double shiftTime() const { return _shiftTime; }
     bool lastEnsemble() const { return _lastEnsemble; }
     int windowNumber() const { return _windowNumber; }
     /// The line under the mouse at a position of the canvas; empty without data.
@@ -171,8 +203,12 @@ public slots:
     void synchronizeScrollBars();
     void horizontalScrollerMoved(double from);
     void verticalScrollerMoved(double from);
+    /// The same as showImage, for a picture counted from 1.
+    void changeImage(int number) { showImage(number - 1); }
 
 signals:
+    /// A stored picture, counted from 1, is on the screen.
+    void imageShown(int number);
     /// A new ensemble is on the screen.
     void ensembleShown();
 
@@ -185,12 +221,15 @@ private:
     void makeAxes(bool enableLeft, bool enableRight);
     void makeGrid();
     void makeMouseTools();
-    void axesFollowHeaders();
     void setTimeWindow();
     void setTimeAxis();
     void setSliceAxis();
     double wholeHeight() const;
+    QSizeF panExtent() const;
+    double timeStep(double span) const;
     void limitPan();
+    void showImageAgain();
+    bool trackImage(QEvent* event);
     void setWholeAxes();
     void afterFirstLayout();
     QRectF canvasRectangle() const;
@@ -249,6 +288,9 @@ private:
     bool _timeZoomOnly = false, _traceZoomOnly = false;
     MouseMode _mouseMode = MouseMode::Zoom;
     bool _isDifference = false;
+    ImageRecorder _images{this};
+    int _nShownAgain = 0;       // for changes of the canvas since the picture was chosen
+    int _imageTrackerOldX = 0;  // where the middle button was last seen on a stored picture
     QString _messageMain, _messageAdd;
 };
 

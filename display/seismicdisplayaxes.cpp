@@ -36,19 +36,24 @@ int SeismicDisplay::buildHeaderAxis()
     }
     const KeyColumn& labels = _headerAxis.sec();
     _recordaxis->setAxisArray(labels.values.data(), _headerAxis.traceCount(), labels.type);
+    _images.forgetLabels();
     return 0;
 }
 
 void SeismicDisplay::setDisplayTitle()
 {
     const KeyColumn& key = _headerAxis.pri();
-    const float value = key.values.size() > 1 ? key.values[1] : 0.0f;
-    QString title = key.name + ":" + QString::number(double(value), 'g', 6) + "    " + _headerAxis.parmTest();
+    showTitle(QString(), key.values.size() > 1 ? key.values[1] : 0.0f, _headerAxis.parmTest());
+}
+
+void SeismicDisplay::showTitle(const QString& before, float primary, const QString& parm)
+{
+    QString title = _headerAxis.pri().name + ":" + QString::number(double(primary), 'g', 6) + "    " + parm;
     if (_idomain == sliceDomain) {
-        title = "SLC_TIME:" + QString::number(double(_sliceTime), 'g', 6) + "  msec    " + _headerAxis.parmTest() +
+        title = "SLC_TIME:" + QString::number(double(_sliceTime), 'g', 6) + "  msec    " + parm +
                 "    Time: " + QString::number(double(_sliceTime), 'g', 6) + "  msec";
     }
-    QwtText text(title);
+    QwtText text(before + title);
     QFont font = axisFont(xTop);
     font.setBold(true);
     text.setFont(font);
@@ -79,12 +84,12 @@ void SeismicDisplay::setVAxisValues(bool on)
     rePlot();
 }
 
-/// Labels and title from the words that are the keys now.
 void SeismicDisplay::axesFollowHeaders()
 {
     if (!_loadTraces || buildHeaderAxis() != 0) return;
     setDisplayTitle();
     updateAxes();
+    showImageAgain();
 }
 
 void SeismicDisplay::setPlotDirection(PlotDirection direction)
@@ -119,14 +124,19 @@ void SeismicDisplay::setTraceIncrement(float incr)
     _magnifier->setXIncrement(_traceIncr);
 }
 
+/// Half a second is too coarse for short records, whose axis would be bare, and too fine for long ones.
+double SeismicDisplay::timeStep(double span) const
+{
+    const int labelHeight = std::max(1, QFontMetrics(axisFont(yLeft)).height());
+    return roomyStep(span, axisStep(span, _timeIncr), canvas()->height() * 4 / (5 * labelHeight));
+}
+
 void SeismicDisplay::setTimeIncrement(float incr)
 {
     _timeIncr = incr;
     const double plotSamples = _seismicplot->plotSampleCount();
     const double plotTime = plotSamples * (_idomain == sliceDomain ? 1.0 : _samprat);
-    // Half a second is too coarse for short records, whose axis would be bare, and too fine for long ones.
-    const int labelHeight = std::max(1, QFontMetrics(axisFont(yLeft)).height());
-    const double step = roomyStep(plotTime, axisStep(plotTime, incr), canvas()->height() * 4 / (5 * labelHeight));
+    const double step = timeStep(plotTime);
     for (const int axis : {yLeft, yRight}) {
         const double shift = double(_stime) * _samprat;
         if (_idomain != sliceDomain)
@@ -159,12 +169,18 @@ double SeismicDisplay::wholeHeight() const
     return _idomain == sliceDomain ? double(_numsmp) : double(_numsmp) * _samprat;
 }
 
-/// Panning reaches to the end of the data even where a fixed spacing shows only a part of them.
+/// What scrolling and panning reach over: the picture on the screen, or the data, also where a fixed spacing shows
+/// only a part of them.
+QSizeF SeismicDisplay::panExtent() const
+{
+    if (_images.number() >= 0) return _images.extent();
+    return QSizeF(std::max(_panTraces, _seismicdata->traceCount() + 1.0), std::max(_panSamples, wholeHeight()));
+}
+
 void SeismicDisplay::limitPan()
 {
-    const double traces = std::max(_panTraces, _seismicdata->traceCount() + 1.0);
-    const double samples = std::max(_panSamples, wholeHeight());
-    _panner->setMinMax(0.0, traces, 0.0, samples, _shiftTime, _timeDirection);
+    const QSizeF extent = panExtent();
+    _panner->setMinMax(0.0, extent.width(), 0.0, extent.height(), _shiftTime, _timeDirection);
 }
 
 QRectF SeismicDisplay::zoomBase() const
@@ -187,6 +203,8 @@ void SeismicDisplay::rebuildDisplay(bool resetOthers)
 
 void SeismicDisplay::rebuildPlot()
 {
+    setImageStored(false);
+    setResizeImage(true);
     rePlot();
     if (_host && _menu && _menu->iscreens <= 1) _host->doFBPicking(_mouseMode == MouseMode::FirstBreaks);
 }
@@ -207,5 +225,8 @@ void SeismicDisplay::resizeEvent(QResizeEvent* event)
     MyQwtPlot::resizeEvent(event);
     _scrollBars->place();
     // A scroll bar that comes or goes only changes the margins.
-    if (event->size() != event->oldSize()) rebuildDisplay(false);
+    if (event->size() == event->oldSize()) return;
+    rebuildDisplay(false);
+    _nShownAgain = 0;
+    showImageAgain();
 }

@@ -3,10 +3,12 @@
 
 #include "display/axisdrag.h"
 #include "display/displayhost.h"
+#include "display/myqwtplotcanvas.h"
 #include "display/myqwtplotmagnifier.h"
 #include "display/myqwtplotpanner.h"
 #include "display/myqwtplotzoomer.h"
 #include "display/plotscrollbars.h"
+#include "display/rasternumber.h"
 #include "display/readout.h"
 #include "display/seismicplot.h"
 #include "tracedata/parmmenu.h"
@@ -36,6 +38,8 @@ void SeismicDisplay::makeMouseTools()
     // The second zoomer follows on the other two axes and has no news of its own.
     connect(_zoomer[0], &MyQwtPlotZoomer::zoomed, this, &SeismicDisplay::catchZoom);
     connect(_panner, &QwtPanner::panned, this, &SeismicDisplay::catchPan);
+    // Its rubber band lies on the canvas, which a stored picture covers.
+    connect(_axisDrag, &AxisDrag::started, myCanvas(), &MyQwtPlotCanvas::hideStored);
     connect(_axisDrag, &AxisDrag::resetWanted, this, [this] { resetZoom(-1); });
     connect(_axisDrag, &AxisDrag::dragged, this, [this](const QRectF& rect, bool onTraceAxis) {
         (onTraceAxis ? _traceZoomOnly : _timeZoomOnly) = true;
@@ -69,8 +73,8 @@ void SeismicDisplay::setMouseMode(MouseMode mode, bool on)
 {
     if (!on && mode != _mouseMode) return;  // another mode owns the mouse
     _mouseMode = on ? mode : MouseMode::Zoom;
-    setZoom(_mouseMode == MouseMode::Zoom);
-    setControlLabel(mouseModeText(_mouseMode));
+    setZoom(_mouseMode == MouseMode::Zoom && !_images.isShown());
+    setControlLabel(_images.isShown() ? imageModeText() : mouseModeText(_mouseMode));
 }
 
 void SeismicDisplay::showDisplay(int mode)
@@ -136,6 +140,9 @@ void SeismicDisplay::panVertically(int dy)
 
 void SeismicDisplay::catchZoom(const QRectF& rect)
 {
+    showImageAgain();
+    if (!_images.isShown()) setImageStored(false);
+    setResizeImage(true);
     if (_zoomLink.isSpreading()) return;
     _zoomLink.spreadZoom(this, rect, _timeZoomOnly, _traceZoomOnly);
     const double wholeTime = double(_seismicplot->plotSampleCount()) * (_idomain == sliceDomain ? 1.0 : _samprat);
@@ -146,6 +153,8 @@ void SeismicDisplay::catchZoom(const QRectF& rect)
 
 void SeismicDisplay::catchPan(int /*dx*/, int dy)
 {
+    if (!_images.isShown()) setImageStored(false);
+    setResizeImage(true);
     _zoomLink.spreadPan(this, dy);
 }
 
@@ -154,9 +163,9 @@ void SeismicDisplay::synchronizeScrollBars()
     if (!_loadTraces) return;
     const QwtInterval x = axisScaleDiv(xTop).interval().normalized();
     const QwtInterval y = axisScaleDiv(yLeft).interval().normalized();
-    const double traces = std::max(_panTraces, _seismicdata->traceCount() + 1.0);
-    const double times = std::max(_panSamples, wholeHeight());
-    _scrollBars->synchronize({0.0, traces, x.minValue(), x.width()}, {_shiftTime, times, y.minValue(), y.width()});
+    const QSizeF extent = panExtent();
+    _scrollBars->synchronize({0.0, extent.width(), x.minValue(), x.width()},
+                             {_shiftTime, extent.height(), y.minValue(), y.width()});
 }
 
 /// Moves the axes of one direction, with their steps.
@@ -186,16 +195,21 @@ void SeismicDisplay::verticalScrollerMoved(double from)
 QString SeismicDisplay::readoutAt(const QPoint& pos) const
 {
     if (!_loadTraces) return QString();
-    if (_seismicdata->traceCount() < 1 || _seismicdata->sampleCount() < 1) return QString();
-    const ReadoutFrame frame = {_seismicdata->traceCount(),
-                                _seismicdata->sampleCount(),
-                                double(_samprat),
-                                _seismicplot->plotDirection() == RightToLeft,
-                                _idomain == sliceDomain,
-                                _timeDirection != 0,
-                                double(_dstime),
-                                _stime};
     const double x = canvasMap(xTop).invTransform(pos.x()), y = canvasMap(yLeft).invTransform(pos.y());
+    ReadoutFrame frame = {_seismicdata->traceCount(),
+                          _seismicdata->sampleCount(),
+                          double(_samprat),
+                          _seismicplot->plotDirection() == RightToLeft,
+                          _idomain == sliceDomain,
+                          _timeDirection != 0,
+                          double(_dstime),
+                          _stime};
+    if (_images.number() >= 0) {  // the amplitudes of a stored picture have gone
+        frame.nTraces = _images.traceCount();
+        frame.nSamples = wholeOf(_images.extent().height() / _samprat + 0.5);
+        return readoutText(readoutPosition(frame, x, y), _images.primary(), _images.secondary(), _ctaxis);
+    }
+    if (frame.nTraces < 1 || frame.nSamples < 1) return QString();
     const ReadoutPosition at = readoutPosition(frame, x, y);
     QString line = readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis) +
                    amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
@@ -208,6 +222,7 @@ QString SeismicDisplay::readoutAt(const QPoint& pos) const
 bool SeismicDisplay::eventFilter(QObject* object, QEvent* event)
 {
     if (object != canvas()) return MyQwtPlot::eventFilter(object, event);
+    if (_images.isShown() && trackImage(event)) return true;
     if (event->type() == QEvent::MouseMove) {
         if (!_loadTraces) return true;
         _messageMain = readoutAt(static_cast<QMouseEvent*>(event)->pos());

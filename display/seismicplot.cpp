@@ -318,22 +318,29 @@ QRect storedPictureCrop(const QSize& picture, const AxisMap& savedX, const AxisM
 {
     const double xPixels = std::abs(savedX.p2 - savedX.p1), xScale = std::abs(savedX.s2 - savedX.s1);
     const double yPixels = std::abs(savedY.p2 - savedY.p1), yScale = std::abs(savedY.s2 - savedY.s1);
-    return QRect(wholeOf(xPixels * x.s1 / xScale), wholeOf(yPixels * (yStart - shiftTime) / yScale),
+    const double noise = 1e-6;  // of scales that went through pixels and back; it must not cost one
+    return QRect(wholeOf(xPixels * x.s1 / xScale + noise), wholeOf(yPixels * (yStart - shiftTime) / yScale + noise),
                  std::min(picture.width(), wholeOf(xPixels)),
-                 std::min(picture.height(), wholeOf(yPixels * std::abs(y.s2 - y.s1) / yScale)));
+                 std::min(picture.height(), wholeOf(yPixels * std::abs(y.s2 - y.s1) / yScale + noise)));
+}
+
+QRect SeismicPlot::storedPart(const QwtScaleMap& xMap, const QwtScaleMap& yMap) const
+{
+    const QSize size = _doDrawBitmap ? _bitmap.size() : _doDrawPixmap ? _pixmap.size() : _image.size();
+    const double yStart = timeDirection() == 0 ? yMap.s1() : yMap.s2();
+    QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart,
+                                   _shiftTime);
+    crop.setSize(crop.size().boundedTo(QSize(size.width() - crop.x(), size.height() - crop.y())));
+    return crop.isEmpty() ? QRect(QPoint(0, 0), size) : crop;
 }
 
 void SeismicPlot::drawStored(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
                              const QRectF& canvasRect) const
 {
     const QPixmap* pixmap = _doDrawBitmap ? &_bitmap : _doDrawPixmap ? &_pixmap : nullptr;
-    const QSize size = pixmap ? pixmap->size() : _image.size();
-    const double yStart = _owner && _owner->timeDirection() == 0 ? yMap.s1() : yMap.s2();
-    QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart,
-                                   _shiftTime);
-    if (crop.isEmpty()) crop = QRect(QPoint(0, 0), size);
+    const QRectF crop = storedPart(xMap, yMap);
     if (pixmap)
-        painter->drawPixmap(canvasRect.topLeft(), *pixmap, QRectF(crop));
+        painter->drawPixmap(canvasRect.topLeft(), *pixmap, crop);
     else
-        painter->drawImage(canvasRect.topLeft(), _image, QRectF(crop));
+        painter->drawImage(canvasRect.topLeft(), _image, crop);
 }

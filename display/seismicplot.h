@@ -100,6 +100,8 @@ public:
     void setupDrawImage(const QImage& image, const QwtScaleMap& xMap, const QwtScaleMap& yMap);
     void setupDrawPixmap(const QPixmap& pixmap, const QwtScaleMap& xMap, const QwtScaleMap& yMap);
     void setupDrawBitmap(const QBitmap& bitmap, const QwtScaleMap& xMap, const QwtScaleMap& yMap);
+    /// The part of the stored picture that these maps show, in its pixels; all of it where they show none.
+    QRect storedPart(const QwtScaleMap& xMap, const QwtScaleMap& yMap) const;
 
     SeismicData* data() const { return _data; }
     ColorBarFrame* colorBar() const { return _colorBar; }

@@ -3,6 +3,8 @@
 #include "analysis/parmmenudialog.h"
 #include "display/colorbarframe.h"
 #include "display/drawdialog.h"
+#include "display/imagedialog.h"
+#include "display/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
 #include "frame/pagekeys.h"
@@ -121,6 +123,7 @@ void MainWindow::makeAssumptionsPanel()
 
 void MainWindow::buildMainPlot()
 {
+    makeImageStorage();
     for (int i = 0; i < _menu->iscreens; ++i) {
         const bool isLast = i == _menu->iscreens - 1;
         const bool hasRight = isLast && (_menu->iscreens == 1 || _menu->idifference == 0);
@@ -129,6 +132,7 @@ void MainWindow::buildMainPlot()
         _display = new SeismicDisplay(column, "Main Display", statusBar(), _controlStatus, i == 0, hasRight, i, this);
         column->addWidget(_display);
         _display->setColorBar(_colorBarFrame);
+        _display->setImageStorage(_imgstore.get());
         _display->setMenu(_menu);
         _displaylist.append(_display);
     }
@@ -141,6 +145,7 @@ int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
 {
     if (screen < 0 || screen >= _displaylist.size()) return 0;
     _displaylist[screen]->loadSeismicData(traces, heads, n, true);
+    endViewing();
     if (_showDifference && _actions->box("differBox")->isChecked() && screen == _menu->iscreens - 1) loadDifference();
     if (_parmmenu) _parmmenu->update();
     return 0;
@@ -267,9 +272,10 @@ void MainWindow::tellNotBuilt(const QString& what)
 void MainWindow::makeParmMenu()
 {
     if (_parmmenu) return;
-    _parmmenu = new ParmMenuDialog(this, &_displaylist, &_otherlist);
+    _parmmenu = new ParmMenuDialog(this, &_displaylist, _imgstore.get(), &_otherlist);
     QCheckBox* box = _actions->box("overlayBox");
     connect(_parmmenu, &ParmMenuDialog::overlayChanged, box, &QCheckBox::setChecked);
+    connect(_parmmenu->imageDialog(), &ImageDialog::viewChanged, _actions->box("showImageBox"), &QCheckBox::setChecked);
 }
 
 void MainWindow::parameterMenu()
@@ -307,20 +313,6 @@ void MainWindow::setOverlayMode(bool on)
 {
     overlayColorBarFrame()->setVisible(on);
     if (_parmmenu) _parmmenu->setOverlayMode(on);
-}
-
-void MainWindow::saveImage(int state)
-{
-    if (state) tellNotBuilt("The image store");
-}
-
-void MainWindow::showImage(int state)
-{
-    if (state) {
-        _actions->box("showImageBox")->setChecked(false);
-        QMessageBox::critical(this, "Image Error", "No images are saved.");
-    }
-    checkRadioButtons();
 }
 
 void MainWindow::showVelocity(int state)

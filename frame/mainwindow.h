@@ -18,6 +18,7 @@ class ColorBarFrame;
 class ParmMenuDialog;
 class DialogProgress;
 class DrawDialog;
+class ImageStorage;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
@@ -68,6 +69,14 @@ public:
     ColorBarFrame* colorBarFrame() const { return _colorBarFrame; }
     AssumptionsPanel* assumptionsPanel() const { return _assumptionsPanel; }
     SegyLoader* segyLoader() const override { return _segyloader.get(); }
+    /// The pictures of all screens; null before buildMainPlot.
+    ImageStorage* imageStorage() const { return _imgstore.get(); }
+    /// Null before its first use.
+    ParmMenuDialog* parmMenuDialog() const { return _parmmenu; }
+    /// How many pictures a collection takes; true if more than one.
+    bool isCollectImage(int* n) const;
+    /// Switches the collection on or off.
+    void setCollecting(bool on);
     QSplitter* splitter() const { return _splitter; }
     WindowActions* actionTable() const { return _actions.get(); }
     velSemblanceStruct* getVelSemblance() const { return _velsemblance; }
@@ -145,6 +154,11 @@ protected:
 
 private:
     void makeCentre();
+    void makeImageStorage();
+    void keepStoredImages();
+    void storeImages();
+    void endViewing();
+    QPixmap wholePicture();
     void makeParmMenu();
     void hideMenus();
     void makeDifference();
@@ -171,6 +185,7 @@ private:
     std::unique_ptr<WindowActions> _actions;
     std::unique_ptr<WindowReport> _report;
     AssumptionsPanel* _assumptionsPanel = nullptr;
+    std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;
     SeismicDisplay* _display = nullptr;  // the last screen made
@@ -189,6 +204,8 @@ private:
     RunState _run;
     bool _showDifference = false;  // the last display is a difference
     bool _isZoom = false;
+    bool _isViewing = false;       // stored pictures are shown
+    bool _couldGoForward = false;  // before they were
     bool _isSegy = false;
     bool _isStandAlone = true;
     bool _dataReady = false;

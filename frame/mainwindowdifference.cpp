@@ -29,6 +29,7 @@ void MainWindow::makeDifference()
                                        _displaylist.size(), this);
     column->addWidget(display);
     display->setColorBar(_colorBarFrame);
+    display->setImageStorage(_imgstore.get());
     display->setMenu(_menu);
     display->setDifferenceFlag(true);
     _displaylist.append(display);
@@ -58,4 +59,6 @@ void MainWindow::loadDifference()
     difference->seismicPlot()->setRMS(_displaylist.first()->seismicPlot()->rms());
     difference->seismicPlot()->computeNormalizer();
     difference->rePlot();
+    difference->setImageStored(false);  // at the load it had a scale of its own
+    difference->storeImage(false);
 }

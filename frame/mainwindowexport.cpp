@@ -1,6 +1,7 @@
 /// Prints and pictures of the main window.
 #include "frame/mainwindow.h"
 
+#include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/sectionexportdialog.h"
 #include "widgets/pictureexport.h"
@@ -36,14 +37,16 @@ void MainWindow::print()
     printer.setDocName(windowTitle());
     printer.setCreator("Seismic Display");
     QPrintDialog dialog(&printer, this);
-    if (dialog.exec() == QDialog::Accepted) printPicture(_display->grab(), &printer);
+    if (dialog.exec() != QDialog::Accepted) return;
+    _display->myCanvas()->hideStored();
+    printPicture(_display->grab(), &printer);
 }
 
 void MainWindow::exportPDF()
 {
     const QString name = askName(this, "PDF Export File Name", "/meridune.pdf", "PDF Documents (*.pdf)");
     QString error;
-    if (!name.isEmpty() && !savePdf(grab(), name, &error)) tell(this, "PDF Export Error", error);
+    if (!name.isEmpty() && !savePdf(wholePicture(), name, &error)) tell(this, "PDF Export Error", error);
 }
 
 void MainWindow::exportSection()
@@ -75,7 +78,7 @@ void MainWindow::exportImage()
 {
     const QString name = askName(this, "Image Export File Name", "/meridune.png", pictureFilter);
     QString error;
-    if (!name.isEmpty() && !savePicture(grab(), withPictureSuffix(name), &error))
+    if (!name.isEmpty() && !savePicture(wholePicture(), withPictureSuffix(name), &error))
         tell(this, "Image Export Error", error);
 }
 

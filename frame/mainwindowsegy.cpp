@@ -117,6 +117,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     saveHeader();
     _segyloader->saveHeaders();
     _segyloader->loadNextEnsemble(1);
+    endViewing();
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
     _fileName = QFileInfo(parm.files.section(',', 0, 0)).fileName();
     setAreaLineTitle(_showAreaLine);
@@ -164,6 +165,7 @@ void MainWindow::nextRecord()
 {
     if (!_segyloader) return;
     _dataReady = false;
+    storeImages();
     _run.pressNext();
     enableBackKey(_segyloader->canSeek());
     {
@@ -178,6 +180,7 @@ void MainWindow::previousRecord()
 {
     if (!_segyloader) return;
     _dataReady = false;
+    storeImages();
     _run.pressPrevious();
     {
         WaitCursor wait;
@@ -211,6 +214,7 @@ void MainWindow::seekRecord()
     }
     _segyloader->seekEnsemble(dialog.prikey());
     showRecord(_segyloader->numTraces() > 0);
+    storeImages();
     setLastEnsemble(false);
     enableBackKey(true);
 }
@@ -221,6 +225,7 @@ void MainWindow::takeLoaderKeys()
     orvinRuntimeStruct& runtime = _menu->_orvinruntime;
     runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _segyloader->priEKey();
     runtime.iskey = _menu->iskey = _menu->iskeyreal = _segyloader->secEKey();
+    endViewing();
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
 }
 

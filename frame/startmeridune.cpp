@@ -83,6 +83,8 @@ static void fillHome()
 
 int aloneMeriduneSEGY()
 {
+    // Stored pictures have a native window of their own; the canvases beside it stay as they are.
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     QApplication app(meriduneac, meriduneav);
     // The formats of files and of the status line have points, whatever the user's locale.
     std::setlocale(LC_NUMERIC, "C");

@@ -51,12 +51,13 @@ set_environment()
     esac
 }
 
-# start_xvfb: a virtual X server on a free number, and a window manager that is ready in it; sets DISPLAY.
+# start_xvfb: a virtual X server on a free number, of $xvfb_screen (1920x1080x24), and a window manager that is
+# ready in it; sets DISPLAY.
 start_xvfb()
 {
     local numbers ready
     numbers=$(mktemp /tmp/meridune-xvfb.XXXXXX)
-    Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp >/dev/null 2>&1 3>"$numbers" &
+    Xvfb -displayfd 3 -screen 0 "${xvfb_screen:-1920x1080x24}" -nolisten tcp >/dev/null 2>&1 3>"$numbers" &
     xvfb_pid=$!
     for _ in $(seq 100); do
         [ -s "$numbers" ] && break

@@ -90,6 +90,12 @@ class Window:
         self.xdotool('windowactivate', '--sync', found)
         time.sleep(0.3)
 
+    def put_aside(self, title):
+        """Moves a dialog off the main window, and gives it the focus."""
+        found = self.xdotool('search', '--sync', '--onlyvisible', '--name', title).split()[-1]
+        self.xdotool('windowmove', '--sync', found, 1260, 40)
+        self.dialog(title)
+
     def leave(self):
         """Back to the main window."""
         self.xdotool('windowactivate', '--sync', self.id)
@@ -97,7 +103,12 @@ class Window:
 
     def picture(self):
         """The screen as an array [row, column, RGB]."""
-        data = subprocess.run(['import', '-window', 'root', '-depth', '8', 'ppm:-'], check=True, capture_output=True).stdout
+        return self.pixels('import', '-window', 'root')
+
+    @staticmethod
+    def pixels(*command):
+        """What a command of ImageMagick gives, as an array [row, column, RGB]."""
+        data = subprocess.run([*command, '-depth', '8', 'ppm:-'], check=True, capture_output=True).stdout
         fields = data.split(maxsplit=4)
         width, height = int(fields[1]), int(fields[2])
         return numpy.frombuffer(data[-3 * width * height:], numpy.uint8).reshape(height, width, 3).astype(int)

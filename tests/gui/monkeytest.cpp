@@ -3,6 +3,7 @@
 /// MERIDUNE_MONKEY_SEED repeats a run; MERIDUNE_MONKEY_EVENTS sets the events for each window, and with
 /// MERIDUNE_MONKEY_TRACE each event is printed before it is sent.
 #include "display/drawdialog.h"
+#include "display/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "display/titles.h"
 #include "frame/assumptionspanel.h"
@@ -40,7 +41,7 @@ class MonkeyTest : public QObject
 private slots:
     void initTestCase();
     void mainWindow();
-    void parameterMenu_data() { eachTab({"Display", "Plot", "Color Bar"}); }
+    void parameterMenu_data() { eachTab({"Display", "Plot", "Image", "Color Bar"}); }
     void parameterMenu();
     void segyMenuTabs_data() { eachTab({"Load", "EBCDIC", "Binary", "Trace"}); }
     void segyMenuTabs();
@@ -149,6 +150,7 @@ public:
         _menu->idifference = 1;
         window = std::make_unique<MainWindow>(nullptr, _menu.get());
         window->buildMainPlot();
+        window->imageStorage()->setLimit(100 << 20);
         // Two ways out, and a dialog of the system: nothing that a test could dismiss.
         for (const char* name : {"exitAct", "exitContAct", "printAct"}) action(name)->setEnabled(false);
         for (SeismicDisplay* display : window->displayList()) watch(display);
@@ -328,7 +330,7 @@ void Monkey::resizeTarget()
 
 void Monkey::useWindow()
 {
-    const int what = pick(9);
+    const int what = pick(11);
     say(QString("window %1").arg(what));
     SegyLoader* loader = window->segyLoader();
     switch (what) {
@@ -339,6 +341,8 @@ void Monkey::useWindow()
     case 5: return window->actionTable()->box("overlayBox")->toggle();
     case 6: return window->actionTable()->box("differBox")->toggle();
     case 7: return window->seekRecord();
+    case 8: return window->actionTable()->box("savImageBox")->toggle();
+    case 9: return window->actionTable()->box("showImageBox")->toggle();
     default:
         if (loader->numTraces() > 0) window->loadEnsemble(loader->getTraces(), loader->getHeaders(), loader->numTraces(), 1);
     }

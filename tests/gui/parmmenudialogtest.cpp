@@ -3,6 +3,7 @@
 
 #include "display/colorbardialog.h"
 #include "display/displaymenu.h"
+#include "display/imagestorage.h"
 #include "display/myqwtplotcanvas.h"
 #include "display/scalemenu.h"
 #include "display/seismicplot.h"
@@ -60,13 +61,14 @@ void ParmMenuDialogTest::initTestCase()
 /// Displays of 20 traces, the last one not a main display, and the menu on them.
 struct MenuFixture : DisplayFixture {
     TestEnsemble ensemble{20, 500};
+    ImageStorage store;
     std::unique_ptr<ParmMenuDialog> dialog;
 
     MenuFixture() : DisplayFixture(2)
     {
         for (int i = 0; i < 2; ++i) load(ensemble, i);
         others.append(displays.takeLast());
-        dialog = std::make_unique<ParmMenuDialog>(nullptr, &displays, &others);
+        dialog = std::make_unique<ParmMenuDialog>(nullptr, &displays, &store, &others);
         dialog->show();
     }
     template <typename Control> Control* find(const char* name)
@@ -84,7 +86,7 @@ void ParmMenuDialogTest::theTabsStandInOrder()
     auto* tabs = f.find<QTabWidget>("tabView");
     QStringList names;
     for (int i = 0; i < tabs->count(); ++i) names.append(tabs->tabText(i));
-    QCOMPARE(names, QStringList({"Display", "Plot", "Color Bar"}));
+    QCOMPARE(names, QStringList({"Display", "Plot", "Image", "Color Bar"}));
 }
 
 void ParmMenuDialogTest::thereIsAButtonForEachDisplay()
@@ -221,7 +223,8 @@ void ParmMenuDialogTest::aHalfTypedNumberOutlivesNoWindow()
     DisplayFixture displays;
     TestEnsemble ensemble(20, 500);
     displays.load(ensemble);
-    auto dialog = std::make_unique<ParmMenuDialog>(nullptr, &displays.displays, &displays.others);
+    ImageStorage store;
+    auto dialog = std::make_unique<ParmMenuDialog>(nullptr, &displays.displays, &store, &displays.others);
     dialog->show();
     auto* clip = dialog->findChild<NumberEdit*>("clipEdit");
     QApplication::setActiveWindow(dialog.get());

@@ -1,0 +1,231 @@
+#include "display/imagestorage.h"
+
+#include "display/serverpicture.h"
+#include "host/report.h"
+#include "widgets/pictureexport.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+
+QSize StoredPicture::size() const
+{
+    return !pixmap.isNull() ? pixmap.size() : !bitmap.isNull() ? bitmap.size() : image.size();
+}
+
+QImage StoredPicture::toImage() const
+{
+    return !pixmap.isNull() ? pixmap.toImage() : !bitmap.isNull() ? bitmap.toImage() : image;
+}
+
+int64_t storedBytes(const QSize& size)
+{
+    const int64_t one = int64_t(size.width()) * size.height() * 4;
+    return ServerPicture::isPossible(size) ? 2 * one : one;
+}
+
+ImageStorage::ImageStorage(QObject* parent)
+    : QObject(parent), _limit(int64_t(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 4)
+{
+}
+
+ImageStorage::~ImageStorage() = default;
+
+void ImageStorage::put(StoredPicture picture)
+{
+    picture.nBytes = storedBytes(picture.size());
+    _nBytes += picture.nBytes;
+    const bool hasPlace = picture.owner && picture.owner == _emptyOwner;
+    _last = hasPlace ? std::min(_emptyPlace, _pictures.size()) : _pictures.size();
+    _emptyOwner = nullptr;
+    _pictures.insert(_pictures.begin() + long(_last), std::move(picture));
+    ++_icount;
+    emit totalChanged();
+}
+
+static StoredPicture pictureWith(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const void* owner)
+{
+    StoredPicture picture;
+    picture.axis.assign(1, 0.0f);
+    picture.xMap = xMap;
+    picture.yMap = yMap;
+    picture.owner = owner;
+    return picture;
+}
+
+void ImageStorage::putImage(const QImage& image, const QwtScaleMap& xMap, const QwtScaleMap& yMap, const void* owner)
+{
+    StoredPicture picture = pictureWith(xMap, yMap, owner);
+    picture.image = image;
+    put(std::move(picture));
+}
+
+void ImageStorage::putPixmap(const QPixmap& pixmap, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
+                             const void* owner)
+{
+    StoredPicture picture = pictureWith(xMap, yMap, owner);
+    picture.pixmap = pixmap;
+    put(std::move(picture));
+}
+
+void ImageStorage::putBitmap(const QBitmap& bitmap, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
+                             const void* owner)
+{
+    StoredPicture picture = pictureWith(xMap, yMap, owner);
+    picture.bitmap = bitmap;
+    put(std::move(picture));
+}
+
+void ImageStorage::putAxis(const float* axis, int n, float pri, float pan, const QString& parm)
+{
+    if (_last >= _pictures.size()) return;
+    StoredPicture& picture = _pictures[_last];
+    picture.axis.assign(axis, axis + std::max(n, 0) + 1);
+    picture.nTraces = std::max(n, 0);
+    picture.pri = pri;
+    picture.panel = pan;
+    picture.parm = parm;
+}
+
+const StoredPicture* ImageStorage::picture(int i) const
+{
+    return i >= 0 && i < storeTotal() ? &_pictures[size_t(i)] : nullptr;
+}
+
+const QImage* ImageStorage::getImage(int i) const
+{
+    const StoredPicture* found = picture(i);
+    return found && !found->image.isNull() ? &found->image : nullptr;
+}
+
+const QPixmap* ImageStorage::getPixmap(int i) const
+{
+    const StoredPicture* found = picture(i);
+    return found && !found->pixmap.isNull() ? &found->pixmap : nullptr;
+}
+
+const QBitmap* ImageStorage::getBitmap(int i) const
+{
+    const StoredPicture* found = picture(i);
+    return found && !found->bitmap.isNull() ? &found->bitmap : nullptr;
+}
+
+QwtScaleMap ImageStorage::getXMap(int i) const
+{
+    const StoredPicture* found = picture(i);
+    return found ? found->xMap : QwtScaleMap();
+}
+
+QwtScaleMap ImageStorage::getYMap(int i) const
+{
+    const StoredPicture* found = picture(i);
+    return found ? found->yMap : QwtScaleMap();
+}
+
+const float* ImageStorage::getAxis(int i, int* n, float* pri, float* pan, QString* parm) const
+{
+    const StoredPicture* found = picture(i);
+    if (!found) return nullptr;
+    *n = found->nTraces;
+    *pri = found->pri;
+    *pan = found->panel;
+    *parm = found->parm;
+    return found->axis.data();
+}
+
+void ImageStorage::forget(size_t i)
+{
+    _nBytes -= _pictures[i].nBytes;
+    _pictures.erase(_pictures.begin() + long(i));
+    _icount = std::max(0, _icount - 1);
+}
+
+void ImageStorage::removeLastImage(const void* owner)
+{
+    for (size_t i = _pictures.size(); i-- > 0;) {
+        if (owner && _pictures[i].owner != owner) continue;
+        _emptyOwner = owner;
+        _emptyPlace = i;
+        forget(i);
+        emit totalChanged();
+        return;
+    }
+}
+
+void ImageStorage::removeAll()
+{
+    _pictures.clear();
+    _emptyOwner = nullptr;
+    _icount = 0;
+    _nBytes = 0;
+    emit totalChanged();
+}
+
+void ImageStorage::setStoreTotal(int n)
+{
+    while (storeTotal() > std::max(n, 0)) forget(_pictures.size() - 1);
+    emit totalChanged();
+}
+
+void ImageStorage::setStored(bool on)
+{
+    if (_dostore == on) return;
+    _dostore = on;
+    emit storedChanged(on);
+}
+
+void ImageStorage::endCollection()
+{
+    setCount(0);
+    emit collected();
+}
+
+void ImageStorage::stop()
+{
+    setCollect(false);
+    setStored(false);
+    emit full();
+}
+
+void ImageStorage::setSavedClear()
+{
+    for (StoredPicture& picture : _pictures) picture.isSaved = false;
+}
+
+int ImageStorage::performSaveFile(bool check)
+{
+    if (check && (!_doSave || _saveFile.isEmpty())) return -1;
+    for (int i = 0; i < storeTotal(); ++i) {
+        if (_pictures[size_t(i)].isSaved) continue;
+        _pictures[size_t(i)].isSaved = true;
+        return i;
+    }
+    return -1;
+}
+
+void ImageStorage::performSaveFile2(int except)
+{
+    if (!_doSave || _saveFile.isEmpty()) return;
+    for (int i = 0; i < storeTotal() - except; ++i) {
+        StoredPicture& picture = _pictures[size_t(i)];
+        if (picture.isSaved) continue;
+        picture.isSaved = true;
+        savePictureFile(QPixmap::fromImage(picture.toImage()), numberedName(_saveFile, i + 1));
+    }
+}
+
+void savePictureFile(const QPixmap& pixmap, const QString& name)
+{
+    QString error;
+    if (savePicture(pixmap, name, &error)) return;
+    PrintReport().line("Seismic Display: Error while writing pixmap file: " + name.toStdString() + "\n");
+}
+
+QString numberedName(const QString& name, int number)
+{
+    const QString whole = name.isEmpty() ? QString("junk") : name;
+    const int dot = whole.lastIndexOf('.');
+    const bool hasDot = dot > whole.lastIndexOf('/') + 1;  // the one of a folder, or of a hidden file, cuts nothing
+    const QString base = hasDot ? whole.left(dot) : whole, suffix = hasDot ? whole.mid(dot + 1) : QString();
+    return base + QString("-%1.").arg(number, 3, 10, QChar('0')) + (suffix.isEmpty() ? "png" : suffix);
+}
