@@ -10,6 +10,7 @@
 #include "frame/mainwindow.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
+#include "sources/menus/segyguessdialog.h"
 #include "sources/menus/segymenudialog.h"
 #include "sources/menus/segyrecdialog.h"
 #include "sources/menus/segyremapdialog.h"
@@ -21,6 +22,7 @@
 
 #include <QCheckBox>
 #include <QDrag>
+#include <QPushButton>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -45,6 +47,7 @@ private slots:
     void parameterMenu();
     void segyMenuTabs_data() { eachTab({"Load", "EBCDIC", "Binary", "Trace"}); }
     void segyMenuTabs();
+    void guessPanel();
     void seekDialog();
     void remapDialog();
     void helpViewer();
@@ -469,6 +472,19 @@ void MonkeyTest::segyMenuTabs()
     const QString broken = monkey.run(_nEvents / nTabs, [&] {
         monkey.window->segyMenu();
         return tabOf(monkey.window->findChild<SegyMenuDialog*>(), "tabWidget", tab);
+    });
+    QVERIFY2(broken.isEmpty(), qPrintable(broken));
+}
+
+void MonkeyTest::guessPanel()
+{
+    Monkey monkey(_seed, _home.path());
+    const QString broken = monkey.run(_nEvents, [&] {
+        monkey.window->segyMenu();
+        auto* menu = monkey.window->findChild<SegyMenuDialog*>();
+        auto* panel = menu->findChild<SegyGuessDialog*>();
+        if (!panel || !panel->isVisible()) menu->findChild<QPushButton*>("guessButton")->click();
+        return menu->findChild<SegyGuessDialog*>();
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
