@@ -679,9 +679,17 @@ TEST(SegyGuess, AnIntervalThatNoHeaderTellsHasToBeTyped)
     SegyBuilder file = smallFile();
     file.put<int16_t>(3216, 0);
     for (size_t i = 0; i < 6; ++i) file.setHeader<int16_t>(i, 116, 0);
-    const SegyGuess guess = guessOf(file.bytes, oddSettings());
+    SegyLoadParm before = oddSettings();
+    before.srate = 0.0f;
+    SegyGuess guess = guessOf(file.bytes, before);
     EXPECT_EQ(guess.verdict, SegyGuess::NotFollowed);
     EXPECT_NE(fact(guess, "Sample interval").choice.find("undecidable"), std::string::npos);
+    before.srate = 0.5f; // has been typed
+    guess = guessOf(file.bytes, before);
+    EXPECT_EQ(guess.verdict, SegyGuess::Read);
+    EXPECT_EQ(guess.parm.srate, 0.5f);
+    EXPECT_EQ(fact(guess, "Sample interval").choice, "0.5 ms, as it was typed");
+    EXPECT_EQ(guess.parm.nsamp, 10);
 }
 
 TEST(SegyGuess, AnIntervalWordThatHasLostItsFractionIsMended)
@@ -828,6 +836,15 @@ TEST(SegyGuess, NumbersThatTheReelHasRightStayEmptyForAListOfFiles)
     guess = guessOf(file.bytes, before);
     EXPECT_EQ(guess.parm.nsamp, 10) << "the reel is wrong";
     EXPECT_EQ(guess.parm.maxtr, 3);
+}
+
+TEST(SegyGuess, OneFileWithACommaBehindItIsNoList)
+{
+    SegyLoadParm before;
+    before.files = "a.sgy, ,";
+    const SegyGuess guess = guessOf(smallFile().bytes, before);
+    EXPECT_EQ(guess.parm.nsamp, 10);
+    EXPECT_EQ(fact(guess, "File").choice, "SEG-Y");
 }
 
 TEST(SegyGuess, DelaysAreMentioned)
