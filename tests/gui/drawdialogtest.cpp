@@ -35,6 +35,8 @@ private slots:
     void aThousandPointsOfOneLineStand();
     void aGrowingLineCostsNoRenderAndLooksTheSame();
     void theNextDragGoesOnWithTheSameLine();
+    void anyButtonDraws();
+    void thePenIsThatOfTheLastMove();
     void aNewObjectIsAnotherLine();
     void aMoveWithoutAButtonDrawsNothing();
     void theMouseOfALineIsEatenAndThatOfATextPassesOn();
@@ -273,6 +275,37 @@ void DrawDialogTest::theNextDragGoesOnWithTheSameLine()
     fixture.draw({{200, 100}});
     QCOMPARE(fixture.lines().size(), 1);
     QCOMPARE(fixture.lines().first()->dataSize(), size_t(3));
+}
+
+void DrawDialogTest::anyButtonDraws()
+{
+    DrawFixture fixture;
+    fixture.enable();
+    size_t nPoints = 0;
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton}) {
+        QTest::mousePress(fixture.canvas(), button, Qt::NoModifier, {100, 50});
+        fixture.move({120, 50}, button);
+        fixture.move({140, 60}, button);
+        QTest::mouseRelease(fixture.canvas(), button, Qt::NoModifier, {140, 60});
+        fixture.move({160, 60}, Qt::NoButton);
+        nPoints += 2;
+        QCOMPARE(fixture.lines().first()->dataSize(), nPoints);
+    }
+    QCOMPARE(fixture.lines().size(), 1);
+}
+
+void DrawDialogTest::thePenIsThatOfTheLastMove()
+{
+    DrawFixture fixture;
+    fixture.enable();
+    fixture.draw({{100, 50}, {200, 50}});
+    auto* edit = fixture.find<NumberEdit>("thEdit");
+    edit->setText("9");
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCOMPARE(fixture.lines().first()->pen().width(), 2);  // until the mouse goes on
+    fixture.draw({{300, 50}});
+    QCOMPARE(fixture.lines().first()->pen().width(), 9);
+    QCOMPARE(fixture.canvas()->grab().toImage().pixelColor(150, 53), QColor(Qt::red));
 }
 
 void DrawDialogTest::aNewObjectIsAnotherLine()
