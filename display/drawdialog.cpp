@@ -155,8 +155,6 @@ void DrawDialog::stopDrawing()
     }
     _targets.clear();
     _buttonDown = -1;
-    dropEmpty(_curve);
-    dropEmpty(_marker);
 }
 
 /// Takes keyboard, cursor and all moves of the mouse, or gives them back; as often as is wanted.
@@ -289,7 +287,9 @@ QwtPlotItem* DrawDialog::current() const
 void DrawDialog::drawOn(const DrawTarget& target)
 {
     _target = target;
-    if (current()->plot() != target.plot) newCurrent();
+    if (current()->plot() == target.plot) return;
+    dropEmpty(current());
+    newCurrent();
 }
 
 void DrawDialog::attach(QwtPlotItem* item)
@@ -309,7 +309,6 @@ void DrawDialog::newCurrent()
         _target = targets.first();
         connect(_target.plot, &QObject::destroyed, this, &DrawDialog::forgetPlot, Qt::UniqueConnection);
     }
-    dropEmpty(current());
     if (_useText) {
         _marker = new QwtPlotMarker;
         _marker->setVisible(false);  // until the mouse has placed it
@@ -382,7 +381,7 @@ void DrawDialog::changeMethod()
     showState();
 }
 
-/// What was begun and never drawn would only be in the way of "Remove Current Object".
+/// What was begun on another plot and never drawn has come along to the new one.
 void DrawDialog::dropEmpty(QwtPlotItem* item)
 {
     if (!item) return;

@@ -347,6 +347,10 @@ void Guesser::addInterval()
         reel.interval > 0 || (inTrace == 0 && inReel > 0) || (inReel > 0 && inReel == inTrace);
     const int us = isReelGood ? inReel : inTrace;
     const std::string evidence = formatted("reel %d us, first trace header %d us", reel.interval, inTrace);
+    if (us < 1 && _guess->parm.srate > 0.0f) {
+        add("Sample interval", evidence, formatted("%.7g ms, as it was typed", double(_guess->parm.srate)));
+        return;
+    }
     if (us < 1) {
         add("Sample interval", evidence, "undecidable: neither header tells; it has to be typed");
         cannotFollow(
@@ -481,7 +485,8 @@ int Guesser::run(const SegyLoadParm& before)
     if (!readSegyHeaders(_source, _layout, &_guess->sample, _error)) return 0;
     // Of a file that is cut in its first trace the header may still be whole.
     if (_guess->sample.count() == 0) _guess->sample.headers = _search.probes;
-    _isList = before.files.contains(',');
+    const int comma = before.files.indexOf(',');
+    _isList = comma >= 0 && !before.files.mid(comma).remove(',').trimmed().isEmpty();
     add("File", formatted("%lld bytes", wide(_source.size())),
         _isList ? "SEG-Y; the first one of the list" : "SEG-Y");
     addByteOrder();

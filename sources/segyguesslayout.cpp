@@ -12,6 +12,8 @@ constexpr int mostTextBlocks = 1000;
 constexpr int mostExtraHeaders = 100;
 constexpr int64_t mostWalked = 4096;
 constexpr int mostSamples = 1 << 28;
+/// How plausible each header must be that a walk along the lengths comes to.
+constexpr double leastOfEach = 0.6;
 
 /// A number of n bytes, unsigned.
 static uint64_t number(const unsigned char* bytes, int n, bool isBigEndian)
@@ -286,7 +288,7 @@ bool LayoutTrial::walk(SegyLayout* layout, int interval)
         if (layout->nTraces == 0) first = present;
         const int count = present.uint16(114, layout->isBigEndian);
         const double score = segyHeaderPlausibility(present, first, layout->isBigEndian, count, interval);
-        if (count < 1 || score < 0.6) return false;
+        if (count < 1 || score < leastOfEach) return false;
         least = std::min(least, count);
         most = std::max(most, count);
         sum += score;
@@ -313,7 +315,7 @@ bool LayoutTrial::isSure() const
 
 void LayoutTrial::tryDistances()
 {
-    if (isSure()) return;
+    if (isSure() || (_search->isFound && _search->layout.isVariable)) return;
     constexpr int mostCount = 65535, mostTries = 64;
     std::vector<unsigned char> block(size_t(2 * segyTraceHeaderBytes) + size_t(mostCount) * 4);
     const int64_t got = _source.read(segyReelBytes, block.size(), block.data(), _error);
@@ -321,6 +323,7 @@ void LayoutTrial::tryDistances()
     SegyRawHeader first, second;
     second.rank = 1;
     std::memcpy(first.bytes.data(), block.data(), first.bytes.size());
+    if (first.isZero()) return; // every quiet stretch of samples would look like it
     int nTries = 0;
     for (bool isBigEndian : {true, false}) {
         const SegyReelClaims& claims = _search->claims[isBigEndian];
@@ -348,25 +351,37 @@ void LayoutTrial::tryDistances()
 
 void LayoutTrial::tryVariable()
 {
+    // Where lengths alternate, a fixed one may divide the size and meet every other header, or the zeros in one.
     const SegyLayout& best = _search->layout;
-    if (_search->isFound && best.tailBytes == 0 && best.plausibility >= 0.7) return;
+    const bool isDivided = _search->isFound && best.tailBytes == 0;
+    const bool isEachTold =
+        std::all_of(_search->probes.begin(), _search->probes.end(), [&best](const SegyRawHeader& header) {
+            return header.uint16(114, best.isBigEndian) == best.nSamples;
+        });
+    if (isDivided && isEachTold) return;
     for (bool isBigEndian : {true, false}) {
         const SegyReelClaims& claims = _search->claims[isBigEndian];
         const int told = segyStandardSampleBytes(claims.format);
         if (told == 0) continue;
-        SegyLayout layout;
-        layout.isBigEndian = isBigEndian;
-        layout.isVariable = true;
-        layout.formatCode = claims.format;
-        layout.sampleBytes = told;
-        if (claims.nExtendedText > 0) layout.firstTrace += int64_t(claims.nExtendedText) * segyTextBytes;
-        if (!walk(&layout, claims.interval)) continue;
-        _search->isFound = true;
-        _search->layout = layout;
-        _search->probes.assign(1, SegyRawHeader());
-        header(layout.firstTrace, &_search->probes[0]);
-        _search->probeScores.assign(1, layout.plausibility);
-        return;
+        std::vector<int> widths = {told};
+        for (int width : {4, 2, 1}) addOnce(&widths, width);
+        for (int width : widths) {
+            SegyLayout layout;
+            layout.isBigEndian = isBigEndian;
+            layout.isVariable = true;
+            layout.formatCode = claims.format;
+            layout.sampleBytes = width;
+            if (claims.nExtendedText > 0) layout.firstTrace += int64_t(claims.nExtendedText) * segyTextBytes;
+            if (!walk(&layout, claims.interval)) continue;
+            // Against the code, or a fixed length that fits, only lengths that lead to the very end count.
+            if ((isDivided || width != told) && layout.tailBytes > 0) continue;
+            _search->isFound = true;
+            _search->layout = layout;
+            _search->probes.assign(1, SegyRawHeader());
+            header(layout.firstTrace, &_search->probes[0]);
+            _search->probeScores.assign(1, layout.plausibility);
+            return;
+        }
     }
 }
 
@@ -414,8 +429,8 @@ int findSegyLayout(const ByteSource& source, SegyLayoutSearch* search, std::stri
         if (search->claims[0].nExtendedText < 0) search->endStanzaBlocks = blocksToEndStanza(source, error);
         LayoutTrial trial(source, search, error);
         for (bool isBigEndian : {true, false}) trial.tryOrder(isBigEndian);
-        trial.tryDistances();
         trial.tryVariable();
+        trial.tryDistances();
         if (trial.hasFailed()) return 0;
         if (search->isFound) return 1;
     }

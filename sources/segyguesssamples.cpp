@@ -7,10 +7,22 @@
 constexpr int64_t mostTraces = 64;
 constexpr int64_t mostSamplesATrace = 2000;
 
+using Histogram = std::array<int64_t, 256>;
+
+/// The bin under which a share of all n lies.
+static int quantile(const Histogram& bins, int64_t n, double share)
+{
+    int64_t below = 0;
+    for (size_t i = 0; i < bins.size(); ++i)
+        if ((below += bins[i]) > int64_t(share * double(n))) return int(i);
+    return int(bins.size()) - 1;
+}
+
 SegySampleStatistics countSegyWords(const uint32_t* words, size_t n)
 {
     SegySampleStatistics statistics;
-    std::array<int64_t, 256> exponents = {};
+    Histogram exponents = {};
+    double signSums[2] = {}; // of the exponents, by the sign bit
     statistics.nSamples = int64_t(n);
     for (size_t i = 0; i < n; ++i) {
         const uint32_t word = words[i];
@@ -18,6 +30,8 @@ SegySampleStatistics countSegyWords(const uint32_t* words, size_t n)
         const uint32_t exponent = word >> 23 & 0xff;
         ++statistics.nNonZero;
         ++exponents[exponent];
+        statistics.nNegative += word >> 31;
+        signSums[word >> 31] += double(exponent);
         statistics.nNotFinite += exponent == 0xff;
         statistics.nSmallInteger += word >> 24 == 0 || word >> 24 == 0xff;
         if (exponent & 1) continue;
@@ -27,14 +41,25 @@ SegySampleStatistics countSegyWords(const uint32_t* words, size_t n)
     for (size_t exponent = 0; exponent < exponents.size(); exponent += 2)
         statistics.nEvenExponents +=
             exponents[exponent] > 0 && exponents[exponent] * 25 >= statistics.nNonZero;
+    constexpr int64_t leastOfSign = 20;
+    const int64_t nPositive = statistics.nNonZero - statistics.nNegative;
+    if (std::min(nPositive, statistics.nNegative) >= leastOfSign)
+        statistics.signContrast =
+            signSums[1] / double(statistics.nNegative) - signSums[0] / double(nPositive);
+    statistics.exponentSpan =
+        quantile(exponents, statistics.nNonZero, 0.95) - quantile(exponents, statistics.nNonZero, 0.05);
     return statistics;
 }
 
 SegySampleKind segySampleKind(const SegySampleStatistics& statistics)
 {
     constexpr int64_t leastSamples = 200, leastEven = 60;
+    constexpr double leastContrast = 64.0;
+    constexpr int mostSpan = 80;
     if (statistics.nNonZero < leastSamples / 10) return SegySampleKind::Undecided;
     if (statistics.nSmallInteger * 10 >= statistics.nNonZero * 9) return SegySampleKind::Integer4;
+    if (statistics.signContrast > leastContrast) return SegySampleKind::Integer4;
+    if (statistics.exponentSpan > mostSpan) return SegySampleKind::Undecided;
     if (statistics.nNonZero < leastSamples || statistics.nEven < leastEven) return SegySampleKind::Undecided;
     const double share = statistics.unnormalisedShare();
     if (share > 0.03) return SegySampleKind::Ieee;

@@ -19,12 +19,18 @@ struct SegySampleStatistics {
     int64_t nUnnormalised = 0; ///< of these, bits 22 to 20 are 0, too
     int64_t nNotFinite = 0;    ///< infinite or not a number if IEEE
     int nEvenExponents = 0;    ///< IEEE exponents with bit 23 at 0 that 4 % or more of the samples have
+    int64_t nNegative = 0;     ///< sign bit set
+    /// Mean of bits 30 to 23 where the sign bit is set less that where it is clear; 0 with too few of either.
+    /// Floats carry their sign apart, so it is small; the bits of a negative integer are turned over, which
+    /// lifts it to almost 255.
+    double signContrast = 0.0;
+    int exponentSpan = 0; ///< values of bits 30 to 23 that hold the middle 90 % of what is not 0
 
     double unnormalisedShare() const { return nEven > 0 ? double(nUnnormalised) / double(nEven) : 0.0; }
 };
 
 enum class SegySampleKind {
-    Undecided, ///< too few, all zero, or within too few octaves
+    Undecided, ///< too few, all zero, within too few octaves, or over more of them than data have
     Ibm,
     Ieee,
     Integer4

@@ -81,11 +81,12 @@ int segyCommand(const std::vector<std::string>& arguments)
     const std::string what = arguments.empty() ? "" : arguments[0];
     const bool isKnown = what == "guess" || what == "headers";
     if (!isKnown || arguments.size() != 2 || arguments[1].empty() || arguments[1][0] == '-') {
+        const std::string file = arguments.size() > 1 ? arguments[1] : "";
         const std::string reason = what.empty()           ? "guess or headers, please"
                                    : !isKnown             ? "no \"" + what + "\""
-                                   : arguments.size() < 2 ? "no file named"
                                    : arguments.size() > 2 ? "one file, please"
-                                                          : "\"" + arguments[1] + "\": no such option";
+                                   : file.empty()         ? "no file named"
+                                                          : "\"" + file + "\": no such option";
         std::fprintf(stderr, "trevia segy: %s\n\n%s", reason.c_str(), helpText);
         return 2;
     }

@@ -35,6 +35,8 @@ private slots:
     void aThousandPointsOfOneLineStand();
     void aGrowingLineCostsNoRenderAndLooksTheSame();
     void theNextDragGoesOnWithTheSameLine();
+    void anyButtonDraws();
+    void thePenIsThatOfTheLastMove();
     void aNewObjectIsAnotherLine();
     void aMoveWithoutAButtonDrawsNothing();
     void theMouseOfALineIsEatenAndThatOfATextPassesOn();
@@ -47,7 +49,7 @@ private slots:
     void removingTakesTheLastAndTheOneBeforeGoesOn();
     void removingWithNothingSelectedOnlySaysSo();
     void removingAllTakesLinesAndTexts();
-    void whatWasNeverDrawnLeavesNothing();
+    void eachNewObjectCountsDrawnOrNot();
     void aThicknessThatIsNoneGivesWayToTheFormerOne();
     void theThicknessIsThatOfTheNextLine();
     void colorAndFontGoToWhatIsDrawnNext();
@@ -275,6 +277,37 @@ void DrawDialogTest::theNextDragGoesOnWithTheSameLine()
     QCOMPARE(fixture.lines().first()->dataSize(), size_t(3));
 }
 
+void DrawDialogTest::anyButtonDraws()
+{
+    DrawFixture fixture;
+    fixture.enable();
+    size_t nPoints = 0;
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton}) {
+        QTest::mousePress(fixture.canvas(), button, Qt::NoModifier, {100, 50});
+        fixture.move({120, 50}, button);
+        fixture.move({140, 60}, button);
+        QTest::mouseRelease(fixture.canvas(), button, Qt::NoModifier, {140, 60});
+        fixture.move({160, 60}, Qt::NoButton);
+        nPoints += 2;
+        QCOMPARE(fixture.lines().first()->dataSize(), nPoints);
+    }
+    QCOMPARE(fixture.lines().size(), 1);
+}
+
+void DrawDialogTest::thePenIsThatOfTheLastMove()
+{
+    DrawFixture fixture;
+    fixture.enable();
+    fixture.draw({{100, 50}, {200, 50}});
+    auto* edit = fixture.find<NumberEdit>("thEdit");
+    edit->setText("9");
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCOMPARE(fixture.lines().first()->pen().width(), 2);  // until the mouse goes on
+    fixture.draw({{300, 50}});
+    QCOMPARE(fixture.lines().first()->pen().width(), 9);
+    QCOMPARE(fixture.canvas()->grab().toImage().pixelColor(150, 53), QColor(Qt::red));
+}
+
 void DrawDialogTest::aNewObjectIsAnotherLine()
 {
     DrawFixture fixture;
@@ -471,17 +504,29 @@ void DrawDialogTest::removingAllTakesLinesAndTexts()
     for (int i = 0; i < 2; ++i) QCOMPARE(countPixels(fixture.canvas(i)->grab().toImage(), Qt::red), 0);
 }
 
-void DrawDialogTest::whatWasNeverDrawnLeavesNothing()
+void DrawDialogTest::eachNewObjectCountsDrawnOrNot()
 {
     DrawFixture fixture;
-    for (int i = 0; i < 5; ++i) fixture.enable();
-    for (int i = 0; i < 5; ++i) fixture.click("newButton");
-    QCOMPARE(fixture.lines().size(), 1);
+    fixture.enable();
     fixture.draw({{100, 50}, {200, 50}});
     fixture.click("newButton");
+    fixture.click("newButton");
     fixture.enable();
-    QCOMPARE(fixture.lines().size(), 1);  // "Remove Current Object" now acts on what is seen
-    QCOMPARE(fixture.lines().first()->dataSize(), size_t(2));
+    fixture.enable();  // begins another one
+    QStringList titles;
+    for (const QwtPlotCurve* line : fixture.lines()) titles.append(line->title().text());
+    QCOMPARE(titles, QStringList({"drwc999999-1", "drwc999999-2", "drwc999999-3", "drwc999999-4"}));
+    fixture.draw({{100, 90}, {200, 90}});
+    QCOMPARE(fixture.lines()[3]->dataSize(), size_t(2));
+    for (int nLeft = 3; nLeft >= 1; --nLeft) {
+        fixture.click("removeButton");
+        QCOMPARE(fixture.lines().size(), nLeft);
+    }
+    QCOMPARE(fixture.lines().first()->dataSize(), size_t(2));  // the drawn one goes last
+    fixture.click("removeButton");
+    BoxWatcher boxes;
+    fixture.click("removeButton");
+    QCOMPARE(boxes.texts, QStringList("No text or draw objects are selected."));
 }
 
 void DrawDialogTest::aThicknessThatIsNoneGivesWayToTheFormerOne()

@@ -6,12 +6,15 @@
 
 #include <QCheckBox>
 #include <QClipboard>
+#include <QFile>
 #include <QLabel>
 #include <QRadioButton>
 #include <QSettings>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTemporaryDir>
+
+#include <sys/stat.h>
 
 class SegyGuessTest : public QObject
 {
@@ -193,6 +196,13 @@ void SegyGuessTest::aFileThatCannotBeReadKeepsTheSettings_data()
                             << "Cannot read file " + path("absent.sgy") + ":\nNo such file or directory.";
     QTest::newRow("a folder") << _folder.path()
                               << "Cannot read file " + _folder.path() + ":\nIs a directory.";
+    // None of these ever ends, or begins.
+    const QString pipe = path("pipe");
+    if (!QFile::exists(pipe)) QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    for (const QString& file : {pipe, QString("/dev/zero"), QString("/dev/null")})
+        QTest::newRow(qPrintable(file)) << file << "Cannot read file " + file + ":\nNot a regular file.";
+    QTest::newRow("a failing disk") << "/proc/self/mem"
+                                    << "Cannot read file /proc/self/mem:\nInput/output error.";
 }
 
 void SegyGuessTest::aFileThatCannotBeReadKeepsTheSettings()
@@ -209,6 +219,8 @@ void SegyGuessTest::aFileThatCannotBeReadKeepsTheSettings()
     QCOMPARE(menu.box("formatBox")->currentText(), QString("Integer W/Gain"));
     QVERIFY(!panelOf(&menu));
     QVERIFY(!QApplication::overrideCursor());
+    menu.click("openButton");
+    QVERIFY(!menu.host.loader);
 }
 
 void SegyGuessTest::whatTheReaderCannotFollowIsSaidAndKeepsTheSettings()

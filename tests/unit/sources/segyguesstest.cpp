@@ -210,6 +210,47 @@ TEST(SegyGuess, IntegersOfEachWidthAreFoundInBothByteOrders)
     }
 }
 
+TEST(SegyGuess, LoudIntegersAreNoFloats)
+{
+    // Their first bytes are no more all 00 and FF; amplitudes of 24-bit field data moved up by a byte.
+    for (double amplitude : {1e7, 2e7, 1e8, 3e8})
+        for (bool isBigEndian : {true, false})
+            for (int code : {2, 5}) {
+                SCOPED_TRACE(testing::Message() << amplitude << " big " << isBigEndian << " code " << code);
+                const auto bits = [](double value) { return uint32_t(int32_t(value)); };
+                const SegyGuess guess = guessOf(noiseFile(code, isBigEndian, amplitude, bits).bytes);
+                EXPECT_EQ(guess.parm.iformat, ChooseInteger4) << fact(guess, "Sample format").evidence;
+            }
+}
+
+TEST(SegyGuess, FloatsThatWouldCoverMoreThanEightyOctavesAreLeftToTheCode)
+{
+    // Positive integers that spread evenly up to 1e9: by their bits floats from 1e-38 to 1e-3.
+    const auto bits = [](double value) { return uint32_t(int64_t(std::fabs(value) * 1e6) % 1000 * 1000003); };
+    for (int code : {2, 5}) {
+        const SegyGuess guess = guessOf(noiseFile(code, true, 1.0, bits).bytes);
+        EXPECT_EQ(guess.parm.iformat, code == 2 ? ChooseInteger4 : ChooseIeee);
+        EXPECT_NE(fact(guess, "Sample format").choice.find("by the code alone"), std::string::npos)
+            << fact(guess, "Sample format").evidence;
+    }
+}
+
+TEST(SegyGuess, TheHistogramHoldsTheSignsApart)
+{
+    // Exponents of 20 words each: 0x02 without sign, 0xfc with it; as floats 0x82 with both.
+    std::vector<uint32_t> integers, floats;
+    for (uint32_t i = 0; i < 20; ++i) {
+        integers.insert(integers.end(), {0x01000001 + i, 0xfe000001 + i});
+        floats.insert(floats.end(), {0x41000001 + i, 0xc1000001 + i});
+    }
+    EXPECT_EQ(countSegyWords(integers.data(), 40).nNegative, 20);
+    EXPECT_DOUBLE_EQ(countSegyWords(integers.data(), 40).signContrast, 250.0);
+    EXPECT_EQ(countSegyWords(integers.data(), 40).exponentSpan, 250);
+    EXPECT_DOUBLE_EQ(countSegyWords(integers.data(), 38).signContrast, 0.0) << "19 of each are too few";
+    EXPECT_DOUBLE_EQ(countSegyWords(floats.data(), 40).signContrast, 0.0);
+    EXPECT_EQ(countSegyWords(floats.data(), 40).exponentSpan, 0);
+}
+
 TEST(SegyGuess, CodeSixIsOneByteOrEightByWhereTheHeadersStand)
 {
     SegyBuilder one(40, 6), eight(40, 6);
@@ -440,6 +481,50 @@ TEST(SegyGuess, TracesOfVariableLengthAreFollowedToTheCut)
     }
 }
 
+TEST(SegyGuess, VariableLengthsThatAFixedOneWouldDivideAreFollowed)
+{
+    // Each pair has 80 samples: 40 of all fit the size and every other header, and so does one trace a pair.
+    for (int nBefore : {0, 4})
+        for (bool isBigEndian : {true, false}) {
+            SCOPED_TRACE(testing::Message() << nBefore << " of 40 before, big " << isBigEndian);
+            SegyBuilder file(40, 5, isBigEndian);
+            for (size_t i = 0; i < 24; ++i) {
+                const int count = int(i) < nBefore ? 40 : i % 2 == 0 ? 30 : 50;
+                file.addTrace(std::vector<float>(size_t(count), 2.5f));
+                fillHeader(&file, i, 3, int(i) + 1, count);
+            }
+            const SegyGuess guess = guessOf(file.bytes);
+            EXPECT_EQ(guess.parm.ivariable, 1);
+            EXPECT_EQ(guess.parm.nsamp, 50);
+            EXPECT_EQ(guess.search.layout.nTraces, 24);
+        }
+}
+
+TEST(SegyGuess, AFixedLengthThatFitsStandsAgainstALastHeaderThatLies)
+{
+    SegyBuilder file = smallFile();
+    file.setHeader<int16_t>(5, 114, 462);
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.parm.ivariable, 0);
+    EXPECT_EQ(guess.parm.nsamp, 10);
+    EXPECT_EQ(guess.search.layout.nTraces, 6);
+}
+
+TEST(SegyGuess, VariableLengthsAreFollowedAgainstTheCode)
+{
+    SegyBuilder file(30, 5); // IEEE by the code
+    const int lengths[] = {30, 25, 30, 41, 12, 30, 7};
+    for (size_t i = 0; i < std::size(lengths); ++i) {
+        file.addTrace(std::vector<int16_t>(size_t(lengths[i]), 25));
+        fillHeader(&file, i, 3, int(i) + 1, lengths[i]);
+    }
+    const SegyGuess guess = guessOf(file.bytes);
+    EXPECT_EQ(guess.parm.ivariable, 1);
+    EXPECT_EQ(guess.search.layout.nTraces, 7);
+    EXPECT_EQ(guess.parm.iformat, ChooseInteger2);
+    EXPECT_EQ(fact(guess, "Sample format").choice, "Integer (2 byte): against the code");
+}
+
 TEST(SegyGuess, WhatIsNoSegyIsSaidAndNothingIsSet)
 {
     const SegyBuilder whole = smallFile();
@@ -533,6 +618,25 @@ TEST(SegyGuess, ACountThatAllWordsTellWronglyIsFoundByTheDistanceOfTheHeaders)
     }
 }
 
+TEST(SegyGuess, EmptyHeadersAreNotFoundAgainInQuietSamples)
+{
+    for (bool isBigEndian : {true, false}) {
+        SCOPED_TRACE(isBigEndian);
+        SegyBuilder file(200, 5, isBigEndian);
+        Noise noise;
+        for (size_t i = 0; i < 24; ++i) {
+            std::vector<float> samples(200, 0.0f); // quiet but for a wavelet
+            for (size_t j = 100; j < 110; ++j) samples[j] = float(noise.next());
+            file.addTrace(samples);
+        }
+        const SegyGuess guess = guessOf(file.bytes);
+        EXPECT_EQ(guess.parm.nsamp, 200) << fact(guess, "Samples").choice;
+        EXPECT_EQ(guess.search.layout.nTraces, 24);
+        EXPECT_EQ(fact(guess, "Trace headers").choice,
+                  "they tell nothing; the size alone speaks for this layout");
+    }
+}
+
 TEST(SegyGuess, OfALongFileASampleOfItsHeadersServes)
 {
     SegyBuilder file(1, 5);
@@ -575,9 +679,17 @@ TEST(SegyGuess, AnIntervalThatNoHeaderTellsHasToBeTyped)
     SegyBuilder file = smallFile();
     file.put<int16_t>(3216, 0);
     for (size_t i = 0; i < 6; ++i) file.setHeader<int16_t>(i, 116, 0);
-    const SegyGuess guess = guessOf(file.bytes, oddSettings());
+    SegyLoadParm before = oddSettings();
+    before.srate = 0.0f;
+    SegyGuess guess = guessOf(file.bytes, before);
     EXPECT_EQ(guess.verdict, SegyGuess::NotFollowed);
     EXPECT_NE(fact(guess, "Sample interval").choice.find("undecidable"), std::string::npos);
+    before.srate = 0.5f; // has been typed
+    guess = guessOf(file.bytes, before);
+    EXPECT_EQ(guess.verdict, SegyGuess::Read);
+    EXPECT_EQ(guess.parm.srate, 0.5f);
+    EXPECT_EQ(fact(guess, "Sample interval").choice, "0.5 ms, as it was typed");
+    EXPECT_EQ(guess.parm.nsamp, 10);
 }
 
 TEST(SegyGuess, AnIntervalWordThatHasLostItsFractionIsMended)
@@ -724,6 +836,15 @@ TEST(SegyGuess, NumbersThatTheReelHasRightStayEmptyForAListOfFiles)
     guess = guessOf(file.bytes, before);
     EXPECT_EQ(guess.parm.nsamp, 10) << "the reel is wrong";
     EXPECT_EQ(guess.parm.maxtr, 3);
+}
+
+TEST(SegyGuess, OneFileWithACommaBehindItIsNoList)
+{
+    SegyLoadParm before;
+    before.files = "a.sgy, ,";
+    const SegyGuess guess = guessOf(smallFile().bytes, before);
+    EXPECT_EQ(guess.parm.nsamp, 10);
+    EXPECT_EQ(fact(guess, "File").choice, "SEG-Y");
 }
 
 TEST(SegyGuess, DelaysAreMentioned)

@@ -133,6 +133,8 @@ TEST_F(SegyCommand, AWrongCallShowsTheHelpAndEndsWithTwo)
         EXPECT_THAT(answer.error, HasSubstr("Usage: trevia segy guess FILE"));
         EXPECT_EQ(answer.out, "");
     }
+    EXPECT_THAT(run({"segy", "guess", ""}).error, StartsWith("trevia segy: no file named\n"));
+    EXPECT_THAT(run({"segy", "guess", "a", ""}).error, StartsWith("trevia segy: one file, please\n"));
 }
 
 TEST_F(SegyCommand, HelpIsAnAnswer)
