@@ -121,18 +121,18 @@ void ImageRecorder::printStatistics() const
 void ImageRecorder::storeImage(bool extra)
 {
     if (!_imgstore || (_isImageStored && !extra)) return;
-    if (_doImageStored && !extra) {
-        _imgstore->removeLastImage(_display);
-        _doImageStored = false;
-    }
     if (_display->lastEnsemble() || _display->traceCount() < 1 || !wantsImage()) return;
-    if (!_imgstore->hasRoom(storedBytes(presentSize().size))) return _imgstore->stop();
+    // What is held goes only when another one takes its place: a store that is full, or a collection that has its
+    // pictures, must not lose one.
+    const bool replaces = _doImageStored && !extra;
+    if (!_imgstore->hasRoom(storedBytes(presentSize().size), replaces ? _display : nullptr)) return _imgstore->stop();
     if (_imgstore->isCollecting()) {
         _display->replot1();
         _display->replot2();
     }
     buildImage();
     if (_saveImage.isNull()) return;
+    if (replaces) _imgstore->removeLastImage(_display);
     put();
     saveToFile(_imgstore->savedFile(), true);
     if (!extra) _isImageStored = _doImageStored = true;

@@ -39,7 +39,7 @@ void ImageStorage::put(StoredPicture picture)
     _last = hasPlace ? std::min(_emptyPlace, _pictures.size()) : _pictures.size();
     _emptyOwner = nullptr;
     _pictures.insert(_pictures.begin() + long(_last), std::move(picture));
-    ++_icount;
+    if (!hasPlace || _emptyWasCounted) ++_icount;
     emit totalChanged();
 }
 
@@ -140,16 +140,29 @@ void ImageStorage::forget(size_t i)
     _icount = std::max(0, _icount - 1);
 }
 
+/// The last picture, or with an owner the last of that owner; -1 if there is none.
+int ImageStorage::lastOf(const void* owner) const
+{
+    for (int i = storeTotal() - 1; i >= 0; --i)
+        if (!owner || _pictures[size_t(i)].owner == owner) return i;
+    return -1;
+}
+
 void ImageStorage::removeLastImage(const void* owner)
 {
-    for (size_t i = _pictures.size(); i-- > 0;) {
-        if (owner && _pictures[i].owner != owner) continue;
-        _emptyOwner = owner;
-        _emptyPlace = i;
-        forget(i);
-        emit totalChanged();
-        return;
-    }
+    const int i = lastOf(owner);
+    if (i < 0) return;
+    _emptyOwner = owner;
+    _emptyPlace = size_t(i);
+    _emptyWasCounted = _icount > 0;
+    forget(size_t(i));
+    emit totalChanged();
+}
+
+bool ImageStorage::hasRoom(int64_t nBytes, const void* replaced) const
+{
+    const int i = replaced ? lastOf(replaced) : -1;
+    return _nBytes - (i < 0 ? 0 : _pictures[size_t(i)].nBytes) + nBytes <= _limit;
 }
 
 void ImageStorage::removeAll()

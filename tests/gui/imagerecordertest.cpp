@@ -29,6 +29,9 @@ private slots:
     void theKindFollowsTheDrawType();
     void theFirstPicturePrintsItsSize();
     void aFullStoreStops();
+    void aPictureStaysWhenNoOtherComesForIt();
+    void aReplacedPictureOfTheLastCollectionIsNotCounted();
+    void aReplacedPictureGivesItsRoom();
     void theWindowIsWrittenToNumberedFiles();
     void aFileThatCannotBeWrittenIsALine();
     void anOverlayIsPartOfThePicture();
@@ -307,6 +310,64 @@ void ImageRecorderTest::aFullStoreStops()
     QVERIFY(!f.store.isStored());
     QCOMPARE(f.keys(), QVector<float>({1, 2}));
     QCOMPARE(f.title(f[0]).simplified(), QString("FFID :3"));
+}
+
+void ImageRecorderTest::aPictureStaysWhenNoOtherComesForIt()
+{
+    {
+        ImageFixture f;
+        f.store.setStored(false);
+        f.store.setCollect(true);
+        f.store.setCollectTotal(2);
+        connect(&f.store, &ImageStorage::collected, this, [&] { f.store.setCollect(false); });
+        f.next();
+        f.next();
+        f[0]->rebuildPlot();        // another look, after the collection
+        f[0]->storeImage(false);    // "next"
+        QCOMPARE(f.keys(), QVector<float>({1, 2}));
+    }
+    ImageFixture f;
+    f.next();
+    f.next();
+    f.store.setLimit(storedBytes(f.stored(0).size()) * 2);
+    f[0]->setZoomRect(QRectF(0.0, 0.0, 10.5, 2000.0));
+    f[0]->storeImage(false);  // twice as wide
+    QVERIFY(!f.store.isStored());
+    QCOMPARE(f.keys(), QVector<float>({1, 2}));
+}
+
+void ImageRecorderTest::aReplacedPictureOfTheLastCollectionIsNotCounted()
+{
+    ImageFixture f;
+    f.store.setStored(false);
+    f.store.setCollect(true);
+    f.store.setCollectTotal(2);
+    f.next();
+    f.next();
+    QCOMPARE(f.store.count(), 0);  // the next one starts
+    f[0]->rebuildPlot();
+    f[0]->storeImage(false);
+    QCOMPARE(f.store.count(), 0);
+    QCOMPARE(f.keys(), QVector<float>({1, 2}));
+    f.next();
+    f[0]->rebuildPlot();
+    f[0]->storeImage(false);
+    QCOMPARE(f.store.count(), 1);
+    QCOMPARE(f.keys(), QVector<float>({1, 2, 3}));
+}
+
+void ImageRecorderTest::aReplacedPictureGivesItsRoom()
+{
+    ImageFixture f;
+    f.next();
+    const QImage before = f.stored(0);
+    f.store.setLimit(storedBytes(before.size()));
+    f[0]->seismicPlot()->setGain(12.0f);
+    f[0]->rebuildPlot();
+    f[0]->storeImage(false);
+    QVERIFY(f.store.isStored());
+    QCOMPARE(f.store.storeTotal(), 1);
+    QVERIFY(f.stored(0) != before);
 }
 
 void ImageRecorderTest::theWindowIsWrittenToNumberedFiles()
