@@ -58,6 +58,7 @@ private slots:
     void anExportWhileShowingHoldsThePicture();
     void anotherFileEndsTheShow();
     void theDifferenceHasAPictureOfItsOwn();
+    void aDifferenceIsCollectedAtItsOwnScale();
 
 private:
     QTemporaryDir _home;
@@ -655,6 +656,22 @@ void ImageDialogTest::anotherFileEndsTheShow()
     const SeismicDisplay* display = f.window->display();
     const double perTrace = f.window->imageStorage()->picture(0)->size().width() / 121.0;
     QVERIFY(qAbs(display->visibleRect().width() * perTrace - display->canvasMap(QwtPlot::xTop).pDist()) < 1.0);
+}
+
+void ImageDialogTest::aDifferenceIsCollectedAtItsOwnScale()
+{
+    ImageWindow f([](parmmenu* menu) {
+        menu->iscreens = 2;
+        menu->idifference = 1;
+        menu->docollect = 1;
+        menu->icollect = 3;
+    });
+    f.next(0);
+    f.next(1);
+    QCOMPARE(f.store()->storeTotal(), 3);
+    const QImage canvas = f.window->displayList()[2]->canvas()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QImage picture = f.store()->picture(2)->toImage().convertToFormat(QImage::Format_RGB32);
+    QCOMPARE(canvas.copy(picture.rect()), picture);
 }
 
 void ImageDialogTest::theDifferenceHasAPictureOfItsOwn()
