@@ -30,6 +30,7 @@ private slots:
     void theControlsSayWhatTheyDo();
     void buttonsThatWouldDoNothingAreOff();
     void theSliderFollowsTheStore();
+    void theSliderCountsACollection();
     void theSliderShowsItsPicture();
     void twoDisplaysShowTwoPictures();
     void theMovieRunsAndWraps();
@@ -154,6 +155,32 @@ void ImageDialogTest::theSliderFollowsTheStore()
     f.next();
     QCOMPARE(f.slider()->value(), 1);  // nothing is shown
     QCOMPARE(f.find<QLabel>("imgLabel")->text(), QString("1"));
+}
+
+void ImageDialogTest::theSliderCountsACollection()
+{
+    DialogFixture f;
+    f.store.setStored(false);
+    f.store.setCollect(true);
+    f.store.setCollectTotal(3);
+    f.next();
+    f.next();
+    QCOMPARE(f.slider()->maximum(), 2);
+    f.next();
+    f.dialog->checkCount();
+    QCOMPARE(f.slider()->maximum(), 1);  // the count has started anew
+    f.next();
+    f.next();
+    QCOMPARE(f.slider()->maximum(), 2);
+    f.box("viewBox")->click();
+    f.dialog->changeSliderImage(3.0);  // beyond the count
+    QCOMPARE(f.shown(), 0);
+    f.wheel(f[0], 480);  // the mouse reaches all that is held
+    QCOMPARE(f.shown(), 4);
+    QCOMPARE(f.find<QLabel>("imgLabel")->text(), QString("5"));
+    f.store.setCount(50);  // more than there are
+    f.dialog->checkCount();
+    QCOMPARE(f.slider()->maximum(), 5);
 }
 
 void ImageDialogTest::theSliderShowsItsPicture()
@@ -578,7 +605,7 @@ void ImageDialogTest::aCollectionOfTenTakesTen()
     for (int i = 0; i < 13; ++i) f.next();
     QCOMPARE(f.store()->storeTotal(), 10);
     QCOMPARE(f.store()->picture(9)->pri, 10.0f);
-    QCOMPARE(f.dialog()->findChild<QSlider*>("imgSlider")->maximum(), 10);
+    QCOMPARE(f.dialog()->findChild<QSlider*>("imgSlider")->maximum(), 1);  // of the next collection
     QCOMPARE(f.dialog()->findChild<NumberEdit*>("collectEdit")->text(), QString("0"));
 
     auto* edit = f.dialog()->findChild<NumberEdit*>("collectEdit");
