@@ -240,5 +240,8 @@ QString numberedName(const QString& name, int number)
     const int dot = whole.lastIndexOf('.');
     const bool hasDot = dot > whole.lastIndexOf('/') + 1;  // the one of a folder, or of a hidden file, cuts nothing
     const QString base = hasDot ? whole.left(dot) : whole, suffix = hasDot ? whole.mid(dot + 1) : QString();
-    return base + QString("-%1.").arg(number, 3, 10, QChar('0')) + (suffix.isEmpty() ? "png" : suffix);
+    const QString digits = QString::number(number), blank = "-000";
+    // The digits take the place of the last characters, but never of the name's own.
+    return base + blank.chopped(std::min(digits.size(), blank.size())) + digits + '.' +
+           (suffix.isEmpty() ? "png" : suffix);
 }
