@@ -58,6 +58,7 @@ private slots:
     void aFullStoreIsABox();
     void anExportWhileShowingHoldsThePicture();
     void anotherFileEndsTheShow();
+    void aClosedWindowPlaysNoMovie();
     void theDifferenceHasAPictureOfItsOwn();
     void aDifferenceIsCollectedAtItsOwnScale();
 
@@ -683,6 +684,19 @@ void ImageDialogTest::anotherFileEndsTheShow()
     const SeismicDisplay* display = f.window->display();
     const double perTrace = f.window->imageStorage()->picture(0)->size().width() / 121.0;
     QVERIFY(qAbs(display->visibleRect().width() * perTrace - display->canvasMap(QwtPlot::xTop).pDist()) < 1.0);
+}
+
+void ImageDialogTest::aClosedWindowPlaysNoMovie()
+{
+    ImageWindow f;
+    f.box("savImageBox")->click();
+    f.next();
+    f.next();
+    ImageDialog* dialog = f.dialog();
+    dialog->findChild<QPushButton*>("playButton")->click();
+    QVERIFY(dialog->isPlaying());
+    f.window->close();
+    QVERIFY(!dialog->isPlaying());
 }
 
 void ImageDialogTest::aDifferenceIsCollectedAtItsOwnScale()
