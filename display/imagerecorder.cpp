@@ -20,6 +20,8 @@ ImageRecorder::ImageRecorder(SeismicDisplay* display) : _display(display) {}
 void ImageRecorder::forgetStored()
 {
     _isImageStored = _doImageStored = false;
+    _saveImage = QImage();  // as large as one in the store
+    _resizeImage = true;
 }
 
 void ImageRecorder::checkSavedImage()
@@ -161,8 +163,8 @@ void ImageRecorder::setShowImage(bool state)
         _sizeBefore = _display->size();
         _hadOverlay = _display->overlayPlot() && _display->overlayPlot()->isVisible();
     } else {
-        canvas->hideStored();
-        _display->seismicPlot()->setDoDrawImage(false);
+        canvas->forgetStored();
+        _display->seismicPlot()->forgetStored();
     }
     if (_hadOverlay) _display->overlayPlot()->setVisible(!state);
     _display->setMouseMode(_display->mouseMode(), true);  // without a picker the buttons change hands

@@ -35,7 +35,7 @@ public:
     /// False: the stored picture isn't the one on the screen any more.
     void setImageStored(bool on) { _isImageStored = on; }
     bool isImageStored() const { return _isImageStored; }
-    /// Another ensemble is on the screen: nothing of it is stored yet.
+    /// Another ensemble is on the screen: nothing of it is stored yet. Frees the picture last built.
     void forgetStored();
 
     /// Builds the picture if its size has changed.

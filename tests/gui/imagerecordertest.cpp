@@ -42,6 +42,7 @@ private slots:
     void aSmallPictureLeavesWhite();
     void leavingShowsTheDataAsTheyWere();
     void aNewEnsembleEndsTheShow();
+    void aPictureThatWasShownIsFreed();
     void theReadOutHasNoAmplitude();
     void theMiddleButtonStepsThroughThePictures();
     void withControlTheMiddleButtonPans();
@@ -534,6 +535,23 @@ void ImageRecorderTest::aNewEnsembleEndsTheShow()
     QCOMPARE(f.canvas(f[0]), f.stored(2));
     QCOMPARE(f.title(f[0]).simplified(), QString("FFID :3"));
     QCOMPARE(f.control.currentMessage().left(8), QString("MB1 down"));
+}
+
+void ImageRecorderTest::aPictureThatWasShownIsFreed()
+{
+    ImageFixture f;
+    f.next();
+    std::vector<uchar> pixels(40 * 30 * 4, 90);
+    int nFreed = 0;
+    const auto count = [](void* freed) { ++*static_cast<int*>(freed); };
+    f.store.putImage(QImage(pixels.data(), 40, 30, QImage::Format_RGB32, count, &nFreed), QwtScaleMap(), QwtScaleMap());
+    f[0]->showImage(1);
+    f[0]->setShowImage(false);
+    QCOMPARE(nFreed, 0);
+    f.store.removeAll();
+    QCOMPARE(nFreed, 1);
+    f[0]->images().forgetStored();
+    QVERIFY(f[0]->images().saveImage().isNull());
 }
 
 void ImageRecorderTest::theReadOutHasNoAmplitude()
