@@ -211,6 +211,7 @@ void ImageDialog::resaveImage()
     for (SeismicDisplay* display : displays()) {
         display->setImageStored(false);
         display->storeImage(false);
+        display->images().showAgain();  // the picture on the screen may be the one that was replaced
     }
 }
 

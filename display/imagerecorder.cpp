@@ -29,15 +29,18 @@ void ImageRecorder::checkSavedImage()
     if (_resizeImage) buildImage();
 }
 
-/// Size of the whole ensemble at the scale of the axes, in pixels of the device.
+/// Size of the whole ensemble at the scale of the data's view, in pixels of the device. While another picture is up
+/// the axes have that one's scale.
 PictureSize ImageRecorder::presentSize() const
 {
     const QwtScaleMap x = _display->canvasMap(QwtPlot::xTop), y = _display->canvasMap(QwtPlot::yLeft);
     const double ratio = _display->canvas()->devicePixelRatioF();
     const SeismicData& data = *_display->seismicData();
     const double timeSpan = double(data.sampleCount()) * _display->sampleRate();
-    return wholePictureSize({x.pDist() * ratio, x.sDist(), data.traceCount() + 1.0},
-                            {y.pDist() * ratio, y.sDist(), timeSpan});
+    const QSizeF pixels = _isShown ? _pixelsBefore : QSizeF(x.pDist(), y.pDist());
+    const QSizeF units = _isShown ? _viewBefore.size() : QSizeF(x.sDist(), y.sDist());
+    return wholePictureSize({pixels.width() * ratio, units.width(), data.traceCount() + 1.0},
+                            {pixels.height() * ratio, units.height(), timeSpan});
 }
 
 void ImageRecorder::buildMaps()
@@ -160,6 +163,7 @@ void ImageRecorder::setShowImage(bool state)
         _number = -1;  // the data stay in view until a picture comes
         _hasLabels = false;
         _viewBefore = _display->visibleRect();
+        _pixelsBefore = QSizeF(_display->canvasMap(QwtPlot::xTop).pDist(), _display->canvasMap(QwtPlot::yLeft).pDist());
         _sizeBefore = _display->size();
         _hadOverlay = _display->overlayPlot() && _display->overlayPlot()->isVisible();
     } else {

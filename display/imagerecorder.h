@@ -101,8 +101,9 @@ private:
 
     bool _isShown = false;
     int _number = 0;
-    QRectF _viewBefore;  // what the axes showed of the data
-    QSize _sizeBefore;   // of the display
+    QRectF _viewBefore;    // what the axes showed of the data
+    QSizeF _pixelsBefore;  // over which they showed it
+    QSize _sizeBefore;     // of the display
     bool _hadOverlay = false;
     KeyColumn _primary, _secondary;
     int _nTraces = 0;

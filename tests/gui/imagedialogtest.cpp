@@ -38,6 +38,7 @@ private slots:
     void theDelayChangesWhilePlaying();
     void playTurnsTheShowOn();
     void saveExtraAndResave();
+    void resaveShowsTheNewPicture();
     void clearAllEndsTheShow();
     void theSelectedNumbersReachTheMouse();
     void anEmptySelectionShowsNothingNew();
@@ -294,6 +295,19 @@ void ImageDialogTest::saveExtraAndResave()
     QCOMPARE(f.keys(), QVector<float>({1, 2, 2, 1}));
     QVERIFY(f.stored(3) != before);
     QCOMPARE(f.stored(0), before);
+}
+
+void ImageDialogTest::resaveShowsTheNewPicture()
+{
+    DialogFixture f(2);
+    f.box("viewBox")->click();
+    f.slider()->setValue(2);
+    const QImage before = f.stored(1);
+    f[0]->seismicPlot()->setGain(12.0f);
+    f.click("resaveButton");
+    QVERIFY(f.stored(1) != before);
+    QCOMPARE(f.shown(), 1);
+    QCOMPARE(f.canvas(f[0]), f.stored(1));
 }
 
 void ImageDialogTest::clearAllEndsTheShow()

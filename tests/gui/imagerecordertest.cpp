@@ -43,6 +43,7 @@ private slots:
     void leavingShowsTheDataAsTheyWere();
     void aNewEnsembleEndsTheShow();
     void aPictureThatWasShownIsFreed();
+    void aPictureStoredWhileAnotherIsUpHasTheDatasScale();
     void theReadOutHasNoAmplitude();
     void theMiddleButtonStepsThroughThePictures();
     void withControlTheMiddleButtonPans();
@@ -552,6 +553,22 @@ void ImageRecorderTest::aPictureThatWasShownIsFreed()
     QCOMPARE(nFreed, 1);
     f[0]->images().forgetStored();
     QVERIFY(f[0]->images().saveImage().isNull());
+}
+
+void ImageRecorderTest::aPictureStoredWhileAnotherIsUpHasTheDatasScale()
+{
+    ImageFixture f;
+    f.next(0, 20);
+    f.next(0, 41);
+    f[0]->setZoomRect(QRectF(0.0, 0.0, 21.0, 1000.0));
+    f[0]->replot1();
+    f[0]->storeImage(false);
+    const QSize size = f.stored(1).size();
+    QCOMPARE(size.width(), 2 * f.canvas(f[0]).width());
+    f[0]->showImage(0);
+    f[0]->setImageStored(false);
+    f[0]->storeImage(false);
+    QCOMPARE(f.stored(1).size(), size);
 }
 
 void ImageRecorderTest::theReadOutHasNoAmplitude()
