@@ -170,7 +170,7 @@ void ImageRecorder::setShowImage(bool state)
         canvas->forgetStored();
         _display->seismicPlot()->forgetStored();
     }
-    if (_hadOverlay) _display->overlayPlot()->setVisible(!state);
+    if (_display->overlayPlot()) _display->overlayPlot()->setVisible(!state && _hadOverlay);
     _display->setMouseMode(_display->mouseMode(), true);  // without a picker the buttons change hands
     if (state) return;
     _display->axesFollowHeaders();

@@ -56,6 +56,8 @@ public:
     /// Pictures come in place of the data, or go.
     void setShowImage(bool state);
     bool isShown() const { return _isShown; }
+    /// Whether the overlay comes back with the data; a stored picture has its own.
+    void setOverlayBehind(bool on) { _hadOverlay = on; }
     /// Shows picture i, from 0; nothing where there is none.
     void showImage(int i);
     /// Trace labels and title of picture i.

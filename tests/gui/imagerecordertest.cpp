@@ -35,6 +35,7 @@ private slots:
     void theWindowIsWrittenToNumberedFiles();
     void aFileThatCannotBeWrittenIsALine();
     void anOverlayIsPartOfThePicture();
+    void anOverlaySwitchedWhileAPictureIsUpComesAfterIt();
     void aShownPictureComesWithItsAxisAndTitle();
     void theLabelsStayThePicturesWhateverTheMenusDo();
     void aPictureThatIsNotThereChangesNothing();
@@ -419,6 +420,23 @@ void ImageRecorderTest::anOverlayIsPartOfThePicture()
     f[0]->setShowImage(false);
     QVERIFY(f[0]->overlayPlot()->isVisible());
     QCOMPARE(f.canvas(f[0]), both);
+}
+
+void ImageRecorderTest::anOverlaySwitchedWhileAPictureIsUpComesAfterIt()
+{
+    ImageFixture f;
+    f.next();
+    f[0]->setOverlayMode(true);
+    f.next();
+    f[0]->showImage(0);
+    f[0]->setOverlayMode(false);
+    f[0]->setShowImage(false);
+    QVERIFY(!f[0]->overlayPlot()->isVisible());
+    f[0]->showImage(0);
+    f[0]->setOverlayMode(true);
+    QCOMPARE(f.canvas(f[0]), f.stored(0));  // not over the picture
+    f[0]->setShowImage(false);
+    QVERIFY(f[0]->overlayPlot()->isVisible());
 }
 
 void ImageRecorderTest::aShownPictureComesWithItsAxisAndTitle()
