@@ -380,6 +380,7 @@ void ImageDialog::fileImage()
                                                       "Images (*.jpg,*.png,*.tif,*.gif,*.bmp);;All files (*)");
     if (name.isEmpty()) return;
     _fileField->setText(name);
+    _oldFile.clear();  // chosen again, the files are written again
     takeFile(name);
 }
 

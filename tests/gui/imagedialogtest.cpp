@@ -46,6 +46,7 @@ private slots:
     void whatIsHeldIsWrittenWhenFilesAreSwitchedOn();
     void anotherNameWritesAllAnew();
     void theFileButtonAsksForAName();
+    void theSameNameChosenAgainWritesAllAnew();
     void theMouseMovesTheSlider();
     void escapeLeavesTheTabInPlace();
     void theWindowsBoxesAndTheTabAgree();
@@ -417,6 +418,20 @@ void ImageDialogTest::theFileButtonAsksForAName()
     answerFileDialog(QString(), &seen);  // a change of mind
     f.click("fileButton");
     QCOMPARE(f.store.savedFile(), folder.filePath("movie.png"));
+}
+
+void ImageDialogTest::theSameNameChosenAgainWritesAllAnew()
+{
+    const QTemporaryDir folder;
+    DialogFixture f(1);
+    QStringList seen;
+    answerFileDialog(folder.filePath("movie.png"), &seen);
+    f.click("fileButton");
+    f.box("fileBox")->click();
+    QVERIFY(QFile::remove(folder.filePath("movie-001.png")));
+    answerFileDialog(folder.filePath("movie.png"), &seen);
+    f.click("fileButton");
+    QVERIFY(QFile::exists(folder.filePath("movie-001.png")));
 }
 
 void ImageDialogTest::theMouseMovesTheSlider()
