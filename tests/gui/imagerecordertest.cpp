@@ -61,14 +61,15 @@ void ImageRecorderTest::thePictureHoldsWhatTheCanvasShows()
     ImageFixture f;
     f.next();
     QCOMPARE(f.store.storeTotal(), 1);
-    QCOMPARE(f.stored(0).size(), f[0]->canvas()->size() - QSize(1, 1));
+    const QSizeF canvas = QSizeF(f[0]->canvas()->size() - QSize(1, 1)) * f[0]->devicePixelRatioF();
+    QCOMPARE(f.stored(0).size(), QSize(int(canvas.width()), int(canvas.height())));
     QCOMPARE(f.stored(0), f.canvas(f[0]));
     const StoredPicture* picture = f.store.picture(0);
     QCOMPARE(picture->xMap.s1(), 0.0);
     QCOMPARE(picture->xMap.s2(), 21.0);  // traces + 1
     QCOMPARE(picture->yMap.s1(), 2000.0);
     QCOMPARE(picture->yMap.s2(), 0.0);
-    QCOMPARE(picture->yMap.pDist(), double(f[0]->canvas()->height() - 1));
+    QCOMPARE(picture->yMap.pDist(), double(f.stored(0).height()));
     QCOMPARE(picture->nTraces, 20);
     QCOMPARE(picture->axis[20], 120.0f);  // CHAN of the last trace
     QCOMPARE(picture->pri, 1.0f);
@@ -383,7 +384,7 @@ void ImageRecorderTest::theWindowIsWrittenToNumberedFiles()
     f.next();
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"shot-001.png", "shot-002.png"}));
     const QImage window(folder.filePath("shot-002.png"));
-    QCOMPARE(window.convertToFormat(QImage::Format_RGB32), f[0]->grab().toImage().convertToFormat(QImage::Format_RGB32));
+    QCOMPARE(f.pixels(window), f.pixels(f[0]->grab().toImage()));
     f[0]->seismicPlot()->setGain(12.0f);
     f[0]->rebuildPlot();
     f[0]->storeImage(false);  // replaces the second, and its file
@@ -504,6 +505,8 @@ void ImageRecorderTest::aSmallPictureLeavesWhite()
     f.next();
     QImage small(40, 30, QImage::Format_RGB32);
     small.fill(Qt::black);
+    const double ratio = f[0]->devicePixelRatioF();
+    small.setDevicePixelRatio(ratio);
     QwtScaleMap x, y;
     x.setScaleInterval(0.0, 3.0);
     x.setPaintInterval(0.0, 40.0);
@@ -519,7 +522,7 @@ void ImageRecorderTest::aSmallPictureLeavesWhite()
     QCOMPARE(canvas.pixelColor(40, 20), QColor(Qt::white));
     QCOMPARE(canvas.pixelColor(20, 30), QColor(Qt::white));
     QCOMPARE(f[0]->visibleRect().topLeft(), QPointF(0.0, 0.0));
-    QCOMPARE(f[0]->canvasMap(QwtPlot::yLeft).invTransform(30.0), 300.0);
+    QCOMPARE(f[0]->canvasMap(QwtPlot::yLeft).invTransform(30.0 / ratio), 300.0);
 }
 
 void ImageRecorderTest::leavingShowsTheDataAsTheyWere()
@@ -596,7 +599,7 @@ void ImageRecorderTest::theReadOutHasNoAmplitude()
     f.next();
     f[0]->showImage(0);
     const QPoint at(int(f[0]->canvasMap(QwtPlot::xTop).transform(5.0)), 90);
-    const int sample = int(90.0 / f.stored(0).height() * 500.0);  // from the top, at 4 ms
+    const int sample = int(90.0 * f[0]->devicePixelRatioF() / f.stored(0).height() * 500.0);  // from the top, at 4 ms
     QCOMPARE(f[0]->readoutAt(at).simplified(), QString("FFID : 1 CHAN : 105 Time (msec): %1").arg(4 * sample));
 }
 
@@ -735,7 +738,7 @@ void ImageRecorderTest::aResizedWindowShowsThePictureAgain()
     f.next();
     f[0]->showImage(0);
     f[0]->resize(720, 560);
-    QTRY_VERIFY(f[0]->canvas()->width() > f.stored(0).width() + 100);
+    QTRY_VERIFY(f[0]->canvas()->width() * f[0]->devicePixelRatioF() > f.stored(0).width() + 100);
     QTRY_VERIFY(f[0]->visibleRect().width() > 22.0);  // the picture's scale on a wider canvas
     QTRY_COMPARE(f.canvas(f[0]).copy(QRect(QPoint(0, 0), f.stored(0).size())), f.stored(0));
     f[0]->setShowImage(false);
