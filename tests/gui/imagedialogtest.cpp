@@ -44,6 +44,7 @@ private slots:
     void anEmptySelectionShowsNothingNew();
     void theListEndsAtAnEmptyPiece();
     void whatIsHeldIsWrittenWhenFilesAreSwitchedOn();
+    void filesWrittenWhileAPictureIsUpHoldTheirOwn();
     void anotherNameWritesAllAnew();
     void theFileButtonAsksForAName();
     void theSameNameChosenAgainWritesAllAnew();
@@ -158,6 +159,11 @@ void ImageDialogTest::theSliderFollowsTheStore()
     f.next();
     QCOMPARE(f.slider()->value(), 1);  // nothing is shown
     QCOMPARE(f.find<QLabel>("imgLabel")->text(), QString("1"));
+    f.box("viewBox")->click();
+    f.slider()->setValue(3);
+    f.click("saveButton");
+    QCOMPARE(f.slider()->maximum(), 5);
+    QCOMPARE(f.slider()->value(), 3);  // the picture on the screen
 }
 
 void ImageDialogTest::theSliderCountsACollection()
@@ -378,6 +384,18 @@ void ImageDialogTest::whatIsHeldIsWrittenWhenFilesAreSwitchedOn()
     f.next();
     QVERIFY(!QFile::exists(folder.filePath("a-005.png")));
     QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void ImageDialogTest::filesWrittenWhileAPictureIsUpHoldTheirOwn()
+{
+    const QTemporaryDir folder;
+    DialogFixture f(2);
+    f.box("viewBox")->click();
+    QCOMPARE(f.shown(), 0);
+    f.type("fileField", folder.filePath("a.b.png"));
+    f.box("fileBox")->click();
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(f.pixels(QImage(folder.filePath(QString("a.b-00%1.png").arg(i + 1)))), f.stored(i));
 }
 
 void ImageDialogTest::anotherNameWritesAllAnew()
