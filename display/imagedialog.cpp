@@ -177,15 +177,16 @@ QList<SeismicDisplay*> ImageDialog::displays() const
 
 void ImageDialog::checkCount()
 {
-    const int held = _imgstore->storeTotal();
-    const bool hasChanged = held != _icount;
-    _icount = held;
+    // A collection counts anew, and the slider with it; the mouse and the movie reach all that is held.
+    const int count = std::max(1, std::min(_imgstore->count(), _imgstore->storeTotal()));
+    const bool hasChanged = count != _icount;
+    _icount = count;
     enableButtons();
     _imgLabel->setNum(int(_isvalue));
     if (!_imgstore->isCollecting() && !_collectEdit->hasFocus()) _collectEdit->setNumber(0);
     if (!hasChanged) return;
     const QSignalBlocker quiet(_imgSlider);
-    _imgSlider->setRange(1, std::max(1, _icount));
+    _imgSlider->setRange(1, _icount);
     if (!_doView) _imgSlider->setValue(1);
     _isvalue = _imgSlider->value();
     _imgLabel->setNum(int(_isvalue));
@@ -210,6 +211,7 @@ void ImageDialog::resaveImage()
     for (SeismicDisplay* display : displays()) {
         display->setImageStored(false);
         display->storeImage(false);
+        display->images().showAgain();  // the picture on the screen may be the one that was replaced
     }
 }
 
@@ -378,6 +380,7 @@ void ImageDialog::fileImage()
                                                       "Images (*.jpg,*.png,*.tif,*.gif,*.bmp);;All files (*)");
     if (name.isEmpty()) return;
     _fileField->setText(name);
+    _oldFile.clear();  // chosen again, the files are written again
     takeFile(name);
 }
 

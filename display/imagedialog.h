@@ -29,7 +29,7 @@ public:
     /// Both are lent and outlive the dialog.
     ImageDialog(ImageStorage* imgstore, QList<SeismicDisplay*>* displaylist, QWidget* parent = nullptr);
 
-    /// Brings the slider up to the pictures held.
+    /// Brings the slider up to the store's count.
     void checkCount();
     /// Whether pictures are shown in place of the data; a new ensemble ends it.
     void setDoView(bool on);

@@ -20,6 +20,8 @@ ImageRecorder::ImageRecorder(SeismicDisplay* display) : _display(display) {}
 void ImageRecorder::forgetStored()
 {
     _isImageStored = _doImageStored = false;
+    _saveImage = QImage();  // as large as one in the store
+    _resizeImage = true;
 }
 
 void ImageRecorder::checkSavedImage()
@@ -27,15 +29,18 @@ void ImageRecorder::checkSavedImage()
     if (_resizeImage) buildImage();
 }
 
-/// Size of the whole ensemble at the scale of the axes, in pixels of the device.
+/// Size of the whole ensemble at the scale of the data's view, in pixels of the device. While another picture is up
+/// the axes have that one's scale.
 PictureSize ImageRecorder::presentSize() const
 {
     const QwtScaleMap x = _display->canvasMap(QwtPlot::xTop), y = _display->canvasMap(QwtPlot::yLeft);
     const double ratio = _display->canvas()->devicePixelRatioF();
     const SeismicData& data = *_display->seismicData();
     const double timeSpan = double(data.sampleCount()) * _display->sampleRate();
-    return wholePictureSize({x.pDist() * ratio, x.sDist(), data.traceCount() + 1.0},
-                            {y.pDist() * ratio, y.sDist(), timeSpan});
+    const QSizeF pixels = _isShown ? _pixelsBefore : QSizeF(x.pDist(), y.pDist());
+    const QSizeF units = _isShown ? _viewBefore.size() : QSizeF(x.sDist(), y.sDist());
+    return wholePictureSize({pixels.width() * ratio, units.width(), data.traceCount() + 1.0},
+                            {pixels.height() * ratio, units.height(), timeSpan});
 }
 
 void ImageRecorder::buildMaps()
@@ -121,18 +126,18 @@ void ImageRecorder::printStatistics() const
 void ImageRecorder::storeImage(bool extra)
 {
     if (!_imgstore || (_isImageStored && !extra)) return;
-    if (_doImageStored && !extra) {
-        _imgstore->removeLastImage(_display);
-        _doImageStored = false;
-    }
     if (_display->lastEnsemble() || _display->traceCount() < 1 || !wantsImage()) return;
-    if (!_imgstore->hasRoom(storedBytes(presentSize().size))) return _imgstore->stop();
+    // What is held goes only when another one takes its place: a store that is full, or a collection that has its
+    // pictures, must not lose one.
+    const bool replaces = _doImageStored && !extra;
+    if (!_imgstore->hasRoom(storedBytes(presentSize().size), replaces ? _display : nullptr)) return _imgstore->stop();
     if (_imgstore->isCollecting()) {
         _display->replot1();
         _display->replot2();
     }
     buildImage();
     if (_saveImage.isNull()) return;
+    if (replaces) _imgstore->removeLastImage(_display);
     put();
     saveToFile(_imgstore->savedFile(), true);
     if (!extra) _isImageStored = _doImageStored = true;
@@ -158,13 +163,14 @@ void ImageRecorder::setShowImage(bool state)
         _number = -1;  // the data stay in view until a picture comes
         _hasLabels = false;
         _viewBefore = _display->visibleRect();
+        _pixelsBefore = QSizeF(_display->canvasMap(QwtPlot::xTop).pDist(), _display->canvasMap(QwtPlot::yLeft).pDist());
         _sizeBefore = _display->size();
         _hadOverlay = _display->overlayPlot() && _display->overlayPlot()->isVisible();
     } else {
-        canvas->hideStored();
-        _display->seismicPlot()->setDoDrawImage(false);
+        canvas->forgetStored();
+        _display->seismicPlot()->forgetStored();
     }
-    if (_hadOverlay) _display->overlayPlot()->setVisible(!state);
+    if (_display->overlayPlot()) _display->overlayPlot()->setVisible(!state && _hadOverlay);
     _display->setMouseMode(_display->mouseMode(), true);  // without a picker the buttons change hands
     if (state) return;
     _display->axesFollowHeaders();

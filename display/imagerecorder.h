@@ -35,7 +35,7 @@ public:
     /// False: the stored picture isn't the one on the screen any more.
     void setImageStored(bool on) { _isImageStored = on; }
     bool isImageStored() const { return _isImageStored; }
-    /// Another ensemble is on the screen: nothing of it is stored yet.
+    /// Another ensemble is on the screen: nothing of it is stored yet. Frees the picture last built.
     void forgetStored();
 
     /// Builds the picture if its size has changed.
@@ -56,6 +56,8 @@ public:
     /// Pictures come in place of the data, or go.
     void setShowImage(bool state);
     bool isShown() const { return _isShown; }
+    /// Whether the overlay comes back with the data; a stored picture has its own.
+    void setOverlayBehind(bool on) { _hadOverlay = on; }
     /// Shows picture i, from 0; nothing where there is none.
     void showImage(int i);
     /// Trace labels and title of picture i.
@@ -101,8 +103,9 @@ private:
 
     bool _isShown = false;
     int _number = 0;
-    QRectF _viewBefore;  // what the axes showed of the data
-    QSize _sizeBefore;   // of the display
+    QRectF _viewBefore;    // what the axes showed of the data
+    QSizeF _pixelsBefore;  // over which they showed it
+    QSize _sizeBefore;     // of the display
     bool _hadOverlay = false;
     KeyColumn _primary, _secondary;
     int _nTraces = 0;

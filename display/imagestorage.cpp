@@ -39,7 +39,7 @@ void ImageStorage::put(StoredPicture picture)
     _last = hasPlace ? std::min(_emptyPlace, _pictures.size()) : _pictures.size();
     _emptyOwner = nullptr;
     _pictures.insert(_pictures.begin() + long(_last), std::move(picture));
-    ++_icount;
+    if (!hasPlace || _emptyWasCounted) ++_icount;
     emit totalChanged();
 }
 
@@ -140,16 +140,29 @@ void ImageStorage::forget(size_t i)
     _icount = std::max(0, _icount - 1);
 }
 
+/// The last picture, or with an owner the last of that owner; -1 if there is none.
+int ImageStorage::lastOf(const void* owner) const
+{
+    for (int i = storeTotal() - 1; i >= 0; --i)
+        if (!owner || _pictures[size_t(i)].owner == owner) return i;
+    return -1;
+}
+
 void ImageStorage::removeLastImage(const void* owner)
 {
-    for (size_t i = _pictures.size(); i-- > 0;) {
-        if (owner && _pictures[i].owner != owner) continue;
-        _emptyOwner = owner;
-        _emptyPlace = i;
-        forget(i);
-        emit totalChanged();
-        return;
-    }
+    const int i = lastOf(owner);
+    if (i < 0) return;
+    _emptyOwner = owner;
+    _emptyPlace = size_t(i);
+    _emptyWasCounted = _icount > 0;
+    forget(size_t(i));
+    emit totalChanged();
+}
+
+bool ImageStorage::hasRoom(int64_t nBytes, const void* replaced) const
+{
+    const int i = replaced ? lastOf(replaced) : -1;
+    return _nBytes - (i < 0 ? 0 : _pictures[size_t(i)].nBytes) + nBytes <= _limit;
 }
 
 void ImageStorage::removeAll()
@@ -227,5 +240,8 @@ QString numberedName(const QString& name, int number)
     const int dot = whole.lastIndexOf('.');
     const bool hasDot = dot > whole.lastIndexOf('/') + 1;  // the one of a folder, or of a hidden file, cuts nothing
     const QString base = hasDot ? whole.left(dot) : whole, suffix = hasDot ? whole.mid(dot + 1) : QString();
-    return base + QString("-%1.").arg(number, 3, 10, QChar('0')) + (suffix.isEmpty() ? "png" : suffix);
+    const QString digits = QString::number(number), blank = "-000";
+    // The digits take the place of the last characters, but never of the name's own.
+    return base + blank.chopped(std::min(digits.size(), blank.size())) + digits + '.' +
+           (suffix.isEmpty() ? "png" : suffix);
 }

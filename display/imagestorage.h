@@ -107,8 +107,8 @@ public:
 
     /// Most bytes to hold; at first a quarter of the machine's memory.
     void setLimit(int64_t nBytes) { _limit = nBytes; }
-    /// Whether a picture of so many bytes still fits.
-    bool hasRoom(int64_t nBytes) const { return _nBytes + nBytes <= _limit; }
+    /// Whether a picture of so many bytes still fits, with an owner in the place of that owner's last.
+    bool hasRoom(int64_t nBytes, const void* replaced = nullptr) const;
     /// A picture doesn't fit: switches store and collection off, and says so.
     void stop();
 
@@ -124,11 +124,13 @@ signals:
 private:
     void put(StoredPicture picture);
     void forget(size_t i);
+    int lastOf(const void* owner) const;
 
     std::vector<StoredPicture> _pictures;
     size_t _last = 0;  // index of the one put last
     const void* _emptyOwner = nullptr;  // of the picture removed last
     size_t _emptyPlace = 0;             // where it stood
+    bool _emptyWasCounted = false;      // in _icount; one of the collection before isn't
     int _icount = 0;
     bool _dostore = false;
     bool _docollect = false;

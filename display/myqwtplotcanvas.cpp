@@ -62,6 +62,17 @@ void MyQwtPlotCanvas::hideStored()
     update();  // what was uncovered of the window's buffer is from before
 }
 
+void MyQwtPlotCanvas::forgetStored()
+{
+    hideStored();
+    if (_pictureWindow) _pictureWindow->forget();
+    _server.reset();
+    _image = QImage();
+    _pixmap = QPixmap();
+    _bitmap = QBitmap();
+    _show = false;
+}
+
 void MyQwtPlotCanvas::replot()
 {
     hideStored();

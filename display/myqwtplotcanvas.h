@@ -36,6 +36,8 @@ public:
     void showStored();
     /// Uncovers the canvas, which paints the plot.
     void hideStored();
+    /// The same, and lets go of the stored picture.
+    void forgetStored();
 
     /// The next paint renders the plot anew.
     void invalidatePicture() { _pictureIsValid = false; }

@@ -23,6 +23,8 @@ public:
     /// isn't one that the picture can be copied to.
     /// @param part  in pixels of the device
     bool showPart(std::shared_ptr<const ServerPicture> picture, const QRect& part);
+    /// Lets go of the picture; for a hidden window.
+    void forget() { _picture.reset(); }
 
     QPaintEngine* paintEngine() const override { return nullptr; }
     bool eventFilter(QObject* object, QEvent* event) override;

@@ -13,7 +13,10 @@ void SeismicDisplay::setOverlayMode(bool on)
 {
     if (_menu) _menu->ioverlay = on ? 1 : 0;
     if (!_overlayplot) return;
-    _overlayplot->setVisible(on);
+    if (_images.isShown())
+        _images.setOverlayBehind(on);
+    else
+        _overlayplot->setVisible(on);
     _lastOverlay = false;
     if (_host) _host->setOverlayMode(on);
     rePlot();

@@ -285,6 +285,14 @@ void SeismicPlot::setupDrawBitmap(const QBitmap& bitmap, const QwtScaleMap& xMap
     setupStored(xMap, yMap, false, true);
 }
 
+void SeismicPlot::forgetStored()
+{
+    setDoDrawImage(false);
+    _image = QImage();
+    _pixmap = QPixmap();
+    _bitmap = QBitmap();
+}
+
 void SeismicPlot::draw(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
                        const QRectF& canvasRect) const
 {

@@ -92,6 +92,8 @@ public:
     void setAutoGain(bool state) { _autoGain = state; }
     void setShiftTime(double ms) { _shiftTime = ms; }
     void setDoDrawImage(bool state) { _doDrawImage = state; }
+    /// Draws the data again, and lets go of the stored picture.
+    void forgetStored();
     void setPrintOut(bool state) { _doPrint = state; }
     void setSeismicView(int traceNum, int sampleNum, int nTraces, int nSamples, int startSample);
     void invalidateImage() { _invalidImage = true; }

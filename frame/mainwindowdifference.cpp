@@ -55,10 +55,11 @@ void MainWindow::loadDifference()
                        b->getTraceValues(i, 0), traces[i] + first, std::minus<float>());
     }
     SeismicDisplay* difference = _displaylist[last];
+    difference->setImageStorage(nullptr);  // at the load it has a scale of its own
     difference->loadSeismicData(traces.data(), b->getTraceHeaders(), nTraces, true);
     difference->seismicPlot()->setRMS(_displaylist.first()->seismicPlot()->rms());
     difference->seismicPlot()->computeNormalizer();
     difference->rePlot();
-    difference->setImageStored(false);  // at the load it had a scale of its own
+    difference->setImageStorage(_imgstore.get());
     difference->storeImage(false);
 }

@@ -3,6 +3,7 @@
 
 #include "analysis/parmmenudialog.h"
 #include "display/drawdialog.h"
+#include "display/imagedialog.h"
 #include "display/titles.h"
 
 #include <QStatusBar>
@@ -39,6 +40,7 @@ void MainWindow::hideMenus()
 {
     for (QDialog* menu : std::initializer_list<QDialog*>{_parmmenu, _titleMenu, _drawMenu})
         if (menu) menu->hide();
+    if (_parmmenu) _parmmenu->imageDialog()->endLoop();  // its button is gone
 }
 
 void MainWindow::setAreaLineNames(const QString& area, const QString& line, const QString& flow)

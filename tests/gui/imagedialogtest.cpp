@@ -30,6 +30,7 @@ private slots:
     void theControlsSayWhatTheyDo();
     void buttonsThatWouldDoNothingAreOff();
     void theSliderFollowsTheStore();
+    void theSliderCountsACollection();
     void theSliderShowsItsPicture();
     void twoDisplaysShowTwoPictures();
     void theMovieRunsAndWraps();
@@ -37,13 +38,16 @@ private slots:
     void theDelayChangesWhilePlaying();
     void playTurnsTheShowOn();
     void saveExtraAndResave();
+    void resaveShowsTheNewPicture();
     void clearAllEndsTheShow();
     void theSelectedNumbersReachTheMouse();
     void anEmptySelectionShowsNothingNew();
     void theListEndsAtAnEmptyPiece();
     void whatIsHeldIsWrittenWhenFilesAreSwitchedOn();
+    void filesWrittenWhileAPictureIsUpHoldTheirOwn();
     void anotherNameWritesAllAnew();
     void theFileButtonAsksForAName();
+    void theSameNameChosenAgainWritesAllAnew();
     void theMouseMovesTheSlider();
     void escapeLeavesTheTabInPlace();
     void theWindowsBoxesAndTheTabAgree();
@@ -57,7 +61,9 @@ private slots:
     void aFullStoreIsABox();
     void anExportWhileShowingHoldsThePicture();
     void anotherFileEndsTheShow();
+    void aClosedWindowPlaysNoMovie();
     void theDifferenceHasAPictureOfItsOwn();
+    void aDifferenceIsCollectedAtItsOwnScale();
 
 private:
     QTemporaryDir _home;
@@ -153,6 +159,37 @@ void ImageDialogTest::theSliderFollowsTheStore()
     f.next();
     QCOMPARE(f.slider()->value(), 1);  // nothing is shown
     QCOMPARE(f.find<QLabel>("imgLabel")->text(), QString("1"));
+    f.box("viewBox")->click();
+    f.slider()->setValue(3);
+    f.click("saveButton");
+    QCOMPARE(f.slider()->maximum(), 5);
+    QCOMPARE(f.slider()->value(), 3);  // the picture on the screen
+}
+
+void ImageDialogTest::theSliderCountsACollection()
+{
+    DialogFixture f;
+    f.store.setStored(false);
+    f.store.setCollect(true);
+    f.store.setCollectTotal(3);
+    f.next();
+    f.next();
+    QCOMPARE(f.slider()->maximum(), 2);
+    f.next();
+    f.dialog->checkCount();
+    QCOMPARE(f.slider()->maximum(), 1);  // the count has started anew
+    f.next();
+    f.next();
+    QCOMPARE(f.slider()->maximum(), 2);
+    f.box("viewBox")->click();
+    f.dialog->changeSliderImage(3.0);  // beyond the count
+    QCOMPARE(f.shown(), 0);
+    f.wheel(f[0], 480);  // the mouse reaches all that is held
+    QCOMPARE(f.shown(), 4);
+    QCOMPARE(f.find<QLabel>("imgLabel")->text(), QString("5"));
+    f.store.setCount(50);  // more than there are
+    f.dialog->checkCount();
+    QCOMPARE(f.slider()->maximum(), 5);
 }
 
 void ImageDialogTest::theSliderShowsItsPicture()
@@ -267,6 +304,19 @@ void ImageDialogTest::saveExtraAndResave()
     QCOMPARE(f.stored(0), before);
 }
 
+void ImageDialogTest::resaveShowsTheNewPicture()
+{
+    DialogFixture f(2);
+    f.box("viewBox")->click();
+    f.slider()->setValue(2);
+    const QImage before = f.stored(1);
+    f[0]->seismicPlot()->setGain(12.0f);
+    f.click("resaveButton");
+    QVERIFY(f.stored(1) != before);
+    QCOMPARE(f.shown(), 1);
+    QCOMPARE(f.canvas(f[0]), f.stored(1));
+}
+
 void ImageDialogTest::clearAllEndsTheShow()
 {
     DialogFixture f(3);
@@ -336,6 +386,18 @@ void ImageDialogTest::whatIsHeldIsWrittenWhenFilesAreSwitchedOn()
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 
+void ImageDialogTest::filesWrittenWhileAPictureIsUpHoldTheirOwn()
+{
+    const QTemporaryDir folder;
+    DialogFixture f(2);
+    f.box("viewBox")->click();
+    QCOMPARE(f.shown(), 0);
+    f.type("fileField", folder.filePath("a.b.png"));
+    f.box("fileBox")->click();
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(f.pixels(QImage(folder.filePath(QString("a.b-00%1.png").arg(i + 1)))), f.stored(i));
+}
+
 void ImageDialogTest::anotherNameWritesAllAnew()
 {
     const QTemporaryDir folder;
@@ -374,6 +436,20 @@ void ImageDialogTest::theFileButtonAsksForAName()
     answerFileDialog(QString(), &seen);  // a change of mind
     f.click("fileButton");
     QCOMPARE(f.store.savedFile(), folder.filePath("movie.png"));
+}
+
+void ImageDialogTest::theSameNameChosenAgainWritesAllAnew()
+{
+    const QTemporaryDir folder;
+    DialogFixture f(1);
+    QStringList seen;
+    answerFileDialog(folder.filePath("movie.png"), &seen);
+    f.click("fileButton");
+    f.box("fileBox")->click();
+    QVERIFY(QFile::remove(folder.filePath("movie-001.png")));
+    answerFileDialog(folder.filePath("movie.png"), &seen);
+    f.click("fileButton");
+    QVERIFY(QFile::exists(folder.filePath("movie-001.png")));
 }
 
 void ImageDialogTest::theMouseMovesTheSlider()
@@ -577,7 +653,7 @@ void ImageDialogTest::aCollectionOfTenTakesTen()
     for (int i = 0; i < 13; ++i) f.next();
     QCOMPARE(f.store()->storeTotal(), 10);
     QCOMPARE(f.store()->picture(9)->pri, 10.0f);
-    QCOMPARE(f.dialog()->findChild<QSlider*>("imgSlider")->maximum(), 10);
+    QCOMPARE(f.dialog()->findChild<QSlider*>("imgSlider")->maximum(), 1);  // of the next collection
     QCOMPARE(f.dialog()->findChild<NumberEdit*>("collectEdit")->text(), QString("0"));
 
     auto* edit = f.dialog()->findChild<NumberEdit*>("collectEdit");
@@ -655,6 +731,35 @@ void ImageDialogTest::anotherFileEndsTheShow()
     const SeismicDisplay* display = f.window->display();
     const double perTrace = f.window->imageStorage()->picture(0)->size().width() / 121.0;
     QVERIFY(qAbs(display->visibleRect().width() * perTrace - display->canvasMap(QwtPlot::xTop).pDist()) < 1.0);
+}
+
+void ImageDialogTest::aClosedWindowPlaysNoMovie()
+{
+    ImageWindow f;
+    f.box("savImageBox")->click();
+    f.next();
+    f.next();
+    ImageDialog* dialog = f.dialog();
+    dialog->findChild<QPushButton*>("playButton")->click();
+    QVERIFY(dialog->isPlaying());
+    f.window->close();
+    QVERIFY(!dialog->isPlaying());
+}
+
+void ImageDialogTest::aDifferenceIsCollectedAtItsOwnScale()
+{
+    ImageWindow f([](parmmenu* menu) {
+        menu->iscreens = 2;
+        menu->idifference = 1;
+        menu->docollect = 1;
+        menu->icollect = 3;
+    });
+    f.next(0);
+    f.next(1);
+    QCOMPARE(f.store()->storeTotal(), 3);
+    const QImage canvas = f.window->displayList()[2]->canvas()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QImage picture = f.store()->picture(2)->toImage().convertToFormat(QImage::Format_RGB32);
+    QCOMPARE(canvas.copy(picture.rect()), picture);
 }
 
 void ImageDialogTest::theDifferenceHasAPictureOfItsOwn()

@@ -9,6 +9,7 @@
 #include <QTemporaryFile>
 #include <QWheelEvent>
 
+#include <cmath>
 #include <cstdio>
 #include <unistd.h>
 
@@ -67,13 +68,20 @@ struct ImageFixture : DisplayFixture {
         load(ensemble, i);
     }
     static QString title(SeismicDisplay* display) { return display->axisTitle(QwtPlot::xTop).text(); }
+    /// Only the pixels, of the device, in one format.
+    static QImage pixels(QImage image)
+    {
+        image.setDevicePixelRatio(1.0);
+        return image.convertToFormat(QImage::Format_RGB32);
+    }
     /// What the plot has painted; the last row and column of a canvas belong to no trace and no time.
     static QImage canvas(SeismicDisplay* display)
     {
-        const QImage whole = display->canvas()->grab().toImage().convertToFormat(QImage::Format_RGB32);
-        return whole.copy(0, 0, whole.width() - 1, whole.height() - 1);
+        const QImage whole = pixels(display->canvas()->grab().toImage());
+        const int last = int(std::ceil(display->devicePixelRatioF()));
+        return whole.copy(0, 0, whole.width() - last, whole.height() - last);
     }
-    QImage stored(int i) const { return store.picture(i)->toImage().convertToFormat(QImage::Format_RGB32); }
+    QImage stored(int i) const { return pixels(store.picture(i)->toImage()); }
     /// FFID of each picture held.
     QVector<float> keys() const
     {

@@ -29,9 +29,13 @@ private slots:
     void theKindFollowsTheDrawType();
     void theFirstPicturePrintsItsSize();
     void aFullStoreStops();
+    void aPictureStaysWhenNoOtherComesForIt();
+    void aReplacedPictureOfTheLastCollectionIsNotCounted();
+    void aReplacedPictureGivesItsRoom();
     void theWindowIsWrittenToNumberedFiles();
     void aFileThatCannotBeWrittenIsALine();
     void anOverlayIsPartOfThePicture();
+    void anOverlaySwitchedWhileAPictureIsUpComesAfterIt();
     void aShownPictureComesWithItsAxisAndTitle();
     void theLabelsStayThePicturesWhateverTheMenusDo();
     void aPictureThatIsNotThereChangesNothing();
@@ -39,6 +43,8 @@ private slots:
     void aSmallPictureLeavesWhite();
     void leavingShowsTheDataAsTheyWere();
     void aNewEnsembleEndsTheShow();
+    void aPictureThatWasShownIsFreed();
+    void aPictureStoredWhileAnotherIsUpHasTheDatasScale();
     void theReadOutHasNoAmplitude();
     void theMiddleButtonStepsThroughThePictures();
     void withControlTheMiddleButtonPans();
@@ -55,14 +61,15 @@ void ImageRecorderTest::thePictureHoldsWhatTheCanvasShows()
     ImageFixture f;
     f.next();
     QCOMPARE(f.store.storeTotal(), 1);
-    QCOMPARE(f.stored(0).size(), f[0]->canvas()->size() - QSize(1, 1));
+    const QSizeF canvas = QSizeF(f[0]->canvas()->size() - QSize(1, 1)) * f[0]->devicePixelRatioF();
+    QCOMPARE(f.stored(0).size(), QSize(int(canvas.width()), int(canvas.height())));
     QCOMPARE(f.stored(0), f.canvas(f[0]));
     const StoredPicture* picture = f.store.picture(0);
     QCOMPARE(picture->xMap.s1(), 0.0);
     QCOMPARE(picture->xMap.s2(), 21.0);  // traces + 1
     QCOMPARE(picture->yMap.s1(), 2000.0);
     QCOMPARE(picture->yMap.s2(), 0.0);
-    QCOMPARE(picture->yMap.pDist(), double(f[0]->canvas()->height() - 1));
+    QCOMPARE(picture->yMap.pDist(), double(f.stored(0).height()));
     QCOMPARE(picture->nTraces, 20);
     QCOMPARE(picture->axis[20], 120.0f);  // CHAN of the last trace
     QCOMPARE(picture->pri, 1.0f);
@@ -309,6 +316,64 @@ void ImageRecorderTest::aFullStoreStops()
     QCOMPARE(f.title(f[0]).simplified(), QString("FFID :3"));
 }
 
+void ImageRecorderTest::aPictureStaysWhenNoOtherComesForIt()
+{
+    {
+        ImageFixture f;
+        f.store.setStored(false);
+        f.store.setCollect(true);
+        f.store.setCollectTotal(2);
+        connect(&f.store, &ImageStorage::collected, this, [&] { f.store.setCollect(false); });
+        f.next();
+        f.next();
+        f[0]->rebuildPlot();        // another look, after the collection
+        f[0]->storeImage(false);    // "next"
+        QCOMPARE(f.keys(), QVector<float>({1, 2}));
+    }
+    ImageFixture f;
+    f.next();
+    f.next();
+    f.store.setLimit(storedBytes(f.stored(0).size()) * 2);
+    f[0]->setZoomRect(QRectF(0.0, 0.0, 10.5, 2000.0));
+    f[0]->storeImage(false);  // twice as wide
+    QVERIFY(!f.store.isStored());
+    QCOMPARE(f.keys(), QVector<float>({1, 2}));
+}
+
+void ImageRecorderTest::aReplacedPictureOfTheLastCollectionIsNotCounted()
+{
+    ImageFixture f;
+    f.store.setStored(false);
+    f.store.setCollect(true);
+    f.store.setCollectTotal(2);
+    f.next();
+    f.next();
+    QCOMPARE(f.store.count(), 0);  // the next one starts
+    f[0]->rebuildPlot();
+    f[0]->storeImage(false);
+    QCOMPARE(f.store.count(), 0);
+    QCOMPARE(f.keys(), QVector<float>({1, 2}));
+    f.next();
+    f[0]->rebuildPlot();
+    f[0]->storeImage(false);
+    QCOMPARE(f.store.count(), 1);
+    QCOMPARE(f.keys(), QVector<float>({1, 2, 3}));
+}
+
+void ImageRecorderTest::aReplacedPictureGivesItsRoom()
+{
+    ImageFixture f;
+    f.next();
+    const QImage before = f.stored(0);
+    f.store.setLimit(storedBytes(before.size()));
+    f[0]->seismicPlot()->setGain(12.0f);
+    f[0]->rebuildPlot();
+    f[0]->storeImage(false);
+    QVERIFY(f.store.isStored());
+    QCOMPARE(f.store.storeTotal(), 1);
+    QVERIFY(f.stored(0) != before);
+}
+
 void ImageRecorderTest::theWindowIsWrittenToNumberedFiles()
 {
     const QTemporaryDir folder;
@@ -319,7 +384,7 @@ void ImageRecorderTest::theWindowIsWrittenToNumberedFiles()
     f.next();
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"shot-001.png", "shot-002.png"}));
     const QImage window(folder.filePath("shot-002.png"));
-    QCOMPARE(window.convertToFormat(QImage::Format_RGB32), f[0]->grab().toImage().convertToFormat(QImage::Format_RGB32));
+    QCOMPARE(f.pixels(window), f.pixels(f[0]->grab().toImage()));
     f[0]->seismicPlot()->setGain(12.0f);
     f[0]->rebuildPlot();
     f[0]->storeImage(false);  // replaces the second, and its file
@@ -356,6 +421,23 @@ void ImageRecorderTest::anOverlayIsPartOfThePicture()
     f[0]->setShowImage(false);
     QVERIFY(f[0]->overlayPlot()->isVisible());
     QCOMPARE(f.canvas(f[0]), both);
+}
+
+void ImageRecorderTest::anOverlaySwitchedWhileAPictureIsUpComesAfterIt()
+{
+    ImageFixture f;
+    f.next();
+    f[0]->setOverlayMode(true);
+    f.next();
+    f[0]->showImage(0);
+    f[0]->setOverlayMode(false);
+    f[0]->setShowImage(false);
+    QVERIFY(!f[0]->overlayPlot()->isVisible());
+    f[0]->showImage(0);
+    f[0]->setOverlayMode(true);
+    QCOMPARE(f.canvas(f[0]), f.stored(0));  // not over the picture
+    f[0]->setShowImage(false);
+    QVERIFY(f[0]->overlayPlot()->isVisible());
 }
 
 void ImageRecorderTest::aShownPictureComesWithItsAxisAndTitle()
@@ -423,6 +505,8 @@ void ImageRecorderTest::aSmallPictureLeavesWhite()
     f.next();
     QImage small(40, 30, QImage::Format_RGB32);
     small.fill(Qt::black);
+    const double ratio = f[0]->devicePixelRatioF();
+    small.setDevicePixelRatio(ratio);
     QwtScaleMap x, y;
     x.setScaleInterval(0.0, 3.0);
     x.setPaintInterval(0.0, 40.0);
@@ -438,7 +522,7 @@ void ImageRecorderTest::aSmallPictureLeavesWhite()
     QCOMPARE(canvas.pixelColor(40, 20), QColor(Qt::white));
     QCOMPARE(canvas.pixelColor(20, 30), QColor(Qt::white));
     QCOMPARE(f[0]->visibleRect().topLeft(), QPointF(0.0, 0.0));
-    QCOMPARE(f[0]->canvasMap(QwtPlot::yLeft).invTransform(30.0), 300.0);
+    QCOMPARE(f[0]->canvasMap(QwtPlot::yLeft).invTransform(30.0 / ratio), 300.0);
 }
 
 void ImageRecorderTest::leavingShowsTheDataAsTheyWere()
@@ -475,6 +559,39 @@ void ImageRecorderTest::aNewEnsembleEndsTheShow()
     QCOMPARE(f.control.currentMessage().left(8), QString("MB1 down"));
 }
 
+void ImageRecorderTest::aPictureThatWasShownIsFreed()
+{
+    ImageFixture f;
+    f.next();
+    std::vector<uchar> pixels(40 * 30 * 4, 90);
+    int nFreed = 0;
+    const auto count = [](void* freed) { ++*static_cast<int*>(freed); };
+    f.store.putImage(QImage(pixels.data(), 40, 30, QImage::Format_RGB32, count, &nFreed), QwtScaleMap(), QwtScaleMap());
+    f[0]->showImage(1);
+    f[0]->setShowImage(false);
+    QCOMPARE(nFreed, 0);
+    f.store.removeAll();
+    QCOMPARE(nFreed, 1);
+    f[0]->images().forgetStored();
+    QVERIFY(f[0]->images().saveImage().isNull());
+}
+
+void ImageRecorderTest::aPictureStoredWhileAnotherIsUpHasTheDatasScale()
+{
+    ImageFixture f;
+    f.next(0, 20);
+    f.next(0, 41);
+    f[0]->setZoomRect(QRectF(0.0, 0.0, 21.0, 1000.0));
+    f[0]->replot1();
+    f[0]->storeImage(false);
+    const QSize size = f.stored(1).size();
+    QCOMPARE(size.width(), 2 * f.canvas(f[0]).width());
+    f[0]->showImage(0);
+    f[0]->setImageStored(false);
+    f[0]->storeImage(false);
+    QCOMPARE(f.stored(1).size(), size);
+}
+
 void ImageRecorderTest::theReadOutHasNoAmplitude()
 {
     ImageFixture f;
@@ -482,7 +599,7 @@ void ImageRecorderTest::theReadOutHasNoAmplitude()
     f.next();
     f[0]->showImage(0);
     const QPoint at(int(f[0]->canvasMap(QwtPlot::xTop).transform(5.0)), 90);
-    const int sample = int(90.0 / f.stored(0).height() * 500.0);  // from the top, at 4 ms
+    const int sample = int(90.0 * f[0]->devicePixelRatioF() / f.stored(0).height() * 500.0);  // from the top, at 4 ms
     QCOMPARE(f[0]->readoutAt(at).simplified(), QString("FFID : 1 CHAN : 105 Time (msec): %1").arg(4 * sample));
 }
 
@@ -621,7 +738,7 @@ void ImageRecorderTest::aResizedWindowShowsThePictureAgain()
     f.next();
     f[0]->showImage(0);
     f[0]->resize(720, 560);
-    QTRY_VERIFY(f[0]->canvas()->width() > f.stored(0).width() + 100);
+    QTRY_VERIFY(f[0]->canvas()->width() * f[0]->devicePixelRatioF() > f.stored(0).width() + 100);
     QTRY_VERIFY(f[0]->visibleRect().width() > 22.0);  // the picture's scale on a wider canvas
     QTRY_COMPARE(f.canvas(f[0]).copy(QRect(QPoint(0, 0), f.stored(0).size())), f.stored(0));
     f[0]->setShowImage(false);

@@ -208,7 +208,8 @@ TEST_F(ImageStorageTest, FilesAreNumberedBehindTheName)
     EXPECT_EQ(numberedName("/x.y/a", 3), "/x.y/a-003.png");
     EXPECT_EQ(numberedName("/x/.a", 3), "/x/.a-003.png");
     EXPECT_EQ(numberedName("%1.png", 4), "%1-004.png");
-    EXPECT_EQ(numberedName("a.png", 1000), "a-1000.png");
+    EXPECT_EQ(numberedName("a.png", 1000), "a1000.png");
+    EXPECT_EQ(numberedName("a.png", 12345), "a12345.png");
 }
 
 TEST_F(ImageStorageTest, TheFirstPictureNotYetWrittenIsNext)
