@@ -451,7 +451,7 @@ void DrawDialogTest::colorAndFontGoToWhatIsDrawnNext()
     {
         ModalAnswer answer([](QDialog* dialog) {
             if (auto* colors = qobject_cast<QColorDialog*>(dialog)) colors->setCurrentColor(QColor(0, 200, 0));
-            if (auto* fonts = qobject_cast<QFontDialog*>(dialog)) fonts->setCurrentFont(QFont("DejaVu Serif", 20));
+            if (auto* fonts = qobject_cast<QFontDialog*>(dialog)) fonts->setCurrentFont(QFont("Liberation Serif", 20));
             dialog->accept();
         });
         fixture.click("colorButton");

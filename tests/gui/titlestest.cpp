@@ -185,7 +185,7 @@ void TitlesTest::theColorReachesLabelAndEdit()
 void TitlesTest::theFontReachesLabelAndEditAndShowsItsKey()
 {
     TitlesFixture fixture;
-    QFont wanted("DejaVu Serif", 17);
+    QFont wanted("Liberation Serif", 17);
     wanted.setItalic(true);
     ModalAnswer answer([&](QDialog* dialog) {
         qobject_cast<QFontDialog*>(dialog)->setCurrentFont(wanted);
