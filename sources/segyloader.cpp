@@ -111,6 +111,7 @@ SegyReadParm SegyLoader::readParm() const
 bool SegyLoader::openFiles()
 {
     _thread.reset();
+    _isIndexBuilding = false;
     for (const QString& name : cfileList)
         if (!openOneFile(name)) return false;
     return _isOpen;

@@ -123,7 +123,8 @@ public:
     bool isOpen() const { return _isOpen; }
     bool isLoaded() const { return _isLoaded; }
     bool isIndexBuilt() const { return _isIndexBuilt; }
-    bool isIndexBuilding() const;
+    /// True from the start of a background build until its result has been taken over, or it was given up.
+    bool isIndexBuilding() const { return _isIndexBuilding; }
     int numEnsembles() const { return int(_priValues.size()); }
     /// Sets the entry of priList that the next load counts from.
     void setEnsemble(int entry) { _priCurKey = entry; }
@@ -133,9 +134,11 @@ signals:
     void reLoadData();
     /// A background build has been taken over: previous and seek work from now on.
     void indexBuilt();
+    /// A background build has ended, well or not.
+    void indexBuildEnded();
 
 private slots:
-    void takeBuiltMap();
+    void endIndexBuild();
 
 private:
     void initTreviaHeaders();
@@ -146,6 +149,7 @@ private:
     void reportCutTrace();
     SegyReadParm readParm() const;
     void buildSortKeys();
+    void takeBuiltMap();
     void listPrimaryKeys();
     int ensembleStart();
     int rawWord(int key) const;
@@ -199,6 +203,7 @@ private:
     int _priCurKey = -1;
     int _priCurValue = 0;
     std::unique_ptr<SegyMapThread> _thread;
+    bool _isIndexBuilding = false;
 };
 
 #endif

@@ -23,24 +23,27 @@ void SegyLoader::indexBuild(bool show)
     _isIndexBuilt = true;
 }
 
-bool SegyLoader::isIndexBuilding() const
-{
-    return _thread && _thread->isRunning();
-}
-
 SegyMapThread* SegyLoader::startIndexBuild()
 {
     if (!_segydata || !_isOpen) return nullptr;
     if (isIndexBuilding()) return _thread.get();
     _thread = std::make_unique<SegyMapThread>(*_segydata, _keys);
-    connect(_thread.get(), &QThread::finished, this, &SegyLoader::takeBuiltMap);
+    connect(_thread.get(), &QThread::finished, this, &SegyLoader::endIndexBuild);
+    _isIndexBuilding = true;
     _thread->start(QThread::InheritPriority);
     return _thread.get();
 }
 
-void SegyLoader::takeBuiltMap()
+void SegyLoader::endIndexBuild()
 {
     if (!_thread || !_thread->isDone()) return;
+    _isIndexBuilding = false;
+    takeBuiltMap();
+    emit indexBuildEnded();
+}
+
+void SegyLoader::takeBuiltMap()
+{
     const std::string lines = _thread->takeLines();
     if (!lines.empty()) _report->line(lines);
     if (!_thread->isComplete()) return;

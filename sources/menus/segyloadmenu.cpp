@@ -5,7 +5,6 @@
 #include "sources/menus/segyremapdialog.h"
 #include "sources/segyguesssettings.h"
 #include "sources/segyloader.h"
-#include "sources/segymapthread.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -308,9 +307,9 @@ void SegyLoadMenu::buildIndexNow()
     SegyLoader* loader = _host->segyLoader();
     if (!loader) return;
     _indexBox->setCurrentIndex(1);
-    SegyMapThread* thread = loader->startIndexBuild();
-    if (!thread) return;
-    connect(thread, &QThread::finished, this, &SegyLoadMenu::threadFinished, Qt::UniqueConnection);
+    // Connected before the start: a short build can end before the next line.
+    connect(loader, &SegyLoader::indexBuildEnded, this, &SegyLoadMenu::threadFinished, Qt::UniqueConnection);
+    loader->startIndexBuild();
     newLoader(loader);
 }
 

@@ -105,6 +105,27 @@ TEST_F(SegyMapThreadTest, AFileThatIsGoneFailsTheBackgroundBuildAndReadingGoesOn
     EXPECT_EQ(l.loader.numTraces(), 2);
 }
 
+TEST_F(SegyMapThreadTest, ABuildGoesOnUntilItsMapIsTakenOverAndThenSaysSoOnce)
+{
+    Loaded l({save(shots({2, 3}))});
+    ASSERT_TRUE(l.open().isGood);
+    int nEnded = 0;
+    bool wasBuilt = false;
+    QObject::connect(&l.loader, &SegyLoader::indexBuildEnded, [&] {
+        ++nEnded;
+        wasBuilt = l.loader.isIndexBuilt();
+    });
+    SegyMapThread* thread = l.loader.startIndexBuild();
+    // The thread has ended, but this one has not heard of it: who looks now must not take it for over.
+    ASSERT_TRUE(thread->wait(10000));
+    EXPECT_TRUE(l.loader.isIndexBuilding());
+    EXPECT_EQ(l.loader.startIndexBuild(), thread) << "a finished map is not thrown away";
+    waitForIndex(&l.loader);
+    EXPECT_FALSE(l.loader.isIndexBuilding());
+    EXPECT_EQ(nEnded, 1);
+    EXPECT_TRUE(wasBuilt);
+}
+
 TEST_F(SegyMapThreadTest, ASortChangedDuringTheBuildIsTheOneThatCounts)
 {
     Loaded l({save(shots({2, 3}))});
