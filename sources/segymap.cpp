@@ -1,10 +1,12 @@
 #include "sources/segymap.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <climits>
 #include <cmath>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 int segyKeyValue(float value)
@@ -72,6 +74,86 @@ static void radixSort(std::vector<RankedKey>* keys)
     }
 }
 
+namespace {
+
+/// Moves items to their places along the cycles of a permutation, in place.
+///
+/// One cycle alone waits for memory at each step. So several walkers share the cycles: each begins at a place of its
+/// own, whose item it sets aside, and ends where the next place is another's beginning, or its own. The one that
+/// arrives there takes what was set aside. A walker that ends begins anew, so there are never more items aside than
+/// walkers.
+class CycleWalkers
+{
+public:
+    CycleWalkers(segyMapItem* items, std::vector<uint32_t> from) : _items(items), _from(std::move(from)) {}
+    void run()
+    {
+        int nWalking = 0;
+        for (uint32_t& to : _to) nWalking += begin(&to);
+        while (nWalking > 0)
+            for (uint32_t& to : _to)
+                if (to != nowhere && !step(&to) && !begin(&to)) --nWalking;
+    }
+
+private:
+    static constexpr int nWalkers = 16;
+    static constexpr uint32_t nowhere = UINT32_MAX;
+    static constexpr uint32_t taken = 0x80000000u;  // on a place where a walker stands or has begun
+
+    bool begin(uint32_t* to);
+    bool step(uint32_t* to);
+    void fetch(uint32_t place) const
+    {
+        __builtin_prefetch(&_from[place]);
+        __builtin_prefetch(&_items[place]);
+        __builtin_prefetch(reinterpret_cast<const char*>(&_items[place]) + sizeof(segyMapItem) - 1);
+    }
+
+    segyMapItem* _items;
+    std::vector<uint32_t> _from;  // the item that belongs at each place; the place itself once it is there
+    uint32_t _next = 0;           // no walk begins before
+    std::array<uint32_t, nWalkers> _to = {};
+    std::array<uint32_t, nWalkers> _asidePlace = {};
+    std::array<segyMapItem, nWalkers> _aside = {};
+    int _nAside = 0;
+};
+
+/// A walk begins at the next place that has not its item; false if there is none.
+bool CycleWalkers::begin(uint32_t* to)
+{
+    *to = nowhere;
+    while (_next < _from.size() && (_from[_next] == _next || _from[_next] & taken)) ++_next;
+    if (_next == _from.size()) return false;
+    *to = _next++;
+    _asidePlace[size_t(_nAside)] = *to;
+    _aside[size_t(_nAside++)] = _items[*to];
+    fetch(_from[*to]);
+    _from[*to] |= taken;
+    return true;
+}
+
+/// Fills the place where the walker stands and goes on; false where the walk ends.
+bool CycleWalkers::step(uint32_t* to)
+{
+    const uint32_t source = _from[*to] & ~taken;
+    _from[*to] = *to;
+    if (_from[source] & taken || _from[source] == source) {
+        const auto end = _asidePlace.begin() + _nAside;
+        const auto i = size_t(std::find(_asidePlace.begin(), end, source) - _asidePlace.begin());
+        _items[*to] = _aside[i];
+        _aside[i] = _aside[size_t(--_nAside)];
+        _asidePlace[i] = _asidePlace[size_t(_nAside)];
+        return false;
+    }
+    _items[*to] = _items[source];
+    fetch(_from[source]);
+    _from[source] |= taken;
+    *to = source;
+    return true;
+}
+
+}  // namespace
+
 void sortSegyMap(segyMapItem* items, int nItems, int segymapkey1, int segymapkey2)
 {
     if (nItems < 2) return;
@@ -83,21 +165,7 @@ void sortSegyMap(segyMapItem* items, int nItems, int segymapkey1, int segymapkey
         radixSort(&keys);
         for (int i = 0; i < nItems; ++i) from[i] = keys[i].rank;
     }
-    // Along each cycle every item moves once; the next ones are fetched ahead, as they lie anywhere.
-    for (uint32_t start = 0; start < uint32_t(nItems); ++start) {
-        if (from[start] == start) continue;
-        const segyMapItem held = items[start];
-        uint32_t to = start;
-        while (from[to] != start) {
-            const uint32_t source = from[to];
-            __builtin_prefetch(&items[from[source]]);
-            items[to] = items[source];
-            from[to] = to;
-            to = source;
-        }
-        items[to] = held;
-        from[to] = to;
-    }
+    CycleWalkers(items, std::move(from)).run();
 }
 
 bool SegyMap::reserve(int64_t n)

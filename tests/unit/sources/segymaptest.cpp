@@ -9,8 +9,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <random>
 
 using Floats = std::vector<float>;
@@ -281,6 +283,37 @@ TEST(SegyMapSort, EqualsAStableSortWithTheToldComparison)
             });
             sortSegyMap(items.data(), n, 8, 4);
             ASSERT_EQ(n == 0 || std::memcmp(items.data(), expected.data(), size_t(n) * sizeof(segyMapItem)) == 0, true);
+        }
+}
+
+TEST(SegyMapSort, EveryPermutationOfAFewItemsComesIntoOrder)
+{
+    for (int n = 0; n <= 7; ++n) {
+        std::vector<int> order(static_cast<size_t>(n));
+        std::iota(order.begin(), order.end(), 0);
+        do {
+            std::vector<segyMapItem> items(order.size());
+            for (size_t i = 0; i < items.size(); ++i) items[i].item[0] = float(order[i]), items[i].itrace = uint32_t(order[i]);
+            sortSegyMap(items.data(), n, 0, 1);
+            for (int i = 0; i < n; ++i) ASSERT_EQ(items[size_t(i)].itrace, uint32_t(i)) << testing::PrintToString(order);
+        } while (std::next_permutation(order.begin(), order.end()));
+    }
+}
+
+TEST(SegyMapSort, CyclesOfEachLengthComeIntoOrder)
+{
+    // Each run of so many items is shifted by one; the last run may be shorter.
+    for (int n : {16, 17, 31, 33, 100, 1000})
+        for (int length : {2, 3, 15, 16, 17, n}) {
+            if (length > n) continue;
+            std::vector<segyMapItem> items(static_cast<size_t>(n));
+            for (int i = 0; i < n; ++i) {
+                const int first = i / length * length, size = std::min(length, n - first);
+                items[size_t(i)].itrace = uint32_t(first + (i - first + 1) % size);
+                items[size_t(i)].item[0] = float(items[size_t(i)].itrace);
+            }
+            sortSegyMap(items.data(), n, 0, 1);
+            for (int i = 0; i < n; ++i) ASSERT_EQ(items[size_t(i)].itrace, uint32_t(i)) << n << " in cycles of " << length;
         }
 }
 
