@@ -15,6 +15,7 @@
 #include "host/home.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
+#include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
 
 #include <QCheckBox>
@@ -38,8 +39,6 @@ static void initPictures()
 {
     Q_INIT_RESOURCE(meridune);
 }
-
-static const char programTitle[] = "Seismic Display";
 
 MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     : QMainWindow(parent), _report(std::make_unique<WindowReport>(this)),
@@ -281,9 +280,7 @@ void MainWindow::makeParmMenu()
 void MainWindow::parameterMenu()
 {
     makeParmMenu();
-    _parmmenu->show();
-    _parmmenu->raise();
-    _parmmenu->activateWindow();
+    bringUp(_parmmenu);
 }
 
 void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }

@@ -12,6 +12,7 @@
 #include "sources/menus/segyrecdialog.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
+#include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
 #include "widgets/recentfiles.h"
 
@@ -251,9 +252,7 @@ void MainWindow::segyMenu()
     if (_menu->dotrevia != 0) return openSegyWindow();
     if (!_segy) _segy = new SegyMenuDialog(this, this);
     if (_isStandAlone) {
-        _segy->show();
-        _segy->raise();
-        _segy->activateWindow();
+        bringUp(_segy);
         return;
     }
     while (_segy->exec() == QDialog::Accepted && _segy->isLoadFailed()) {}

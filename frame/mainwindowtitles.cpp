@@ -5,15 +5,9 @@
 #include "display/drawdialog.h"
 #include "display/imagedialog.h"
 #include "display/titles.h"
+#include "widgets/bringup.h"
 
 #include <QStatusBar>
-
-static void bringUp(QDialog* dialog)
-{
-    dialog->show();
-    dialog->raise();
-    dialog->activateWindow();
-}
 
 void MainWindow::titleMenu()
 {

@@ -5,6 +5,7 @@
 #include "sources/menus/segyremapdialog.h"
 #include "sources/segyguesssettings.h"
 #include "sources/segyloader.h"
+#include "widgets/bringup.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -336,9 +337,7 @@ void SegyLoadMenu::makeRemapDialog()
 void SegyLoadMenu::changeRemapTable()
 {
     makeRemapDialog();
-    _smt->show();
-    _smt->raise();
-    _smt->activateWindow();
+    bringUp(_smt);
     _remapBox->setChecked(true);
 }
 
@@ -377,9 +376,7 @@ void SegyLoadMenu::guessSettings()
         connect(_guessDialog, &SegyGuessDialog::restoreAsked, this, &SegyLoadMenu::restoreSettings);
     }
     _guessDialog->setGuess(file, guess, before);
-    _guessDialog->show();
-    _guessDialog->raise();
-    _guessDialog->activateWindow();
+    bringUp(_guessDialog);
 }
 
 void SegyLoadMenu::restoreSettings()
