@@ -220,14 +220,14 @@ void MainWindow::seekRecord()
     enableBackKey(true);
 }
 
-/// Axes and titles follow the loader's sort; ensembles of another sort have a size of their own.
+/// Axes and titles follow the loader's sort; how the traces are shown doesn't.
 void MainWindow::takeLoaderKeys()
 {
     orvinRuntimeStruct& runtime = _menu->_orvinruntime;
     runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _segyloader->priEKey();
     runtime.iskey = _menu->iskey = _menu->iskeyreal = _segyloader->secEKey();
     endViewing();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewKeys();
 }
 
 /// A window on a dataset or a flow keeps its data: SEG-Y gets a window of its own, with a record of its own.

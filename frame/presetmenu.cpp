@@ -3,6 +3,7 @@
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "frame/conditioningpreset.h"
+#include "tracedata/parmmenu.h"
 #include "widgets/waitcursor.h"
 
 #include <QInputDialog>
@@ -52,6 +53,10 @@ bool PresetMenu::apply(const QString& name)
     const WaitCursor wait;
     for (SeismicDisplay* display : *_displays) {
         applyPreset(preset, display->seismicPlot());
+        if (parmmenu* menu = display->menu()) {  // for displays that are still to come
+            menu->iagc = preset.isAGC;
+            menu->agcwinlen = preset.agcWindow;
+        }
         display->rebuildPlot();
     }
     emit applied();
