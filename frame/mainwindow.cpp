@@ -50,6 +50,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     _run.resetDirection();
     makeCentre();
     _actions = std::make_unique<WindowActions>(this);
+    _actions->setFlow(_menu->dotrevia == 1 || _menu->inputtool != 0);
     makeRecentMenu();
     makeOptions();
     makeAssumptionsPanel();
@@ -244,23 +245,15 @@ void MainWindow::closeProcessHide()
 void MainWindow::checkRadioButtons()
 {
     if (_drawMenu) _drawMenu->endDrawing();  // another tool takes the mouse
-    bool isOwned = false;
-    for (const char* name : {"showImageBox", "showVelocityBox", "showGatPickerBox", "showFBPickerBox"})
-        isOwned = isOwned || _actions->box(name)->isChecked();
+    const bool isOwned = _actions->box("showImageBox")->isChecked();
     _actions->radioBox()->setEnabled(!isOwned);
-    const int mode = isOwned                                           ? -1
-                     : _actions->radio("radioSpectrum")->isChecked() ? 1
-                     : _actions->radio("radioHeader")->isChecked()   ? 2
-                                                                       : 0;
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->showDisplay(mode);
-    if (mode > 0) tellNotBuilt(mode == 1 ? "The amplitude spectrum" : "The header view");
-}
-
-void MainWindow::checkAppBox(int which)
-{
-    const char* const names[] = {"showVelocityBox", "showGatPickerBox", "showFBPickerBox"};
-    for (int i = 0; i < 3; ++i)
-        if (i != which) _actions->box(names[i])->setChecked(false);
+    for (const auto& [name, what] : {std::make_pair("radioSpectrum", "The amplitude spectrum"),
+                                     std::make_pair("radioHeader", "The header view")}) {
+        if (!_actions->radio(name)->isChecked()) continue;
+        _actions->radio("radioZoom")->setChecked(true);
+        tellNotBuilt(what);
+    }
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->showDisplay(isOwned ? -1 : 0);
 }
 
 void MainWindow::tellNotBuilt(const QString& what)
@@ -312,28 +305,26 @@ void MainWindow::setOverlayMode(bool on)
     if (_parmmenu) _parmmenu->setOverlayMode(on);
 }
 
+/// A mode without a tool gives the mouse to nobody, so that its box doesn't stay checked.
+void MainWindow::refuseMode(const char* box, const QString& what)
+{
+    _actions->box(box)->setChecked(false);
+    tellNotBuilt(what);
+}
+
 void MainWindow::showVelocity(int state)
 {
-    if (state) checkAppBox(0);
-    checkRadioButtons();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setVelPicker(state != 0);
-    if (state) tellNotBuilt("CVS velocity picking");
+    if (state) refuseMode("showVelocityBox", "CVS velocity picking");
 }
 
 void MainWindow::showGatPicker(int state)
 {
-    if (state) checkAppBox(1);
-    checkRadioButtons();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setGatPicker(state != 0);
-    if (state) tellNotBuilt("Trevia picking");
+    if (state) refuseMode("showGatPickerBox", "Trevia picking");
 }
 
 void MainWindow::showFBPicker(int state)
 {
-    if (state) checkAppBox(2);
-    checkRadioButtons();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setFBPicker(state != 0);
-    if (state) tellNotBuilt("First-break picking");
+    if (state) refuseMode("showFBPickerBox", "First-break picking");
 }
 
 void MainWindow::doFBPicking(bool) {}

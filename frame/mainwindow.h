@@ -139,9 +139,6 @@ public slots:
     void showGatPicker(int state);
     void showFBPicker(int state);
     void checkRadioButtons();
-    /// Keeps the three picking boxes exclusive: checking one (0 velocity, 1 gates, 2 first breaks) unchecks
-    /// the others.
-    void checkAppBox(int which);
 
 signals:
     /// The first ensemble of a file is on the screen.
@@ -176,6 +173,8 @@ private:
     void setNavigation();
     void takeLoaderKeys();
     void tellNotBuilt(const QString& what);
+    void refuseMode(const char* box, const QString& what);
+    void fillGlobalRuntime() const;
 
     QVBoxLayout* _cvLayout = nullptr;
     QSplitter* _splitter = nullptr;
@@ -209,6 +208,7 @@ private:
     bool _isSegy = false;
     bool _isStandAlone = true;
     bool _dataReady = false;
+    bool _isFirstMenu = false;  // nothing was shown before the menu that is up: with it the program ends
     QString _fileName, _areaName, _lineName, _flowName;
     bool _showAreaLine = true;
     QString _COMPANY;

@@ -7,6 +7,7 @@
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
+#include "host/globals.h"
 #include "host/signal/bytes.h"
 #include "sources/menus/segymenudialog.h"
 #include "sources/menus/segyrecdialog.h"
@@ -57,11 +58,8 @@ int MainWindow::showSegyMenu(bool fromStart, bool inputMode)
     _isStandAlone = !inputMode;
     _actions->action("segyAct")->setEnabled(fromStart);
     if (!fromStart) return 1;
-    if (_menu->cfile[0] == '\0') {
-        segyMenu();
-        return 1;
-    }
-    if (!loadSegyFile(loadParm(*_menu))) segyMenu();
+    _isFirstMenu = _isStandAlone;
+    if (_menu->cfile[0] == '\0' || !loadSegyFile(loadParm(*_menu))) segyMenu();
     return 1;
 }
 
@@ -115,6 +113,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     if (_segy) _segy->setLoadParm(_segyParm);
     _isSegy = true;
     _dataReady = false;
+    if (_isStandAlone) fillGlobalRuntime();
     saveHeader();
     _segyloader->saveHeaders();
     _segyloader->loadNextEnsemble(1);
@@ -132,6 +131,20 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     }
     emit fileShown(parm.files);
     return 1;
+}
+
+/// What the host's own routines ask of the data at hand. Where a flow runs, the host fills it.
+void MainWindow::fillGlobalRuntime() const
+{
+    const orvinRuntimeStruct& from = _menu->_orvinruntime;
+    globalRuntime.samprat = from.samprat;
+    globalRuntime.numsmp = from.numsmp;
+    globalRuntime.maxdtr = from.maxdtr;
+    globalRuntime.ipkey = from.ipkey;
+    globalRuntime.iskey = from.iskey;
+    globalRuntime.idtyp = from.idtyp;
+    globalRuntime.ipsort = from.ipsort;
+    globalRuntime.idomain = from.idomain;
 }
 
 void MainWindow::saveHeader()
@@ -226,6 +239,7 @@ void MainWindow::takeLoaderKeys()
     orvinRuntimeStruct& runtime = _menu->_orvinruntime;
     runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _segyloader->priEKey();
     runtime.iskey = _menu->iskey = _menu->iskeyreal = _segyloader->secEKey();
+    if (_isStandAlone) fillGlobalRuntime();
     endViewing();
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewKeys();
 }
@@ -250,7 +264,12 @@ void MainWindow::openSegyWindow()
 void MainWindow::segyMenu()
 {
     if (_menu->dotrevia != 0) return openSegyWindow();
-    if (!_segy) _segy = new SegyMenuDialog(this, this);
+    if (!_segy) {
+        _segy = new SegyMenuDialog(this, this);
+        connect(_segy, &QDialog::rejected, this, [this] {
+            if (_isFirstMenu && !_segyloader) close();
+        });
+    }
     if (_isStandAlone) {
         bringUp(_segy);
         return;

@@ -7,6 +7,7 @@
 #include "frame/windowactions.h"
 #include "sources/menus/segyrecdialog.h"
 #include "sources/menus/segyremapdialog.h"
+#include "tests/gui/modalanswer.h"
 #include "tests/gui/segymenufixture.h"
 #include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
@@ -34,6 +35,8 @@ private slots:
     void initTestCase();
     void theMenuIsMadeOnceAndShownAgain();
     void withoutAFileTheMenuComesWithNothingFilledIn();
+    void cancellingTheFirstMenuEndsTheProgram();
+    void cancellingALaterMenuEndsNothing();
     void aFileOfTheCommandLineIsShownWithoutTheMenu();
     void openShowsTheFirstEnsemble();
     void aFailedLoadBringsTheMenuAgainWithItsFields();
@@ -59,6 +62,7 @@ private:
 
 /// A window with its SEG-Y menu.
 struct SegyWindow : WindowFixture {
+    using WindowFixture::WindowFixture;
     SegyMenuDialog* dialog() { return window->findChild<SegyMenuDialog*>("SegyMenuDialog"); }
     template <class T>
     T* find(const char* name)
@@ -130,6 +134,44 @@ void SegyMenuWindowTest::withoutAFileTheMenuComesWithNothingFilledIn()
         QCOMPARE(fixture.find<QComboBox>(name)->currentIndex(), 0);
     QVERIFY(!fixture.find<QPushButton>("buttonBuild")->isEnabled());
     QVERIFY(!fixture.find<QCheckBox>("remapBox")->isChecked());
+}
+
+void SegyMenuWindowTest::cancellingTheFirstMenuEndsTheProgram()
+{
+    {
+        SegyWindow fixture;
+        fixture.window->showSegyMenu(true, false);
+        fixture.find<QPushButton>("dismissButton")->click();
+        QVERIFY(!fixture.window->isVisible() && fixture.window->atExit());
+    }
+    {
+        SegyWindow fixture;
+        std::strcpy(fixture.menu->cfile, "/nowhere/lost.sgy,");
+        ModalAnswer answer([](QDialog* box) { box->accept(); });
+        fixture.window->showSegyMenu(true, false);
+        QVERIFY(answer.count > 0);
+        QVERIFY(fixture.window->isVisible() && fixture.dialog() && fixture.dialog()->isVisible());
+        QCOMPARE(fixture.find<QLineEdit>("fileField")->text(), QString("/nowhere/lost.sgy"));
+        fixture.find<QPushButton>("openButton")->click();  // fails once more
+        QVERIFY(fixture.window->isVisible() && fixture.dialog()->isVisible());
+        QTest::keyClick(fixture.dialog(), Qt::Key_Escape);
+        QVERIFY(!fixture.window->isVisible());
+    }
+}
+
+void SegyMenuWindowTest::cancellingALaterMenuEndsNothing()
+{
+    {
+        SegyWindow fixture;
+        fixture.window->showSegyMenu(true, false);
+        QCOMPARE(fixture.WindowFixture::open(_file), 1);  // as a file that is dropped
+        fixture.find<QPushButton>("dismissButton")->click();
+        QVERIFY(fixture.window->isVisible());
+    }
+    SegyWindow fixture(1);
+    fixture.window->showSegyMenu(false, false);
+    fixture.window->segyMenu();
+    QVERIFY(fixture.window->isVisible());
 }
 
 void SegyMenuWindowTest::aFileOfTheCommandLineIsShownWithoutTheMenu()
