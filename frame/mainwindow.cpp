@@ -103,6 +103,7 @@ void MainWindow::makeOptions()
     tools->addAction(keys->option());
     auto* presets = new PresetMenu(&_displaylist, this);
     tools->addMenu(presets);
+    connect(this, &MainWindow::fileShown, presets, &PresetMenu::applyToNewFile);
     connect(presets, &PresetMenu::applied, this, [this] {
         if (_parmmenu) _parmmenu->updateAll();
     });

@@ -107,6 +107,8 @@ public:
     void pickTraceChange(const float* trace, int start, int n, int iTrace) override;
 
 public slots:
+    /// Asks for a file, in the folder of the last one.
+    void openSegyFile();
     void print();
     void exportPDF();
     /// The whole ensemble of the first screen, true to scale.

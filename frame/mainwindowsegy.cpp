@@ -17,6 +17,8 @@
 #include "widgets/dialogprogress.h"
 #include "widgets/recentfiles.h"
 
+#include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
@@ -71,6 +73,16 @@ void MainWindow::openSegy(const QString& name)
     loadSegyFile(parm);
 }
 
+static const char lastFolderKey[] = "lastfolder";
+
+void MainWindow::openSegyFile()
+{
+    const QString folder = QSettings("Brenlake", "SEISMICDISPLAY").value(lastFolderKey, QDir::homePath()).toString();
+    const QString name = QFileDialog::getOpenFileName(this, "Open SEG-Y", folder,
+                                                      "SEG-Y Files (*.sgy *.segy *.SGY *.SEGY);;All files (*)");
+    if (!name.isEmpty()) openSegy(name);
+}
+
 int MainWindow::segyLoadFromMenu()
 {
     const int isLoaded = loadSegyFile(_segy->loadParm());
@@ -82,6 +94,15 @@ int MainWindow::segyLoadFromMenu()
 SegyLoadParm MainWindow::segyLoadParm() const
 {
     return _segyloader ? _segyParm : loadParm(*_menu);
+}
+
+/// For the next session: the folder, and a single file among the recent ones.
+static void keepFileName(const QString& files)
+{
+    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    settings.setValue(lastFolderKey, QFileInfo(files.section(',', 0, 0)).absolutePath());
+    if (files.contains(',')) return;
+    writeRecentFiles(&settings, withRecentFile(readRecentFiles(&settings), QFileInfo(files).absoluteFilePath()));
 }
 
 int MainWindow::loadSegyFile(const SegyLoadParm& parm)
@@ -125,10 +146,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     if (_parmmenu) _parmmenu->updateAll();
     setNavigation();
     _dataReady = true;
-    if (!parm.files.contains(',')) {
-        QSettings settings("Brenlake", "SEISMICDISPLAY");
-        writeRecentFiles(&settings, withRecentFile(readRecentFiles(&settings), QFileInfo(parm.files).absoluteFilePath()));
-    }
+    keepFileName(parm.files);
     emit fileShown(parm.files);
     return 1;
 }

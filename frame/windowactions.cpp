@@ -23,6 +23,8 @@ static const struct {
     const char* menu;
     void (MainWindow::*slot)();
 } actionRows[] = {
+    {"openAct", "&Open SEG-Y...", "", "Choose a SEG-Y file and show its first ensemble", "", "&File",
+     &MainWindow::openSegyFile},
     {"printAct", "&Print", "Ctrl+P", "Print the seismic display", "print.png", "&File", &MainWindow::print},
     {"pdfAct", "E&xport PDF", "Ctrl+X", "Export the seismic display to a PDF file", "exportpdf.png", "&File",
      &MainWindow::exportPDF},

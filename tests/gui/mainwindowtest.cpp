@@ -407,6 +407,9 @@ void MainWindowTest::aboutNamesTheCompany()
     fixture.window->about();
     QCOMPARE(boxes.titles, QStringList({"About Seismic Display"}));
     QVERIFY(boxes.texts.first().contains("Aurora Geoservices"));
+    QVERIFY(boxes.texts.first().contains("A interactive seismic data display and processing application.\n"));
+    for (const char* word : {"Meridune 0.1.0", "GNU General Public License, version 3", "Qt 5.15", "Qwt 6.1", "fftw-3"})
+        QVERIFY2(boxes.texts.first().contains(word), word);
 }
 
 void MainWindowTest::theWindowComesBackWithItsPanels()
