@@ -42,6 +42,9 @@ private slots:
     void aDroppedFileOpens();
     void whatWasAssumedIsListedAndCanBeCopied();
     void theExitChoicesSetTheRunState();
+    void theFirstRecordIsReachedWhateverTheMoveUp();
+    void theMoveUpIsThatOfTheRecord();
+    void aProcessedFlowEndsWithTheLastEnsemble();
     void withoutAFlowItsWaysOutAreDisabledAndSayWhy();
     void modesThatAreNotBuiltNeitherStayCheckedNorTakeTheMouse();
     void aFileFillsTheHostsRunTimeRecord();
@@ -291,6 +294,45 @@ void MainWindowTest::theExitChoicesSetTheRunState()
         QCOMPARE(fixture.window->getDirection(), 2);
         QCOMPARE(fixture.window->resetDirection(), 97);
     }
+}
+
+void MainWindowTest::theFirstRecordIsReachedWhateverTheMoveUp()
+{
+    NEEDS_TEST_DATA();
+    WindowFixture fixture;
+    QCOMPARE(fixture.open(dataFile("prestack-marine/viking_small.segy"), 0, 1), 1);
+    QCOMPARE(fixture.shownKey(), QString("FFID :3"));
+    for (const int moveup : {1, 2, 3}) {
+        fixture.menu->moveup = moveup;
+        fixture.window->nextRecord();
+        QCOMPARE(fixture.shownKey(), QString("FFID :%1").arg(3 + moveup));
+        fixture.window->firstRecord();
+        QCOMPARE(fixture.shownKey(), QString("FFID :3"));
+    }
+}
+
+void MainWindowTest::theMoveUpIsThatOfTheRecord()
+{
+    WindowFixture fixture;
+    for (const int moveup : {1, 3, 12}) {
+        fixture.menu->moveup = moveup;
+        QCOMPARE(fixture.window->getMoveUp(), moveup);
+    }
+}
+
+void MainWindowTest::aProcessedFlowEndsWithTheLastEnsemble()
+{
+    WindowFixture fixture(1);
+    fixture.window->setLastEnsemble(true);  // the user is at work: the last record stays on the screen
+    QVERIFY(!fixture.window->atExit());
+    QVERIFY(!fixture.action("forwardAct")->isEnabled());
+    fixture.window->setLastEnsemble(false);
+    QVERIFY(fixture.action("forwardAct")->isEnabled());
+    fixture.action("exitProcAct")->trigger();
+    fixture.window->setLastEnsemble(false);
+    QVERIFY(!fixture.window->atExit());
+    fixture.window->setLastEnsemble(true);
+    QVERIFY(fixture.window->atExit());
 }
 
 void MainWindowTest::withoutAFlowItsWaysOutAreDisabledAndSayWhy()
