@@ -204,16 +204,8 @@ void SeismicDisplay::setNewKeys()
 
 void SeismicDisplay::setNewFile(parmmenu* menu)
 {
-    setShowImage(false);
-    _images.forgetStored();
     // Traces of the old file are shorter or longer than the record says now, and not every screen gets new ones.
-    _loadTraces = false;
-    _seismicplot->setDataLoaded(false);
-    _seismicdata->clear();
-    if (_overlayplot) {
-        _overlayplot->setDataLoaded(false);
-        _overlaydata->clear();
-    }
+    clearData();
     // The record has the gain control for displays that are still to come; this one may have got its own since.
     const bool isAGC = _seismicplot->isAGC();
     const int agcWindow = _seismicplot->conditioner().agcWindow();

@@ -60,6 +60,10 @@ public:
     /// Takes the keys and the ensemble size that the record has now, for another sort of the same traces; how they
     /// are shown stays.
     void setNewKeys();
+    /// Shows its traces as another display does: mode, conditioning, scaling, spacing, keys and grid.
+    void takeLook(const SeismicDisplay& other);
+    /// Lets the traces go; the background stays.
+    void clearData();
     /// The store of the window's pictures; without one none are stored. Lent.
     void setImageStorage(ImageStorage* imgstore) { _images.setStorage(imgstore); }
     /// Sister displays that take over zooms and pans; lent.

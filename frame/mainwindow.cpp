@@ -34,6 +34,8 @@
 #include <QTextStream>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 /// Resources of a static library are only linked in when they are asked for by name.
 static void initPictures()
 {
@@ -52,6 +54,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     _actions = std::make_unique<WindowActions>(this);
     _actions->setFlow(_menu->dotrevia == 1 || _menu->inputtool != 0);
     makeRecentMenu();
+    makeViewMenu();
     makeOptions();
     makeAssumptionsPanel();
     statusBar()->showMessage("Ready");
@@ -66,6 +69,7 @@ MainWindow::~MainWindow()
     // The displays borrow from the loader's parameter record and the header table.
     delete _parmmenu;
     qDeleteAll(_displaylist);
+    qDeleteAll(_spareScreens);
 }
 
 void MainWindow::makeCentre()
@@ -125,21 +129,12 @@ void MainWindow::makeAssumptionsPanel()
 void MainWindow::buildMainPlot()
 {
     makeImageStorage();
-    for (int i = 0; i < _menu->iscreens; ++i) {
-        const bool isLast = i == _menu->iscreens - 1;
-        const bool hasRight = isLast && (_menu->iscreens == 1 || _menu->idifference == 0);
-        auto* column = new QSplitter(Qt::Vertical);
-        _splitter->addWidget(column);
-        _display = new SeismicDisplay(column, "Main Display", statusBar(), _controlStatus, i == 0, hasRight, i, this);
-        column->addWidget(_display);
-        _display->setColorBar(_colorBarFrame);
-        _display->setImageStorage(_imgstore.get());
-        _display->setMenu(_menu);
-        _displaylist.append(_display);
-    }
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setLists(&_displaylist, &_otherlist);
+    for (int i = 0; i < _menu->iscreens; ++i) _displaylist.append(makeScreen());
+    _display = _displaylist.last();
+    layoutScreens();
     checkRadioButtons();
     if (_menu->idifference != 0 && _menu->iscreens > 1) _actions->box("differBox")->setChecked(true);
+    showScreens();
 }
 
 int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
@@ -197,6 +192,11 @@ void MainWindow::readSettings()
     const std::unique_ptr<QSettings> settings(openSettings(nullptr));
     const QRect area = screen() ? screen()->geometry() : QRect(0, 0, 1280, 1024);
     const WindowSettings window = readWindowSettings(settings.get(), area, _menu->ireset != 0);
+    // A flow's menu tells how many; a record that asks for several gets them.
+    if (_menu->dotrevia == 0 && _menu->inputtool == 0 && _menu->iscreens == 1) {
+        _menu->iscreens = std::clamp(settings->value("screens", _menu->iscreens).toInt(), 1, mostScreens);
+        _menu->idifference = settings->value("difference", _menu->idifference).toInt() != 0;
+    }
     resize(window.size);
     move(window.pos);
     if (!window.state.isEmpty()) restoreState(window.state);
@@ -208,6 +208,9 @@ void MainWindow::writeSettings()
 {
     const std::unique_ptr<QSettings> settings(openSettings(nullptr));
     writeWindowSettings(settings.get(), {pos(), size(), _colorBarFrame->colorFile(), saveState()});
+    if (_menu->dotrevia != 0) return;
+    settings->setValue("screens", _menu->iscreens);
+    settings->setValue("difference", _menu->idifference);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -152,12 +152,20 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    static constexpr int mostScreens = 3;
+
     void makeCentre();
     void makeImageStorage();
     void keepStoredImages();
     void storeImages();
     void endViewing();
     QPixmap wholePicture();
+    void makeViewMenu();
+    SeismicDisplay* makeScreen();
+    void setScreens(int n);
+    void layoutScreens();
+    void showScreens();
+    void fillScreens(int from);
     void makeParmMenu();
     void hideMenus();
     void makeDifference();
@@ -189,7 +197,8 @@ private:
     std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;
-    SeismicDisplay* _display = nullptr;  // the last screen made
+    QList<SeismicDisplay*> _spareScreens;  // hidden until more screens are wanted again
+    SeismicDisplay* _display = nullptr;    // the last screen
     ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use
     Titles* _titleMenu = nullptr;         // child, made on first use
     DrawDialog* _drawMenu = nullptr;      // child, made on first use
@@ -210,6 +219,7 @@ private:
     bool _isSegy = false;
     bool _isStandAlone = true;
     bool _dataReady = false;
+    int _firstEntry = -1;       // of the index: the ensemble on the first screen
     bool _isFirstMenu = false;  // nothing was shown before the menu that is up: with it the program ends
     QString _fileName, _areaName, _lineName, _flowName;
     bool _showAreaLine = true;

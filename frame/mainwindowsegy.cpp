@@ -26,6 +26,7 @@
 #include <QSettings>
 #include <QStatusBar>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -123,11 +124,18 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
         return 0;
     }
     // The new file is open and sound: only now does the old one go.
+    const int screens = _menu->iscreens, difference = _menu->idifference;
     loader->setMenu(_menu);
+    _menu->iscreens = screens;  // the window has as many as before
+    _menu->idifference = difference;
     if (_segy) _segy->buildConnections(loader.get());
     loader->initBuild();
     _progress->close();
-    connect(loader.get(), &SegyLoader::indexBuilt, this, [this] { enableBackKey(true); });
+    connect(loader.get(), &SegyLoader::indexBuilt, this, [this] {
+        // The loader stands at the last screen.
+        _firstEntry = std::max(0, _segyloader->priCurKey() - _menu->moveup * (_menu->iscreens - 1));
+        enableBackKey(true);
+    });
     _segyloader = std::move(loader);
     _segyParm = parm;
     _segyParm.iremap = _segyloader->applyRemap();  // a useless table has switched itself off
@@ -174,7 +182,9 @@ void MainWindow::saveHeader()
 void MainWindow::showRecord(bool found)
 {
     if (found) {
+        _firstEntry = _segyloader->priCurKey();
         loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), 0);
+        fillScreens(1);
         return;
     }
     setLastEnsemble(true);
@@ -216,7 +226,8 @@ void MainWindow::previousRecord()
     _run.pressPrevious();
     {
         WaitCursor wait;
-        if (_segyloader->loadLastEnsemble(_menu->moveup) && _segyloader->numTraces() > 0) {
+        if (_menu->iscreens > 1) _segyloader->setEnsemble(_firstEntry);
+        if (_segyloader->loadLastEnsemble(_menu->moveup * _menu->iscreens) && _segyloader->numTraces() > 0) {
             showRecord(true);
             setLastEnsemble(false);
         } else {

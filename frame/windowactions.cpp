@@ -163,7 +163,7 @@ void WindowActions::makeActions()
 
 void WindowActions::makeMenus()
 {
-    for (const char* title : {"&File", "&Tools", "&Dataset", "&Map", "&Help"}) {
+    for (const char* title : {"&File", "&View", "&Tools", "&Dataset", "&Map", "&Help"}) {
         QMenu* menu = _window->menuBar()->addMenu(title);
         menu->setObjectName(QString(title).remove('&') + "Menu");
         menu->setToolTipsVisible(true);
