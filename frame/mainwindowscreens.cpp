@@ -67,12 +67,19 @@ SeismicDisplay* MainWindow::makeScreen()
     return display;
 }
 
-/// The first screen has the left axis, the last one in view the right axis.
+/// The first screen has the left axis, the last one in view the right axis; all are as wide as the others. A new one
+/// gets its size at once, for its first ensemble is spaced by it.
 void MainWindow::layoutScreens()
 {
     const bool hasDifference = _showDifference && _actions->box("differBox")->isChecked() && _menu->iscreens > 1;
     for (int i = 0; i < _menu->iscreens; ++i)
         _displaylist[i]->enableVerticalAxis(i == 0, i == _menu->iscreens - 1 && !hasDifference);
+    if (!isVisible()) return;
+    for (int i = 0; i < _displaylist.size(); ++i)
+        _displaylist[i]->parentWidget()->setVisible(i < _menu->iscreens || hasDifference);
+    QList<int> sizes;
+    for (int i = 0; i < _splitter->count(); ++i) sizes.append(_splitter->width());
+    _splitter->setSizes(sizes);
 }
 
 void MainWindow::setScreens(int n)

@@ -73,6 +73,11 @@ void ScreensTest::eachScreenShowsAnEnsembleOfItsOwn()
     QCOMPARE(axes(0), std::make_pair(true, false));
     QCOMPARE(axes(1), std::make_pair(false, false));
     QCOMPARE(axes(2), std::make_pair(false, true));
+    // All have the same step of the labels and, but for the axes at both ends, the same width.
+    for (int i : {1, 2}) {
+        QCOMPARE(f.window->displayList()[i]->traceIncrement(), f.window->displayList()[0]->traceIncrement());
+        QVERIFY(std::abs(f.window->displayList()[i]->width() - f.window->displayList()[0]->width()) < 5);
+    }
     f.press("screens1Act");
     QCOMPARE(axes(0), std::make_pair(true, true));
     QCOMPARE(f.shown(), QStringList({"FFID :3"}));
