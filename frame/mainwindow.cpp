@@ -7,6 +7,7 @@
 #include "display/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/indexbar.h"
 #include "frame/pagekeys.h"
 #include "frame/presetmenu.h"
 #include "frame/windowactions.h"
@@ -55,6 +56,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     _actions->setFlow(_menu->dotrevia == 1 || _menu->inputtool != 0);
     makeRecentMenu();
     makeViewMenu();
+    makeRecordList();
     makeOptions();
     makeAssumptionsPanel();
     statusBar()->showMessage("Ready");
@@ -91,6 +93,8 @@ void MainWindow::makeCentre()
     row->addWidget(_splitter, 1);
     row->addLayout(_cvLayout);
     vLayout->addLayout(row, 1);
+    _indexBar = new IndexBar;
+    vLayout->addWidget(_indexBar);
     _controlStatus = new QStatusBar;
     _controlStatus->setObjectName("controlStatus");
     _controlStatus->setSizeGripEnabled(false);

@@ -19,9 +19,11 @@ class ParmMenuDialog;
 class DialogProgress;
 class DrawDialog;
 class ImageStorage;
+class IndexBar;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
+class RecordList;
 class SegyLoader;
 class SegyMenuDialog;
 class SeismicDisplay;
@@ -161,6 +163,10 @@ private:
     void endViewing();
     QPixmap wholePicture();
     void makeViewMenu();
+    void makeRecordList();
+    void listRecords();
+    void tellRecord();
+    void showEntry(int entry);
     SeismicDisplay* makeScreen();
     void setScreens(int n);
     void layoutScreens();
@@ -194,6 +200,8 @@ private:
     std::unique_ptr<WindowActions> _actions;
     std::unique_ptr<WindowReport> _report;
     AssumptionsPanel* _assumptionsPanel = nullptr;
+    RecordList* _recordList = nullptr;
+    IndexBar* _indexBar = nullptr;
     std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;
@@ -220,6 +228,8 @@ private:
     bool _isStandAlone = true;
     bool _dataReady = false;
     int _firstEntry = -1;       // of the index: the ensemble on the first screen
+    int _nRead = 0;             // records read from the file so far, without an index
+    int _nShown = 0;            // screens that have a record
     bool _isFirstMenu = false;  // nothing was shown before the menu that is up: with it the program ends
     QString _fileName, _areaName, _lineName, _flowName;
     bool _showAreaLine = true;

@@ -103,6 +103,7 @@ void MainWindow::setScreens(int n)
     _display = _displaylist.last();
     if (difference) _displaylist.append(difference);
     _menu->iscreens = n;
+    _nShown = std::min(_nShown, n);
     layoutScreens();
     showScreens();
     if (!_segyloader || _displaylist.first()->traceCount() == 0) return;
@@ -122,10 +123,11 @@ void MainWindow::fillScreens(int from)
         const bool isNew = _segyloader->numTraces() > 0 && (!_segyloader->isIndexBuilt() || _segyloader->priCurKey() != entry);
         if (isNew) {
             loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), i);
+            ++_nShown;
             continue;
         }
         for (int k = i; k < _displaylist.size(); ++k) _displaylist[k]->clearData();
-        statusBar()->showMessage("No more records.");
-        return;
+        break;
     }
+    tellRecord();
 }

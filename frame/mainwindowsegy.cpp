@@ -4,6 +4,7 @@
 #include "analysis/parmmenudialog.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/indexbar.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
@@ -133,10 +134,13 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     _progress->close();
     connect(loader.get(), &SegyLoader::indexBuilt, this, [this] {
         // The loader stands at the last screen.
-        _firstEntry = std::max(0, _segyloader->priCurKey() - _menu->moveup * (_menu->iscreens - 1));
+        _firstEntry = std::max(0, _segyloader->priCurKey() - _menu->moveup * (_nShown - 1));
         enableBackKey(true);
+        listRecords();
+        tellRecord();
     });
     _segyloader = std::move(loader);
+    _indexBar->setLoader(_segyloader.get());
     _segyParm = parm;
     _segyParm.iremap = _segyloader->applyRemap();  // a useless table has switched itself off
     if (_segy) _segy->setLoadParm(_segyParm);
@@ -150,7 +154,9 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
     _fileName = QFileInfo(parm.files.section(',', 0, 0)).fileName();
     setAreaLineTitle(_showAreaLine);
+    _nRead = _nShown = 0;
     showRecord(_segyloader->numTraces() > 0);
+    listRecords();
     if (_parmmenu) _parmmenu->updateAll();
     setNavigation();
     _dataReady = true;
@@ -183,12 +189,15 @@ void MainWindow::showRecord(bool found)
 {
     if (found) {
         _firstEntry = _segyloader->priCurKey();
+        _nRead += std::max(1, _nShown);
+        _nShown = 1;
         loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), 0);
         fillScreens(1);
         return;
     }
     setLastEnsemble(true);
     statusBar()->showMessage("No more records.");
+    _indexBar->offer();
 }
 
 void MainWindow::setNavigation()
@@ -254,6 +263,7 @@ void MainWindow::seekRecord()
         _segyloader->buildNewSort(dialog.getSortKey());
         takeLoaderKeys();
         _segyloader->dataLoaded();  // the trace tab counts in the new order
+        listRecords();
     }
     _segyloader->seekEnsemble(dialog.prikey());
     showRecord(_segyloader->numTraces() > 0);
