@@ -20,6 +20,7 @@ class DialogProgress;
 class DrawDialog;
 class ImageStorage;
 class IndexBar;
+class QLabel;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
@@ -201,6 +202,7 @@ private:
     std::unique_ptr<WindowReport> _report;
     AssumptionsPanel* _assumptionsPanel = nullptr;
     RecordList* _recordList = nullptr;
+    QLabel* _recordLabel = nullptr;  // in the status bar, where the read-out doesn't cover it
     IndexBar* _indexBar = nullptr;
     std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
     QList<SeismicDisplay*> _displaylist;

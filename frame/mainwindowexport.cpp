@@ -3,6 +3,7 @@
 
 #include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
+#include "frame/printeddisplay.h"
 #include "frame/sectionexportdialog.h"
 #include "widgets/pictureexport.h"
 #include "widgets/waitcursor.h"
@@ -40,7 +41,8 @@ void MainWindow::print()
     if (dialog.exec() != QDialog::Accepted) return;
     _display->myCanvas()->hideStored();
     QString error;
-    if (!printPicture(_display->grab(), &printer, &error)) tell(this, "Print Error", error);
+    const QPixmap picture = printedDisplay(_display, printer.pageRect(QPrinter::DevicePixel).size());
+    if (!printPicture(picture, &printer, &error)) tell(this, "Print Error", error);
 }
 
 void MainWindow::exportPDF()

@@ -8,6 +8,7 @@
 #include "tracedata/parmmenu.h"
 #include "widgets/waitcursor.h"
 
+#include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
 
@@ -18,6 +19,9 @@ void MainWindow::makeRecordList()
     _recordList = new RecordList(this);
     addDockWidget(Qt::RightDockWidgetArea, _recordList);
     _recordList->hide();
+    _recordLabel = new QLabel;
+    _recordLabel->setObjectName("recordLabel");
+    statusBar()->addPermanentWidget(_recordLabel);
     QAction* toggle = _recordList->toggleViewAction();
     toggle->setObjectName("recordsAct");
     toggle->setText("&Records");
@@ -45,6 +49,7 @@ void MainWindow::tellRecord()
     QString text = _nShown > 1 ? QString("Records %1 to %2").arg(first).arg(first + (_nShown - 1) * (isIndexed ? _menu->moveup : 1))
                                : QString("Record %1").arg(first);
     if (isIndexed) text += QString(" of %1").arg(_segyloader->numEnsembles());
+    _recordLabel->setText(text);
     statusBar()->showMessage(text);
 }
 

@@ -76,6 +76,7 @@ RecordList::RecordList(QWidget* parent)
     _table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     _emptyLabel->setObjectName("emptyLabel");
     _emptyLabel->setAlignment(Qt::AlignCenter);
+    _emptyLabel->setWordWrap(true);
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(2, 2, 2, 2);

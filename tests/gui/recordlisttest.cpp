@@ -72,6 +72,7 @@ void RecordListTest::nextAndPreviousTellWhichOfHowMany()
     QCOMPARE(f.told(), QString("Record 3 of 4"));
     f.window->previousRecord();
     QCOMPARE(f.told(), QString("Record 2 of 4"));
+    QCOMPARE(f.window->findChild<QLabel*>("recordLabel")->text(), QString("Record 2 of 4"));
     ListFixture plain(viking(), 0);
     QCOMPARE(plain.told(), QString("Record 1"));
     plain.window->nextRecord();

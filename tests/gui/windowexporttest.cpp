@@ -1,5 +1,6 @@
 /// What the window's own file dialogs lead to: opening, and exports by name.
 #include "display/myqwtplotcanvas.h"
+#include "frame/printeddisplay.h"
 #include "tests/gui/modalanswer.h"
 #include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
@@ -19,6 +20,7 @@ private slots:
     void aFormatThatCannotBeWrittenIsRefusedAndAskedForAgain_data();
     void aFormatThatCannotBeWrittenIsRefusedAndAskedForAgain();
     void openStartsInTheFolderOfTheLastFile();
+    void aPrintFillsItsPageOnWhite();
 
 private:
     QTemporaryDir _home;
@@ -90,6 +92,31 @@ void WindowExportTest::openStartsInTheFolderOfTheLastFile()
     WindowFixture next;
     next.action("openAct")->trigger();
     QCOMPARE(folder, QFileInfo(second).canonicalPath());
+}
+
+void WindowExportTest::aPrintFillsItsPageOnWhite()
+{
+    if (!hasTestData()) QSKIP("no real data files");
+    WindowFixture fixture;
+    fixture.window->resize(1000, 500);
+    QCOMPARE(fixture.open(QString::fromStdString(testDataFile("prestack-marine/viking_small.segy"))), 1);
+    const QSizeF page(297.0, 210.0);
+    const QImage picture = printedDisplay(fixture.window->display(), page).toImage();
+    // The shape is the page's, so that both of its sides are used.
+    QVERIFY(std::abs(double(picture.width()) / picture.height() - page.width() / page.height()) < 0.01);
+    // Nothing but black and white, and the greys between them at the edges of letters: no ground of a desktop.
+    int nGround = 0;
+    QRect inked;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgb pixel = picture.pixel(x, y);
+            nGround += pixel == fixture.window->palette().color(QPalette::Window).rgb();
+            if (qGray(pixel) < 128) inked |= QRect(x, y, 1, 1);
+        }
+    QVERIFY(nGround < picture.width() * picture.height() / 1000);
+    QCOMPARE(picture.pixel(2, 2), qRgb(255, 255, 255));
+    QVERIFY(inked.width() > picture.width() * 9 / 10);
+    QVERIFY(inked.height() > picture.height() * 9 / 10);
 }
 
 QTEST_MAIN(WindowExportTest)
