@@ -108,8 +108,11 @@ void MainWindow::setScreens(int n)
     showScreens();
     if (!_segyloader || _displaylist.first()->traceCount() == 0) return;
     if (n > before) return fillScreens(before);
-    // The next ensemble is the one behind the last screen.
-    if (_segyloader->canSeek()) _segyloader->setEnsemble(_firstEntry + _menu->moveup * (n - 1));
+    if (_segyloader->canSeek()) {  // the next ensemble is the one behind the last screen
+        _segyloader->setEnsemble(_firstEntry + _menu->moveup * (n - 1));
+        _segyloader->loadNextEnsemble(0);
+    }
+    tellRecord();
     if (_actions->box("differBox")->isChecked()) loadDifference();
 }
 

@@ -17,6 +17,7 @@
 #include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
 #include "widgets/recentfiles.h"
+#include "widgets/waitcursor.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -29,16 +30,6 @@
 
 #include <algorithm>
 #include <vector>
-
-namespace {
-
-/// The wait cursor while it lives.
-struct WaitCursor {
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-};
-
-}  // namespace
 
 /// How the record says that its file is to be read.
 static SegyLoadParm loadParm(const parmmenu& menu)

@@ -396,12 +396,18 @@ QString Monkey::brokenInvariant()
         }
         const QPoint at(pick(2000) - 500, pick(2000) - 500);
         if (display->readoutAt(at).isEmpty() != (display->traceCount() == 0)) return who + "no read-out";
-        if (_sums[display] != checksum(display->seismicData())) return who + "the samples have changed";
+        // A screen for which the file has no more ensembles is cleared.
+        if (display->traceCount() > 0 && _sums[display] != checksum(display->seismicData()))
+            return who + "the samples have changed";
     }
     SegyLoader* loader = window->segyLoader();
-    const SeismicDisplay* first = window->displayList().first();
-    if (loader->numTraces() > 0 && !holdsLoaderTraces(first->seismicData(), loader, first->firstSample()) &&
-        !holdsLoaderTraces(first->overlayData(), loader, first->firstSample()))
+    // They are on the last screen that has found an ensemble.
+    const auto isShown = [loader](const SeismicDisplay* display) {
+        return holdsLoaderTraces(display->seismicData(), loader, display->firstSample()) ||
+               holdsLoaderTraces(display->overlayData(), loader, display->firstSample());
+    };
+    const QList<SeismicDisplay*>& all = window->displayList();
+    if (loader->numTraces() > 0 && std::none_of(all.begin(), all.end(), isShown))
         return QString("the loader's %1 traces are not on the screen").arg(loader->numTraces());
     return QString();
 }

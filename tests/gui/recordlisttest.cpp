@@ -88,6 +88,8 @@ void RecordListTest::severalScreensTellTheirRange()
         QCOMPARE(f.told(), "Records 1 to 2" + ofAll);
         f.window->nextRecord();
         QCOMPARE(f.told(), "Records 3 to 4" + ofAll);
+        f.window->findChild<QAction*>("screens1Act")->trigger();
+        QCOMPARE(f.told(), "Record 3" + ofAll);
     }
 }
 
