@@ -1,7 +1,5 @@
 #include "display/myqwtplotzoomer.h"
 
-#include "display/axisstep.h"
-
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <qwt_picker_machine.h>
@@ -96,9 +94,9 @@ void MyQwtPlotZoomer::zoom(int offset)
 }
 
 /// Sets an axis to an interval in the direction that it has.
-static void setScale(QwtPlot* plot, int axis, double least, double largest, double wantedStep)
+static void setScale(QwtPlot* plot, int axis, double least, double largest, const AxisRule& rule)
 {
-    const double step = axisStep(largest - least, wantedStep);
+    const double step = rule.step(largest - least);
     if (plot->axisScaleDiv(axis).isIncreasing())
         plot->setAxisScale(axis, least, largest, step);
     else

@@ -2,6 +2,8 @@
 #ifndef MYQWTPLOTZOOMER_H
 #define MYQWTPLOTZOOMER_H
 
+#include "display/axisstep.h"
+
 #include <qwt_plot_picker.h>
 
 #include <QRectF>
@@ -19,8 +21,8 @@ public:
     /// @param doReplot  replots after each change of the axes
     MyQwtPlotZoomer(int xAxis, int yAxis, QWidget* canvas, bool doReplot = true);
 
-    void setXIncrement(double step) { _xIncrement = step; }
-    void setYIncrement(double step) { _yIncrement = step; }
+    void setXIncrement(const AxisRule& rule) { _xIncrement = rule; }
+    void setYIncrement(const AxisRule& rule) { _yIncrement = rule; }
     /// Traces and times of the data.
     void setRange(double xmin, double ymin, double xmax, double ymax);
     QRectF range() const { return _range; }
@@ -72,7 +74,7 @@ private:
     int _maxStackDepth = -1;
     bool _hasSpareBase = false;
     QRectF _range;
-    double _xIncrement = 0.0, _yIncrement = 0.0;
+    AxisRule _xIncrement, _yIncrement;
     bool _doReplot;
 };
 

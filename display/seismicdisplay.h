@@ -2,6 +2,7 @@
 #ifndef SEISMICDISPLAY_H
 #define SEISMICDISPLAY_H
 
+#include "display/axisstep.h"
 #include "display/ensemblecopy.h"
 #include "display/headeraxis.h"
 #include "display/imagerecorder.h"
@@ -89,6 +90,9 @@ public:
     void rePlot();
     void setTraceIncrement(float incr);
     void setTimeIncrement(float incr);
+    /// The same for a step that the user typed, which the axis keeps at every zoom; that of traces until another file.
+    void typeTraceIncrement(float incr);
+    void typeTimeIncrement(float incr);
     /// Reads names and values of the keys from the headers. Returns 0, or 1 when memory ran out.
     int buildHeaderAxis();
     void setDisplayTitle();
@@ -226,7 +230,9 @@ private:
     void setSliceAxis();
     double wholeHeight() const;
     QSizeF panExtent() const;
-    double timeStep(double span) const;
+    AxisRule traceRule() const;
+    AxisRule timeRule() const;
+    void relayAxes();
     void limitPan();
     void showImageAgain();
     bool trackImage(QEvent* event);
@@ -271,6 +277,7 @@ private:
     int _iskeymod = 0, _iskeyinc = 1;
     float _timeIncr = 500.0f;   // ms
     float _traceIncr = 1.0f;
+    bool _isTimeIncrTyped = false, _isTraceIncrTyped = false;
     float _traceIncrMult = 1.0f;
     int _isTrevia = 1;
     bool _firstTime = true;
