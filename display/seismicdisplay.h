@@ -194,6 +194,9 @@ public:
     QString readoutAt(const QPoint& pos) const;
 
     int timeDirection() const override { return _timeDirection; }
+    bool isSlice() const override;
+    /// Extent of the data on the vertical axis: ms, or the positions of a slice.
+    double wholeHeight() const;
     void sendPickTraceChange(const float* trace, int start, int n, int tr) override;
     void traceOffsets(const SeismicData& data, int nTraces, float* offsets) const override;
 
@@ -228,7 +231,6 @@ private:
     void setTimeWindow();
     void setTimeAxis();
     void setSliceAxis();
-    double wholeHeight() const;
     QSizeF panExtent() const;
     AxisRule traceRule() const;
     AxisRule timeRule() const;

@@ -201,10 +201,14 @@ void SeismicDisplay::setZoomBase()
     for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setZoomBase(QRectF(0.0, top, _panTraces, _panSamples));
 }
 
-/// Extent of the data on the vertical axis: ms, or the positions of a slice.
+bool SeismicDisplay::isSlice() const
+{
+    return _idomain == sliceDomain;
+}
+
 double SeismicDisplay::wholeHeight() const
 {
-    return _idomain == sliceDomain ? double(_numsmp) : double(_numsmp) * _samprat;
+    return isSlice() ? double(_numsmp) : double(_numsmp) * _samprat;
 }
 
 /// What scrolling and panning reach over: the picture on the screen, or the data, also where a fixed spacing shows

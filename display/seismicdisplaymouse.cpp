@@ -211,8 +211,9 @@ QString SeismicDisplay::readoutAt(const QPoint& pos) const
     }
     if (frame.nTraces < 1 || frame.nSamples < 1) return QString();
     const ReadoutPosition at = readoutPosition(frame, x, y);
-    QString line = readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis) +
-                   amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
+    QString line = readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis);
+    if (!at.isInside) return line;
+    line += amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
     if (_menu->ioverlay != 0 && _overlaydata && at.trace < _overlaydata->traceCount() &&
         at.sample < _overlaydata->sampleCount())
         line += amplitudeText("Overlay Amp", *_overlaydata->getTraceValues(at.trace, at.sample));
