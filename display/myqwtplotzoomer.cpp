@@ -29,6 +29,13 @@ bool sameRect(const QRectF& a, const QRectF& b)
            sameValue(a.height(), b.height());
 }
 
+bool nearlySameRect(const QRectF& a, const QRectF& b)
+{
+    const double share = 1e-5, dx = share * std::fabs(b.width()), dy = share * std::fabs(b.height());
+    return std::fabs(a.left() - b.left()) <= dx && std::fabs(a.right() - b.right()) <= dx &&
+           std::fabs(a.top() - b.top()) <= dy && std::fabs(a.bottom() - b.bottom()) <= dy;
+}
+
 void MyQwtPlotZoomer::setRange(double xmin, double ymin, double xmax, double ymax)
 {
     _range = QRectF(QPointF(xmin, ymin), QPointF(xmax, ymax));
@@ -43,7 +50,7 @@ QRectF MyQwtPlotZoomer::axesRect() const
 
 bool MyQwtPlotZoomer::isZoomed() const
 {
-    return _zoomRectIndex > (_hasSpareBase ? 1 : 0);
+    return _zoomRectIndex > restIndex();
 }
 
 void MyQwtPlotZoomer::setZoomBase(bool doReplot)
@@ -78,6 +85,7 @@ void MyQwtPlotZoomer::zoom(const QRectF& rect)
     if (_maxStackDepth >= 0 && _zoomRectIndex >= _maxStackDepth) return;
     const QRectF wanted = rect.normalized() & zoomBase();
     const bool isFinite = std::isfinite(rect.left() + rect.top() + rect.width() + rect.height());
+    _zoomStack[restIndex()] = restRect();  // it may have been panned
     if (!isFinite || wanted.isEmpty() || sameRect(wanted, zoomRect())) return;
     _zoomStack.resize(_zoomRectIndex + 1);
     _zoomStack.append(wanted);
@@ -88,7 +96,8 @@ void MyQwtPlotZoomer::zoom(const QRectF& rect)
 
 void MyQwtPlotZoomer::zoom(int offset)
 {
-    _zoomRectIndex = offset == 0 ? 0 : std::clamp(_zoomRectIndex + offset, 0, int(_zoomStack.size()) - 1);
+    _zoomRectIndex =
+        offset == 0 ? restIndex() : std::clamp(_zoomRectIndex + offset, restIndex(), int(_zoomStack.size()) - 1);
     rescale();
     emit zoomed(zoomRect());
 }

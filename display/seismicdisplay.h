@@ -116,11 +116,13 @@ public:
     void setTimeZoom(bool timeOnly, bool traceOnly);
     /// Zooms to a rectangle in scale units: traces and ms.
     void setZoomRect(const QRectF& rect);
-    /// Back to the base, this display only.
+    /// Back to what is shown without a zoom, this display only.
     void resetZoom(int index);
-    /// The whole data become the base.
+    /// The whole data become the base; what the axes show is where going back ends.
     void setZoomBase();
     QRectF zoomBase() const;
+    /// What is shown without a zoom: the base, or the part of it that a fixed spacing shows.
+    QRectF restRect() const;
     /// What the axes show, traces and ms.
     QRectF visibleRect() const;
     /// Sets the axes; the zoom's stack stays, nothing is replotted.

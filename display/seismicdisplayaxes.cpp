@@ -194,11 +194,12 @@ void SeismicDisplay::setTimeIncrement(float incr)
 void SeismicDisplay::setZoomBase()
 {
     replot1();
-    const QwtScaleMap x = canvasMap(xTop), y = canvasMap(yLeft);
-    _panTraces = std::fabs(x.s2() - x.s1());
-    _panSamples = std::fabs(y.s2() - y.s1());
-    const double top = std::min(y.s1(), y.s2());
-    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setZoomBase(QRectF(0.0, top, _panTraces, _panSamples));
+    const QRectF shown = visibleRect();
+    _panTraces = shown.width();
+    _panSamples = shown.height();
+    // A fixed spacing shows a part of the data, or more than there is; zooms reach over the data all the same.
+    const QRectF data(0.0, _shiftTime, _seismicdata->traceCount() + 1.0, wholeHeight());
+    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setZoomBase(nearlySameRect(shown, data) ? shown : data);
 }
 
 bool SeismicDisplay::isSlice() const
@@ -228,6 +229,11 @@ void SeismicDisplay::limitPan()
 QRectF SeismicDisplay::zoomBase() const
 {
     return _zoomer[0]->zoomBase();
+}
+
+QRectF SeismicDisplay::restRect() const
+{
+    return _zoomer[0]->restRect();
 }
 
 void SeismicDisplay::rebuildDisplay(bool resetOthers)

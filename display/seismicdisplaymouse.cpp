@@ -107,7 +107,8 @@ void SeismicDisplay::setZoomRect(const QRectF& rect)
 {
     for (MyQwtPlotZoomer* zoomer : {_zoomer[1], _zoomer[0]}) {
         // A sister that zooms out sends its whole times: that is our base, not another step on the stack.
-        if (sameRect(rect & zoomer->zoomBase(), zoomer->zoomBase()))
+        const QRectF rest = zoomer->restRect();
+        if (nearlySameRect(rect, rest) || nearlySameRect(rect & zoomer->zoomBase(), rest))
             zoomer->zoom(0);
         else
             zoomer->zoom(rect);
@@ -144,7 +145,10 @@ void SeismicDisplay::catchZoom(const QRectF& rect)
     if (!_images.isShown()) setImageStored(false);
     setResizeImage(true);
     if (_zoomLink.isSpreading()) return;
-    _zoomLink.spreadZoom(this, rect, _timeZoomOnly, _traceZoomOnly);
+    if (isZoomed())
+        _zoomLink.spreadZoom(this, rect, _timeZoomOnly, _traceZoomOnly);
+    else
+        _zoomLink.spreadReset(this, _timeZoomOnly, _traceZoomOnly);
     const double wholeTime = double(_seismicplot->plotSampleCount()) * (_idomain == sliceDomain ? 1.0 : _samprat);
     if (_timeZoomOnly && std::fabs(rect.height() - wholeTime) <= 1e-6 * wholeTime) _timeZoomOnly = false;
     const double wholeTraces = _seismicplot->plotTraceCount();
