@@ -316,6 +316,7 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
         if (_menu->ips != 0.0f)
             _seismicplot->setSampleSpacing(float((1.0 / _menu->ips) / (_samprat / 1000.0)));
         _traceIncr = std::max(_traceIncrMult, 1.0f);
+        _isTraceIncrTyped = false;
     }
     _seismicplot->setSeismicView(0, 0, n, _numsmp, _stime);
     _seismicplot->setDataLoaded(true);

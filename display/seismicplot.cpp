@@ -1,6 +1,7 @@
 #include "display/seismicplot.h"
 
 #include "display/colorbarframe.h"
+#include "display/dataview.h"
 #include "display/plotowner.h"
 #include "display/rasternumber.h"
 #include "display/tracetap.h"
@@ -206,7 +207,7 @@ RasterParm SeismicPlot::rasterParm(std::vector<float>* offsets) const
     parm.samples = _conditioner.samples();
     parm.nDataTraces = _conditioner.traceCount();
     parm.stride = _conditioner.sampleCount();
-    parm.sampleRate = _data->sampleRate();
+    parm.sampleRate = _owner && _owner->isSlice() ? 1.0f : _data->sampleRate();
     parm.divTrace = _conditioner.divTrace();
     parm.divRecord = _conditioner.divRecord();
     parm.view = _seisRect;
@@ -235,15 +236,36 @@ RasterParm SeismicPlot::rasterParm(std::vector<float>* offsets) const
     return parm;
 }
 
+/// A picture of background with `part` from row `first` on.
+static QImage withBackground(const QImage& part, int first, const QSize& size, QRgb background, double pixelRatio)
+{
+    constexpr int64_t mostPixels = 1 << 29;
+    if (size.isEmpty() || int64_t(size.width()) * size.height() > mostPixels) return QImage();
+    QImage picture(size, QImage::Format_RGB32);
+    if (picture.isNull()) return picture;
+    picture.setDevicePixelRatio(pixelRatio);
+    picture.fill(0xff000000u | background);
+    for (int row = 0; row < part.height(); ++row)
+        std::copy_n(part.constScanLine(row), part.bytesPerLine(), picture.scanLine(first + row));
+    return picture;
+}
+
 QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y, double pixelRatio) const
 {
     std::vector<float> offsets;
     RasterParm parm = rasterParm(&offsets);
     parm.x = x;
-    parm.y = y;
     parm.pixelRatio = pixelRatio;
+    const double least = double(_startSample) * parm.sampleRate;
+    const double largest = least + double(_seisRect.nSamples) * parm.sampleRate;
+    const AxisMap shown = parm.timeDirection != 0 ? y : turnedAxis(y, largest);
+    const DataRows rows = dataRows(shown, parm.timeDirection, least, largest);
+    const QSize size(wholeOf(x.p2 - x.p1), wholeOf(y.p1 - y.p2));
+    const bool isWhole = (rows.first == 0 && rows.end == size.height()) || wholeOf(y.p2) != 0;
+    parm.y = isWhole ? shown : rows.y;
     OwnerTap tap(_owner);
-    return _raster.render(parm, _owner ? &tap : nullptr);
+    const QImage picture = _raster.render(parm, _owner ? &tap : nullptr);
+    return isWhole ? picture : withBackground(picture, rows.first, size, parm.background, pixelRatio);
 }
 
 QImage SeismicPlot::renderImage2(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& area) const
@@ -335,7 +357,7 @@ QRect storedPictureCrop(const QSize& picture, const AxisMap& savedX, const AxisM
 QRect SeismicPlot::storedPart(const QwtScaleMap& xMap, const QwtScaleMap& yMap) const
 {
     const QSize size = _doDrawBitmap ? _bitmap.size() : _doDrawPixmap ? _pixmap.size() : _image.size();
-    const double yStart = timeDirection() == 0 ? yMap.s1() : yMap.s2();
+    const double yStart = timeDirection() == 0 ? std::abs(_yMap.s2() - _yMap.s1()) - yMap.s2() : yMap.s2();
     QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart,
                                    _shiftTime);
     crop.setSize(crop.size().boundedTo(QSize(size.width() - crop.x(), size.height() - crop.y())));

@@ -23,6 +23,7 @@ bool rasterWindow(const RasterParm& parm, RasterWindow* window)
     w.firstSample = std::max(0, wholeOf(t0 / rate - parm.startSample));
     w.ntr = parm.x.s2 - parm.x.s1;
     w.count = std::max(1, wholeOf(w.ntr + 0.5));
+    if (parm.x.s1 < 0.0) w.count = std::max(0, wholeOf(parm.x.s2));  // left of the data there is no trace
     w.firstTrace = std::max(0, wholeOf(parm.x.s1));
     w.count = std::min(w.count, std::min(parm.view.nTraces, parm.nDataTraces) - w.firstTrace);
     const int nSamples = std::min(parm.view.nSamples, parm.stride);

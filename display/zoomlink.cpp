@@ -28,9 +28,20 @@ void ZoomLink::spreadZoom(SeismicDisplay* from, const QRectF& rect, bool timeOnl
     if (!_host) return;
     _host->setZooming(true);
     for (SeismicDisplay* display : othersOf(from)) {
-        const QRectF whole = display->zoomBase();
+        const QRectF whole = display->restRect();
         display->setTimeZoom(timeOnly, traceOnly);
         display->setZoomRect(QRectF(whole.left(), rect.top(), whole.width(), rect.height()));
+    }
+    _host->setZooming(false);
+}
+
+void ZoomLink::spreadReset(SeismicDisplay* from, bool timeOnly, bool traceOnly) const
+{
+    if (!_host) return;
+    _host->setZooming(true);
+    for (SeismicDisplay* display : othersOf(from)) {
+        display->resetZoom(0);
+        display->setTimeZoom(timeOnly, traceOnly);
     }
     _host->setZooming(false);
 }

@@ -29,6 +29,10 @@ private slots:
     void undoAndRedoWalkTheStack();
     void aPartOutsideTheBaseIsCutOff();
     void aSpareBaseIsNoZoom();
+    void backFromAZoomIsWhatWasShownBefore();
+    void withAFixedSpacingADragZoomsWhereverThePictureWasPannedTo_data();
+    void withAFixedSpacingADragZoomsWhereverThePictureWasPannedTo();
+    void aSisterGoesBackAtEveryHeight();
     void theStackStopsAtItsDepth();
     void movingStopsAtTheEndsOfTheBase();
     void aDragOfOnePixelIsRefusedOneOfTwoIsTaken();
@@ -177,6 +181,86 @@ void ZoomTest::aSpareBaseIsNoZoom()
     zoomer.zoom(-1);
     QVERIFY(!zoomer.isZoomed());
     QCOMPARE(p.shown(QwtPlot::xTop), QwtInterval(0.0, 100.0));
+}
+
+void ZoomTest::backFromAZoomIsWhatWasShownBefore()
+{
+    PlainPlot p;
+    OpenZoomer zoomer(p.plot.canvas());
+    zoomer.setZoomBase(QRectF(0.0, 0.0, 200.0, 2000.0));  // the axes show a quarter of it
+    p.show(QwtPlot::xTop, 80.0, 180.0);                    // panned
+    QCOMPARE(zoomer.restRect(), QRectF(80.0, 0.0, 100.0, 1000.0));
+    zoomer.zoom(QRectF(150.0, 100.0, 20.0, 100.0));
+    QCOMPARE(zoomer.zoomRect(), QRectF(150.0, 100.0, 20.0, 100.0));
+    zoomer.zoom(QRectF(155.0, 120.0, 10.0, 50.0));
+    zoomer.zoom(0);
+    QVERIFY(!zoomer.isZoomed());
+    QCOMPARE(p.shown(QwtPlot::xTop), QwtInterval(80.0, 180.0));
+    zoomer.zoom(-1);  // nothing lies behind it
+    QCOMPARE(p.shown(QwtPlot::xTop), QwtInterval(80.0, 180.0));
+    QVERIFY(!zoomer.isZoomed());
+}
+
+void ZoomTest::withAFixedSpacingADragZoomsWhereverThePictureWasPannedTo_data()
+{
+    QTest::addColumn<float>("tpi");
+    QTest::addColumn<float>("ips");
+    QTest::newRow("both fixed") << 10.0f << 4.0f;
+    QTest::newRow("traces fixed") << 10.0f << 0.0f;
+    QTest::newRow("samples fixed") << 0.0f << 4.0f;
+}
+
+void ZoomTest::withAFixedSpacingADragZoomsWhereverThePictureWasPannedTo()
+{
+    QFETCH(float, tpi);
+    QFETCH(float, ips);
+    DisplayFixture f(2);
+    f.menu->tpi = tpi;
+    f.menu->ips = ips;
+    TestEnsemble ensemble(200, 500);
+    for (SeismicDisplay* display : qAsConst(f.displays)) display->setMenu(f.menu.get());
+    f.load(ensemble, 0);
+    f.load(ensemble, 1);
+    QCOMPARE(f[0]->zoomBase(), QRectF(0.0, 0.0, 201.0, 2000.0));
+    const QRectF before = f[0]->visibleRect(), sister = f[1]->visibleRect();
+    if (tpi > 0.0f) f[0]->horizontalScrollerMoved(100.0);
+    if (ips > 0.0f) f[0]->verticalScrollerMoved(900.0);
+    const QRectF panned = f[0]->visibleRect();
+    QVERIFY(panned.topLeft() != before.topLeft());
+    const auto x = [&](double trace) { return qRound(f[0]->canvasMap(QwtPlot::xTop).transform(trace)); };
+    const auto y = [&](double ms) { return qRound(f[0]->canvasMap(QwtPlot::yLeft).transform(ms)); };
+    dragMouse(f[0]->canvas(), QPoint(x(110.0), y(1000.0)), QPoint(x(120.0), y(1300.0)), Qt::LeftButton);
+    QVERIFY(f[0]->isZoomed());
+    const double aTrace = panned.width() / f[0]->canvas()->width(), aRow = panned.height() / f[0]->canvas()->height();
+    QVERIFY(qAbs(shown(f[0], QwtPlot::xTop).minValue() - 110.0) <= aTrace);
+    QVERIFY(qAbs(shown(f[0], QwtPlot::xTop).maxValue() - 120.0) <= aTrace);
+    QVERIFY(qAbs(shown(f[0], QwtPlot::yLeft).minValue() - 1000.0) <= aRow);
+    QVERIFY(qAbs(shown(f[0], QwtPlot::yLeft).maxValue() - 1300.0) <= aRow);
+    // the sister keeps its own traces, at its own spacing
+    QVERIFY(qAbs(f[1]->visibleRect().width() - sister.width()) < 1e-6 * sister.width());
+    QTest::mouseClick(f[0]->canvas(), Qt::RightButton, Qt::NoModifier, QPoint(50, 50));
+    QVERIFY(!f[0]->isZoomed());
+    QVERIFY(!f[1]->isZoomed());
+    const QRectF back = f[0]->visibleRect();
+    QVERIFY(qAbs(back.left() - panned.left()) < 1e-6 && qAbs(back.width() - panned.width()) < 1e-6);
+    QVERIFY(qAbs(back.top() - panned.top()) < 1e-6 && qAbs(back.height() - panned.height()) < 1e-6);
+}
+
+void ZoomTest::aSisterGoesBackAtEveryHeight()
+{
+    for (int height = 300; height < 340; ++height) {
+        DisplayFixture f(2, 433, 1.7f);
+        TestEnsemble ensemble(20, 433);
+        f[1]->resize(600, height);  // spacings are counted in pixels, so that the times shown differ by their rounding
+        f.load(ensemble, 0);
+        f.load(ensemble, 1);
+        const double whole = f[1]->visibleRect().height();
+        dragMouse(f[0]->canvas(), QPoint(50, 50), QPoint(200, 200), Qt::LeftButton);
+        QVERIFY(f[1]->isZoomed());
+        QTest::mouseClick(f[0]->canvas(), Qt::RightButton, Qt::NoModifier, QPoint(50, 50));
+        QVERIFY2(!f[1]->isZoomed(), qPrintable(QString("at a height of %1").arg(height)));
+        QCOMPARE(f[1]->visibleRect().height(), whole);
+    }
 }
 
 void ZoomTest::theStackStopsAtItsDepth()
@@ -571,7 +655,7 @@ void ZoomTest::aLongerFileLeavesTheTracesInViewTheirSizes()
     fixture[0]->setMenu(fixture.menu.get());  // measures the traces, which have 100 samples still
     QCOMPARE(fixture[0]->seismicData()->sampleCount(), 100);
     QCOMPARE(fixture[0]->seismicData()->numHeaderWords(), words);
-    QVERIFY(fixture[0]->readoutAt(QPoint(580, 480)).endsWith("19099"));
+    QVERIFY(fixture[0]->readoutAt(fixture[0]->canvas()->rect().bottomRight() - QPoint(1, 1)).endsWith("19099"));
     fixture.load(longer);
     QCOMPARE(fixture[0]->seismicData()->sampleCount(), 5000);
     QCOMPARE(fixture[0]->seismicData()->numHeaderWords(), words / 2);
@@ -598,7 +682,9 @@ void ZoomTest::oneTraceAndFewSamplesAreShown()
         fixture[0]->grab();
         QVERIFY(shown(fixture[0], QwtPlot::xTop).maxValue() >= 2.0);  // a trace is never wider than an inch
         QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).maxValue() - 4.0 * nSamples) < 1e-3);
-        QVERIFY(fixture[0]->readoutAt(QPoint(500, 400)).contains(nSamples == 1 ? "Amp:          0" : "Amp:          1"));
+        const int onTrace = qRound(fixture[0]->canvasMap(QwtPlot::xTop).transform(1.0));
+        QVERIFY(fixture[0]->readoutAt(QPoint(onTrace, 400)).contains(nSamples == 1 ? "Amp:          0" : "Amp:          1"));
+        QVERIFY(!fixture[0]->readoutAt(QPoint(500, 400)).contains("Amp:"));  // where no trace stands
     }
 }
 
