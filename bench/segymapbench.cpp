@@ -59,8 +59,8 @@ static bool warmBuild()
     SegyMap map = buildMap(file);
     sortSegyMap(map.items(), map.count(), 8, 0);
     const double peak = statusBytes("VmHWM") - before, after = statusBytes("VmRSS") - before;
-    std::printf("FIGURE map memory, bytes a trace: after %.1f (allowed 96), while building and sorting %.1f (allowed 144)  %s\n",
-                after / nTraces, peak / nTraces, after <= 96.0 * nTraces && peak <= 144.0 * nTraces ? "ok" : "OVER");
+    std::printf("FIGURE map memory, bytes a trace: after %.1f (allowed 96) %s, while building and sorting %.1f (allowed 144) %s\n",
+                after / nTraces, judge(after / nTraces, 96.0), peak / nTraces, judge(peak / nTraces, 144.0));
     double sums[16] = {}, expected[16];
     for (int i = 0; i < map.count(); ++i)
         for (int slot = 0; slot < 16; ++slot) sums[slot] += map.items()[i].item[slot];
