@@ -1,5 +1,6 @@
 /// The main window on real files: opening, paging, and what happens when a file is not what it should be.
 #include "display/colorbarframe.h"
+#include "display/imagestorage.h"
 #include "display/seismicplot.h"
 #include "frame/assumptionspanel.h"
 #include "frame/mainwindow.h"
@@ -20,6 +21,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QtTest>
@@ -46,6 +48,8 @@ private slots:
     void onlyOnePickingBoxIsChecked();
     void theDifferenceIsThatOfTheTwoScreensBeforeIt();
     void theDifferenceIsAsLoudAsTheData();
+    void oneEnsembleIsOnePictureAlsoAtTheEndOfAnIndex();
+    void theColorBarKeepsItsPlaceWhenAnOverlayGoes();
     void showImagesWithoutImagesUnchecksItself();
     void aboutNamesTheCompany();
     void theWindowComesBackWithItsPanels();
@@ -318,6 +322,45 @@ void MainWindowTest::onlyOnePickingBoxIsChecked()
     table->box("showFBPickerBox")->click();
     QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Zoom);
     QVERIFY(table->radioBox()->isEnabled());
+}
+
+void MainWindowTest::theColorBarKeepsItsPlaceWhenAnOverlayGoes()
+{
+    WindowFixture f;
+    f.window->resize(900, 900);  // room for two bars
+    QTRY_COMPARE(f.window->height(), 900);
+    QApplication::processEvents();
+    const QPoint before = f.window->colorBarFrame()->pos();
+    f.window->setOverlayMode(true);
+    QTRY_VERIFY(f.window->colorBarFrame()->pos().y() < before.y());
+    f.window->setOverlayMode(false);
+    QTRY_COMPARE(f.window->colorBarFrame()->pos(), before);
+}
+
+void MainWindowTest::oneEnsembleIsOnePictureAlsoAtTheEndOfAnIndex()
+{
+    if (!hasTestData()) QSKIP("no real data files");
+    WindowFixture f;
+    f.open(QString::fromStdString(testDataFile("prestack-marine/viking_small.segy")), 0, 1);
+    QCheckBox* save = f.window->actionTable()->box("savImageBox");
+    save->setChecked(true);
+    const ImageStorage* store = f.window->display()->images().storage();
+    for (int i = 1; i < 4; ++i) {  // four shots
+        f.window->nextRecord();
+        QVERIFY(f.window->statusBar()->currentMessage() != "Last record");
+    }
+    for (int i = 0; i < 3; ++i) {
+        f.window->nextRecord();
+        QCOMPARE(f.window->statusBar()->currentMessage(), QString("Last record"));
+        QCOMPARE(store->storeTotal(), 4);
+    }
+    save->setChecked(false);
+    save->setChecked(true);
+    f.window->nextRecord();
+    QCOMPARE(store->storeTotal(), 4);
+    QVector<float> keys;
+    for (int i = 0; i < store->storeTotal(); ++i) keys.append(store->picture(i)->pri);
+    QCOMPARE(keys, QVector<float>({3.0f, 4.0f, 5.0f, 6.0f}));
 }
 
 void MainWindowTest::theDifferenceIsAsLoudAsTheData()
