@@ -131,6 +131,9 @@ public:
     bool isPanned() const;
     /// Moves the picture down by pixels.
     void panVertically(int dy);
+    bool hasHorizontalBar() const;
+    /// Leaves room for the bar of a display beside this one, so that their times stand in line.
+    void reserveHorizontalBar(bool on);
 
     /// Turns a mouse mode on or off; off is zooming.
     void setMouseMode(MouseMode mode, bool on);
@@ -191,6 +194,8 @@ public:
     /// Time of that sample in ms.
     double shiftTime() const { return _shiftTime; }
     bool lastEnsemble() const { return _lastEnsemble; }
+    /// The last batch was the one on the screen already.
+    bool isRepeated() const { return _isRepeated; }
     int windowNumber() const { return _windowNumber; }
     /// The line under the mouse at a position of the canvas; empty without data.
     QString readoutAt(const QPoint& pos) const;
@@ -286,6 +291,7 @@ private:
     int _isTrevia = 1;
     bool _firstTime = true;
     bool _lastEnsemble = false;
+    bool _isRepeated = false;
     bool _loadTraces = false;
     int _stime = 0, _etime = 0;  // samples
     float _dstime = 1.0f;

@@ -246,6 +246,7 @@ void SeismicDisplay::rebuildDisplay(bool resetOthers)
     if (resetOthers) _zoomLink.resetOthers(this);
     _timeZoomOnly = _traceZoomOnly = false;
     limitPan();
+    synchronizeScrollBars();
     rebuildPlot();
 }
 

@@ -170,6 +170,17 @@ void SeismicDisplay::synchronizeScrollBars()
     const QSizeF extent = panExtent();
     _scrollBars->synchronize({0.0, extent.width(), x.minValue(), x.width()},
                              {_shiftTime, extent.height(), y.minValue(), y.width()});
+    _zoomLink.alignBottoms();
+}
+
+bool SeismicDisplay::hasHorizontalBar() const
+{
+    return _scrollBars->hasHorizontal();
+}
+
+void SeismicDisplay::reserveHorizontalBar(bool on)
+{
+    _scrollBars->reserveHorizontal(on);
 }
 
 /// Moves the axes of one direction, with their steps.

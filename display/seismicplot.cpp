@@ -2,6 +2,7 @@
 
 #include "display/colorbarframe.h"
 #include "display/dataview.h"
+#include "display/displaytype.h"
 #include "display/plotowner.h"
 #include "display/rasternumber.h"
 #include "display/tracetap.h"
@@ -69,32 +70,39 @@ void SeismicPlot::setRange(float rmin, float rmax)
     passRangeToBar();
 }
 
-static bool isColor(DisplayType type)
-{
-    return type == ColorB || type == ColorWiggle || type == Map || type == Velocity;
-}
-
 void SeismicPlot::setColorBar(ColorBarFrame* bar)
 {
     _colorBar = bar;
     if (!_colorBar) return;
-    _colorBar->setColorType(isColor(_displayType) ? ColorYes : ColorNo);
+    _colorBar->setColorType(isColorType(_displayType) ? ColorYes : ColorNo);
     passRangeToBar();
 }
 
 void SeismicPlot::setNormalization(Normalize normalize)
 {
+    const bool wasScaled = isScaled();
     _normalize = normalize;
-    if (!_firstTime) computeNormalizer();
+    if (_firstTime) return;
+    computeNormalizer();
+    if (_autoGain || wasScaled == isScaled()) return;
+    // The same numbers would be amplitudes of another unit.
+    _rangeOf[wasScaled] = QPointF(_rangeMin, _rangeMax);
+    if (_rangeOf[isScaled()])
+        setRange(float(_rangeOf[isScaled()]->x()), float(_rangeOf[isScaled()]->y()));
+    else if (_conditioner.countedTraces() > 0) {
+        takeAutomaticRange();
+        passRangeToBar();
+    }
 }
 
 void SeismicPlot::setDisplayType(DisplayType type)
 {
     _displayType = type;
+    for (auto& range : _rangeOf) range.reset();
     if (!_colorBar) return;
     const bool isAmplitude = type == ColorB || type == ColorWiggle;
     if (isAmplitude && _colorBar->colorType() == ColorNo) setRange(-3.0f, 3.0f);
-    _colorBar->setColorType(isColor(type) ? ColorYes : ColorNo);
+    _colorBar->setColorType(isColorType(type) ? ColorYes : ColorNo);
     if (type == Velocity) _normalize = Normalize::None;
     setAutoGain(!isAmplitude);
     computeNormalizer();
@@ -128,18 +136,30 @@ void SeismicPlot::applyProcessing(float* trace, int num)
     _conditioner.applyProcessing(trace, num, _data->sampleCount(), _data->sampleRate());
 }
 
+/// The range that follows the data. Of scaled colours it is that of what is painted, of others that of the samples.
+void SeismicPlot::takeAutomaticRange()
+{
+    if (_scaleSource) {
+        _rangeMin = _scaleSource->rangeMin();
+        _rangeMax = _scaleSource->rangeMax();
+    } else if (!isScaled()) {
+        _rangeMin = _conditioner.minimum();
+        _rangeMax = _conditioner.maximum();
+    } else {
+        _rangeMax = isColorType(_displayType) ? float(1.4 * _conditioner.meanScaled(_normalize)) : _peak;
+        _rangeMin = -_rangeMax;
+    }
+}
+
 void SeismicPlot::computeNormalizer()
 {
     _conditioner.computeNormalizer(*_data);
-    setRMS(_conditioner.rms());
+    setRMS(_scaleSource ? _scaleSource->rms() : _conditioner.rms());
     const bool isFirstRange =
         _firstTime && _displayType != ColorB && _displayType != ColorWiggle && _displayType != Map;
-    if (_conditioner.countedTraces() > 0 && (_autoGain || isFirstRange)) {
-        const bool isScaled = _normalize != Normalize::None;
-        _rangeMin = isScaled ? -_peak : _conditioner.minimum();
-        _rangeMax = isScaled ? _peak : _conditioner.maximum();
-    }
-    if (_conditioner.countedTraces() == 0 && _autoGain) _rangeMin = _rangeMax = 0.0f;
+    const bool isMeasured = _conditioner.countedTraces() > 0 || _scaleSource;
+    if (isMeasured && (_autoGain || isFirstRange)) takeAutomaticRange();
+    if (!isMeasured && _autoGain) _rangeMin = _rangeMax = 0.0f;
     _firstTime = false;
     if (!_colorBar) return;
     if (_colorBar->colorType() == ColorYes) _colorBar->setMinMaxValue(_rangeMin, _rangeMax);
@@ -208,8 +228,11 @@ RasterParm SeismicPlot::rasterParm(std::vector<float>* offsets) const
     parm.nDataTraces = _conditioner.traceCount();
     parm.stride = _conditioner.sampleCount();
     parm.sampleRate = _owner && _owner->isSlice() ? 1.0f : _data->sampleRate();
-    parm.divTrace = _conditioner.divTrace();
-    parm.divRecord = _conditioner.divRecord();
+    const TraceConditioner& scale = _scaleSource && _scaleSource->conditioner().traceCount() >= parm.nDataTraces
+                                        ? _scaleSource->conditioner()
+                                        : _conditioner;
+    parm.divTrace = scale.divTrace();
+    parm.divRecord = scale.divRecord();
     parm.view = _seisRect;
     parm.startSample = _startSample;
     parm.timeDirection = timeDirection();

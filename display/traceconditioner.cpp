@@ -157,6 +157,14 @@ void TraceConditioner::applyProcessing(float* trace, int num, int nSamples, floa
     process(trace, num);
 }
 
+double TraceConditioner::meanScaled(Normalize normalize) const
+{
+    if (_nSamplesCounted == 0) return 0.0;
+    if (normalize == Normalize::Trace) return _scaledSum / double(_nSamplesCounted);
+    const double mean = _absoluteSum / double(_nSamplesCounted);
+    return normalize == Normalize::Dataset && _divRecord > 0.0f ? mean / _divRecord : mean;
+}
+
 void TraceConditioner::computeNormalizer(const SeismicData& data)
 {
     ++_generation;
@@ -180,6 +188,8 @@ void TraceConditioner::computeNormalizer(const SeismicData& data)
 
     double divisors = 0.0, means = 0.0;
     _nCounted = 0;
+    _nSamplesCounted = 0;
+    _absoluteSum = _scaledSum = 0.0;
     _minimum = nullValue;
     _maximum = -nullValue;
     for (int i = 0; i < _nTraces; ++i) {
@@ -192,6 +202,9 @@ void TraceConditioner::computeNormalizer(const SeismicData& data)
         divisors += _divTrace[i];
         if (measure.sum2 != 0.0) means += measure.sum2 / measure.n;
         ++_nCounted;
+        _nSamplesCounted += measure.n;
+        _absoluteSum += measure.sum1;
+        _scaledSum += _divTrace[i] > 0.0f ? measure.sum1 / _divTrace[i] : measure.sum1;
     }
     _divRecord = _nCounted > 0 ? float((divisors + divisors) * 0.5 / _nCounted) : 0.0f;
     _rms = _nCounted > 0 ? float(means / _nCounted) : 0.0f;

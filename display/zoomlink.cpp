@@ -3,6 +3,8 @@
 #include "display/displayhost.h"
 #include "display/seismicdisplay.h"
 
+#include <algorithm>
+
 void ZoomLink::setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others)
 {
     _displaylist = displays;
@@ -49,6 +51,15 @@ void ZoomLink::spreadReset(SeismicDisplay* from, bool timeOnly, bool traceOnly) 
 void ZoomLink::spreadPan(SeismicDisplay* from, int dy) const
 {
     for (SeismicDisplay* display : othersOf(from)) display->panVertically(dy);
+}
+
+void ZoomLink::alignBottoms() const
+{
+    if (!_displaylist) return;
+    const bool isAny = std::any_of(_displaylist->cbegin(), _displaylist->cend(), [](const SeismicDisplay* display) {
+        return !display->isHidden() && display->hasHorizontalBar();
+    });
+    for (SeismicDisplay* display : qAsConst(*_displaylist)) display->reserveHorizontalBar(isAny);
 }
 
 void ZoomLink::resetOthers(SeismicDisplay* from) const

@@ -24,6 +24,8 @@ public:
     void spreadReset(SeismicDisplay* from, bool timeOnly, bool traceOnly) const;
     /// Every other display is moved down by dy pixels.
     void spreadPan(SeismicDisplay* from, int dy) const;
+    /// All main displays leave room below for the bar that one of them has.
+    void alignBottoms() const;
     /// Every other display goes back to its base.
     void resetOthers(SeismicDisplay* from) const;
 

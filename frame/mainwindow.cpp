@@ -309,6 +309,8 @@ ColorBarFrame* MainWindow::overlayColorBarFrame()
 void MainWindow::setOverlayMode(bool on)
 {
     overlayColorBarFrame()->setVisible(on);
+    // The room below a bar that isn't shown would push the other one up.
+    for (int i = 0; i < _cvLayout->count(); i += 2) _cvLayout->setStretch(i, i < 4 || on ? 1 : 0);
     if (_parmmenu) _parmmenu->setOverlayMode(on);
 }
 

@@ -155,7 +155,6 @@ protected:
 private:
     void makeCentre();
     void makeImageStorage();
-    void keepStoredImages();
     void storeImages();
     void endViewing();
     QPixmap wholePicture();

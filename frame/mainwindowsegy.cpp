@@ -174,6 +174,7 @@ void MainWindow::nextRecord()
         _segyloader->loadNextEnsemble(_menu->moveup);
         showRecord(_segyloader->numTraces() > 0);
     }
+    if (_segyloader->canSeek() && _segyloader->numTraces() > 0 && display()->isRepeated()) statusBar()->showMessage("Last record");
     _dataReady = true;
 }
 

@@ -33,6 +33,7 @@ private slots:
     void withAFixedSpacingADragZoomsWhereverThePictureWasPannedTo_data();
     void withAFixedSpacingADragZoomsWhereverThePictureWasPannedTo();
     void aSisterGoesBackAtEveryHeight();
+    void timesOfSistersStandInLineBesideAScrollBar();
     void theStackStopsAtItsDepth();
     void movingStopsAtTheEndsOfTheBase();
     void aDragOfOnePixelIsRefusedOneOfTwoIsTaken();
@@ -261,6 +262,29 @@ void ZoomTest::aSisterGoesBackAtEveryHeight()
         QVERIFY2(!f[1]->isZoomed(), qPrintable(QString("at a height of %1").arg(height)));
         QCOMPARE(f[1]->visibleRect().height(), whole);
     }
+}
+
+void ZoomTest::timesOfSistersStandInLineBesideAScrollBar()
+{
+    DisplayFixture f(2);
+    TestEnsemble ensemble(20, 500);
+    f.load(ensemble, 0);
+    f.load(ensemble, 1);
+    const auto pixelsOf = [&f](int i) {
+        QList<int> pixels;
+        for (const double ms : {0.0, 400.0, 777.0, 1200.0, 1999.0})
+            pixels.append(f[i]->canvas()->mapTo(f[i], QPoint(0, qRound(f[i]->canvasMap(QwtPlot::yLeft).transform(ms)))).y());
+        return pixels;
+    };
+    const QList<int> whole = pixelsOf(0);
+    f[0]->setZoomRect(QRectF(5.0, 0.0, 6.0, 2000.0));  // only the first has traces out of sight
+    QTRY_VERIFY(f[0]->hasHorizontalBar());
+    QVERIFY(!f[1]->hasHorizontalBar());
+    QTRY_VERIFY(pixelsOf(0) != whole);
+    QTRY_COMPARE(pixelsOf(1), pixelsOf(0));
+    f[0]->resetZoom(0);
+    QTRY_COMPARE(pixelsOf(1), whole);
+    QCOMPARE(pixelsOf(0), whole);
 }
 
 void ZoomTest::theStackStopsAtItsDepth()
