@@ -175,6 +175,10 @@ private:
     void showRecord(bool found);
     void setNavigation();
     void takeLoaderKeys();
+    bool takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadParm& parm);
+    void showLoader(const SegyLoadParm& parm, const QString& name);
+    template <class Load>
+    bool showLoaded(Load load);
     void tellNotBuilt(const QString& what);
 
     QVBoxLayout* _cvLayout = nullptr;

@@ -20,6 +20,8 @@ static const struct {
 
 /// The largest data that a trace of variable length may tell, in usual trace lengths.
 constexpr int largestLengthFactor = 40;
+/// Lines of one kind that are printed as they come; the rest is counted.
+constexpr int64_t mostAlikeLines = 10;
 
 segyData2::segyData2(const SegyReadParm& parm, Report* report, ProgressSink* progress)
     : _parm(parm), _report(report), _progress(progress), doSwap(parm.iswap != 0), doRemap(parm.iremap != 0),
@@ -69,6 +71,7 @@ bool segyData2::closeFile()
     if (_out.isOpen()) _out.close();
     _pos = 0;
     isOpen = false;
+    _nBadLengths = _nBadLengthsUntold = 0;
     return true;
 }
 
@@ -222,6 +225,10 @@ void segyData2::setTraceBytes()
     const int64_t length = segyTraceHeaderBytes + int64_t(std::max(0, _nSamples)) * nbytes;
     segytrclength = int(std::min(length, int64_t(INT_MAX)));
     _maxBytes = int(std::min(length * largestLengthFactor, int64_t(INT_MAX)));
+    // A trace tells its length in a short word, and no read brings more than the file has.
+    const int64_t told = variable ? std::min<int64_t>(int64_t(INT16_MAX) * nbytes, fileSize()) : 0;
+    const int64_t samples = int64_t(std::max(0, _nSamples)) * 4;
+    _bufferBytes = int(std::min<int64_t>(segyTraceHeaderBytes + std::max(samples, told), _maxBytes));
 }
 
 void segyData2::swapTraceHeader(segyTrace* trace) const
@@ -281,9 +288,21 @@ segyData2::DataLength segyData2::dataLength(const void* rawHeader) const
 
 void segyData2::reportBadLength(const void* rawHeader, const DataLength& length)
 {
+    if (++_nBadLengths > mostAlikeLines) {
+        ++_nBadLengthsUntold;
+        return;
+    }
     _report->line(formatted("segyData2: error while reading variable length trace: %d, num samples=%d\n",
                             headerField<int32_t>(rawHeader, offsetof(segyTrace, tsln), doSwap),
                             int(length.declared / nbytes)));
+}
+
+void segyData2::tellRepeated()
+{
+    if (_nBadLengthsUntold == 0) return;
+    _report->line(formatted("segyData2: error while reading variable length trace: %lld more, %lld so far\n",
+                            static_cast<long long>(_nBadLengthsUntold), static_cast<long long>(_nBadLengths)));
+    _nBadLengthsUntold = 0;
 }
 
 int segyData2::readVariable(char* record)
@@ -296,7 +315,7 @@ int segyData2::readVariable(char* record)
     if (length.isBad) reportBadLength(record, length);
     const int64_t start = _pos;
     // What doesn't fit into the buffer is counted but not kept; no caller takes that many samples.
-    const int64_t room = std::max<int64_t>(0, _maxBytes - segyTraceHeaderBytes);
+    const int64_t room = std::max<int64_t>(0, _bufferBytes - segyTraceHeaderBytes);
     const int64_t kept = readBytes(std::min(length.wanted, room), record + segyTraceHeaderBytes);
     if (kept < 0) reportReadError();
     const int64_t got = kept < room ? kept : std::min(length.wanted, std::max(kept, _source->size() - start));

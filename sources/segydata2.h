@@ -66,7 +66,7 @@ public:
     void swapTrace(segyTrace* trace) const;
 
     /// Reads the next trace and converts it: header in machine order, then at least numSamples() floats, zero
-    /// where the trace has none. @param data room for maxBytes() bytes. Returns the bytes that the trace has in
+    /// where the trace has none. @param data room for bufferBytes() bytes. Returns the bytes that the trace has in
     /// the file, 0 at its end, below 0 on failure. A trace cut by the end counts; missing header bytes are 0.
     int readTrace(void* data);
     /// Swaps the samples in place if the file wants it, and writes one trace.
@@ -85,8 +85,17 @@ public:
     void setPos(uint64_t pos) { _pos = int64_t(pos); }
 
     /// Lists all traces, in file order, by their headers alone; appends to what the map holds. The result, and
-    /// the lines told, are those of reading trace by trace. False only when the sink cancelled it.
+    /// the lines told, are those of reading trace by trace. False when the sink cancelled it, or when the map
+    /// passed its limit: mapBytesNeeded() then tells about how much it would take, and the map is empty.
+    /// Throws std::bad_alloc when there is no memory for it.
     bool buildMap(bool show);
+    /// The most memory that a map and its sort may take; without it there is no limit.
+    void setMapLimit(int64_t bytes) { _mapLimit = bytes; }
+    int64_t mapLimit() const { return _mapLimit; }
+    /// Of a build that was given up for its size, else 0.
+    int64_t mapBytesNeeded() const { return _mapBytesNeeded; }
+    /// Sums up the lines that were told so often that only the first ones were printed.
+    void tellRepeated();
     int totalTraces() const { return _map.count(); }
     segyMapItem* mapItem(int i);
     SegyMap& map() { return _map; }
@@ -102,8 +111,10 @@ public:
 
     /// The 240 bytes of the last trace header in file order; kept while remapping is on.
     int* segyRawHeader() { return _segyHeader.data(); }
-    /// Largest trace data that a trace of variable length may tell, and the size of a trace buffer.
+    /// Largest trace data that a trace of variable length may tell.
     int maxBytes() const { return _maxBytes; }
+    /// Room that readTrace uses: a trace as long as its count can tell, or numSamples() floats; at most maxBytes().
+    int bufferBytes() const { return _bufferBytes; }
     int traceLength() const { return segytrclength; }
     int64_t fileSize() const { return _source ? _source->size() : 0; }
     const QString& curFile() const { return _curFile; }
@@ -130,6 +141,7 @@ private:
     DataLength dataLength(const void* rawHeader) const;
     void reportBadLength(const void* rawHeader, const DataLength& length);
     void reportReadError();
+    void giveUpMap(int64_t offset);
     void convertTrace(char* record, int nBytes);
     bool readReel();
     bool writeReel();
@@ -151,6 +163,11 @@ private:
     int nbytes = 4;          // of a sample
     int segytrclength = 0;   // of a trace record
     int _maxBytes = 0;
+    int _bufferBytes = 0;
+    int64_t _mapLimit = INT64_MAX;
+    int64_t _mapBytesNeeded = 0;
+    int64_t _nBadLengths = 0;         // traces of variable length that told no possible one
+    int64_t _nBadLengthsUntold = 0;   // of these, the ones since the last sum
     int _nSamples = 0;
     std::vector<char> _tempData;
     std::vector<int> _segyHeader;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
+#include <new>
 
 constexpr int tracesAStep = 1000;
 
@@ -89,9 +90,18 @@ bool segyData2::MapBuild::step(int nTraces)
     return !_data->_progress || !_data->_progress->cancelled();
 }
 
+/// The rest of the file is taken to go on as its beginning has.
+void segyData2::giveUpMap(int64_t offset)
+{
+    const double share = double(_source->size() - segyReelBytes) / double(std::max<int64_t>(1, offset - segyReelBytes));
+    _mapBytesNeeded = int64_t(double(_map.count()) * double(SegyMap::bytesAnItem) * std::max(1.0, share));
+    _map = SegyMap();
+}
+
 bool segyData2::buildMap(bool show)
 {
     _isRemapRejected = false;
+    _mapBytesNeeded = 0;
     if (!_source) return true;
     MapBuild build(this);
     if (doRemap && !build.hasUsableRemap()) {
@@ -103,7 +113,8 @@ bool segyData2::buildMap(bool show)
     const int64_t size = _source->size();
     const int64_t traceBytes = std::max<int64_t>(0, size - segyReelBytes);
     const int64_t nFixed = variable ? 0 : (traceBytes + segytrclength - 1) / segytrclength;
-    if (nFixed > 0 && !_map.reserve(std::min<int64_t>(_map.count() + nFixed, INT_MAX))) return true;
+    const int64_t mostItems = std::min<int64_t>(_mapLimit / SegyMap::bytesAnItem, INT_MAX);
+    if (nFixed > 0 && !_map.reserve(std::min<int64_t>(_map.count() + nFixed, mostItems))) throw std::bad_alloc();
     SegyHeaderReader reader(*_source, segytrclength);
     const auto ifile = uint32_t(_map.fileIndex(_curFile));
     int64_t offset = segyReelBytes;
@@ -123,8 +134,12 @@ bool segyData2::buildMap(bool show)
         }
         isWanted = build.step(_map.count());
         if (!isWanted) break;
+        if (_map.count() >= mostItems) {
+            giveUpMap(offset);
+            break;
+        }
         segyMapItem* item = _map.append();
-        if (!item) break;
+        if (!item) throw std::bad_alloc();
         item->itrace = uint32_t(_map.count() - 1);
         item->offset = uint64_t(offset);
         item->ifile = ifile;
@@ -133,5 +148,6 @@ bool segyData2::buildMap(bool show)
     }
     _map.shrinkToFit();
     _pos = offset;
-    return isWanted;
+    tellRepeated();
+    return isWanted && _mapBytesNeeded == 0;
 }

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <new>
 
 /// Reel format codes of the format choices 1 to 6.
 static const int formatChoices[] = {
@@ -34,7 +35,7 @@ SegyLoader::SegyLoader(int ifile, const QString& cfiles, int imode, int isort, i
       _ivariable(ivariable), _iswap(iswap), _icscale(icscale), _iescale(iescale), _userSamples(nsamp),
       _userTraces(maxtr), _userRate(srate), _nsamp(nsamp), _maxtr(maxtr), _srate(srate), _iremap(iremap),
       _itype(itype), _itform(0), _iStandAlone(isstandalone ? 1 : 0), _report(report), _progress(progress),
-      _segyheader(nullptr, 0, headerTable), _isIndexBuilt(indexbuilt != 0)
+      _segyheader(nullptr, 0, headerTable), _isIndexAsked(indexbuilt != 0), _isIndexBuilt(indexbuilt != 0)
 {
     if (_itype == 1) {
         _itform = 2;
@@ -112,8 +113,13 @@ bool SegyLoader::openFiles()
 {
     _thread.reset();
     _isIndexBuilding = false;
-    for (const QString& name : cfileList)
-        if (!openOneFile(name)) return false;
+    try {
+        for (const QString& name : cfileList)
+            if (!openOneFile(name)) return false;
+    } catch (const std::bad_alloc&) {
+        reportNoMemory();
+        _isOpen = false;
+    }
     return _isOpen;
 }
 
@@ -181,11 +187,14 @@ bool SegyLoader::openOneFile(const QString& name)
     if (!takeReelValues()) return failReelValues();
     _segydata->setTraceBytes();
     reportCutTrace();
-    _traces.clear();
-    _headers.clear();
-    _traceStore.clear();
-    _headerStore.clear();
-    _itempTrc.assign((size_t(_segydata->maxBytes()) + 3) / 4, 0);
+    freeBuffers();
+    _itempTrc = {};
+    const int64_t needed = _segydata->bufferBytes() + narrowBytes() + bytesOfTraces(1);
+    if (!isJustified(needed)) {
+        reportTooLarge("One trace", needed);
+        return _isOpen = false;
+    }
+    _itempTrc.assign((size_t(_segydata->bufferBytes()) + 3) / 4, 0);
     _numtraces = 0;
     _curTrace = 0;
     _hasEnsemble = false;
@@ -224,12 +233,16 @@ void SegyLoader::buildSortKeys()
     _ieskey = _segyheader.OrvinHeaderIndex(_keys.secWord) + 1;
 }
 
+bool SegyLoader::buildAskedIndex()
+{
+    if (_isIndexBuilt && getTotalTraces() == 0) _isIndexBuilt = buildIndex(true);
+    return _isIndexBuilt || !_isIndexAsked;
+}
+
 void SegyLoader::initBuild()
 {
-    if (_isIndexBuilt)
-        indexBuild(true);
-    else
-        dataLoaded();
+    buildAskedIndex();
+    dataLoaded();
     _isStacked = _keys.mysort == 4 || _keys.mysort == 10 || _keys.mysort == 11;
     if (!_menu || !_segydata) return;
     orvinRuntimeStruct& runtime = _menu->_orvinruntime;

@@ -25,6 +25,9 @@ int segyKeyValue(float value);
 class SegyMap
 {
 public:
+    /// Memory that an item takes, with the work space of a sort.
+    static constexpr int64_t bytesAnItem = int64_t(sizeof(segyMapItem)) + 28;
+
     int count() const { return _count; }
     segyMapItem* items() { return _items.get(); }
     const segyMapItem* items() const { return _items.get(); }

@@ -18,7 +18,7 @@ struct SilentReport : Report {
 /// The first byte chooses the reading, the rest is the file. Ends the program when both ways differ.
 inline void fuzzMap(const uint8_t* bytes, size_t n, int ivariable)
 {
-    constexpr size_t largestInput = 20000;
+    constexpr size_t largestInput = 60000;
     if (n < 1 || n > largestInput) return;
     static const int formats[] = {0, 1, 2, 3, 4, 5, 6, 6};
     SegyReadParm parm;
@@ -40,11 +40,12 @@ inline void fuzzMap(const uint8_t* bytes, size_t n, int ivariable)
     }
     mapReport.nLines = readReport.nLines = 0;
     map.buildMap(false);
-    std::vector<char> trace(size_t(read.maxBytes()));
+    std::vector<char> trace(size_t(read.bufferBytes()));
     read.setPos(3600);
     int nTraces = 0;
     for (uint64_t start = 3600; read.readTrace(trace.data()) > 0; start = read.getPos(), ++nTraces)
         if (nTraces >= map.totalTraces() || map.mapItem(nTraces)->offset != start) std::abort();
+    read.tellRepeated();
     if (nTraces != map.totalTraces() || mapReport.nLines != readReport.nLines) std::abort();
     sortSegyMap(map.map().items(), map.totalTraces(), 8, 12);
     for (int i = 0; i < map.totalTraces(); ++i) {

@@ -43,6 +43,7 @@ std::vector<segyMapItem> plainMap(OpenedSegy* segy)
         header.loadTraceMap(item.item);
         items.push_back(item);
     }
+    segy->data.tellRepeated();
     return items;
 }
 
