@@ -211,6 +211,7 @@ private:
     bool _isViewing = false;       // stored pictures are shown
     bool _couldGoForward = false;  // before they were
     bool _isSegy = false;
+    bool _isEnsembleShown = true;  // of the last ensemble handed to a display: there was memory for it
     bool _isStandAlone = true;
     bool _dataReady = false;
     QString _fileName, _areaName, _lineName, _flowName;

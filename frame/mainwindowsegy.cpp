@@ -44,7 +44,10 @@ static bool runLoad(Report* report, Step step, Back back)
         step();
         return true;
     } catch (const std::bad_alloc&) {
-        back();
+        try {
+            back();
+        } catch (const std::bad_alloc&) {  // not even for what was there: the display is then empty
+        }
         report->box("SEGY Memory", "There is not enough memory to show this data. Nothing has been changed.");
         return false;
     }
@@ -205,11 +208,13 @@ void MainWindow::saveHeader()
     _segyloader->fillHeaderTable(&_headerTable);
 }
 
-/// Shows the loader's present ensemble, or says that there is none.
+/// Shows the loader's present ensemble, or says that there is none. Throws std::bad_alloc when there is no memory
+/// to show it.
 void MainWindow::showRecord(bool found)
 {
     if (found) {
         loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), 0);
+        if (!_isEnsembleShown) throw std::bad_alloc();
         return;
     }
     setLastEnsemble(true);
@@ -290,7 +295,7 @@ void MainWindow::seekRecord()
         _segyloader->setPlace(before);
         if (!isTaken) return;
         takeLoaderKeys();
-        if (_segyloader->reloadEnsemble()) showRecord(_segyloader->numTraces() > 0);
+        showLoaded([this] { return _segyloader->reloadEnsemble(); });
         return;
     }
     storeImages();
