@@ -33,7 +33,7 @@ SegyLoader::SegyLoader(int ifile, const QString& cfiles, int imode, int isort, i
                        const HeaderTable* headerTable)
     : _cfiles(cfiles), _ifile(ifile - 1), _imode(imode), _isort(isort), _iformat(iformat),
       _ivariable(ivariable), _iswap(iswap), _icscale(icscale), _iescale(iescale), _userSamples(nsamp),
-      _userTraces(maxtr), _userRate(srate), _nsamp(nsamp), _maxtr(maxtr), _srate(srate), _iremap(iremap),
+      _userTraces(maxtr), _userSort(isort), _userRate(srate), _nsamp(nsamp), _maxtr(maxtr), _srate(srate), _iremap(iremap),
       _itype(itype), _itform(0), _iStandAlone(isstandalone ? 1 : 0), _report(report), _progress(progress),
       _segyheader(nullptr, 0, headerTable), _isIndexAsked(indexbuilt != 0), _isIndexBuilt(indexbuilt != 0)
 {
@@ -161,6 +161,7 @@ bool SegyLoader::takeReelValues()
             formatted("\n\nSEGYLOADER: Error, sample rate is less than zero. value=%d\n\n", reel.nsr));
         return false;
     }
+    _isort = _userSort;
     buildSortKeys();
     if (formatOfChoice(_iformat) > 0) reel.format = int16_t(formatOfChoice(_iformat));
     if (reel.format < SegyIbm || reel.format > SegyInteger1)
@@ -228,6 +229,7 @@ void SegyLoader::buildSortKeys()
 {
     _keys = segySortKeys(_isort, _segydata ? _segydata->reel.sort : 0);
     _isort = _keys.code;
+    _iepkey = _ieskey = 0;
     if (_keys.ipkey < 0) return;
     _iepkey = _segyheader.OrvinHeaderIndex(_keys.priWord) + 1;
     _ieskey = _segyheader.OrvinHeaderIndex(_keys.secWord) + 1;

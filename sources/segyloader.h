@@ -194,7 +194,7 @@ private:
     const QString _cfiles;
     QStringList cfileList;
     int _ifile, _imode, _isort, _iformat, _ivariable, _iswap, _icscale, _iescale;
-    const int _userSamples, _userTraces;
+    const int _userSamples, _userTraces, _userSort;
     const float _userRate;
     int _nsamp, _maxtr;
     float _srate;
