@@ -113,6 +113,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
                                                littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
                                                parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
                                                _report.get(), _progress.get(), &_headerTable);
+    loader->setLayout(parm.layout);
     if (_segy) loader->setRemapTable(parm.iremap, _segy->remapTable());
     // The index and the first ensemble may be refused, too: all is read before anything is let go.
     if (!loader->openFiles() || !loader->buildAskedIndex() || !loader->loadNextEnsemble(1)) {

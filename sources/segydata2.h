@@ -4,6 +4,7 @@
 
 #include "sources/bytesource.h"
 #include "sources/segymap.h"
+#include "sources/segyreadlayout.h"
 #include "sources/segyrecords.h"
 #include "sources/segyremaptable.h"
 
@@ -31,6 +32,7 @@ struct SegyReadParm {
     int icscale = 0;     ///< the one scalar switch of the map
     int formatCode = 0;  ///< sample format in place of the reel's; 0 is the reel's
     SegyRemapTable remapTable;
+    SegyReadLayout layout;  ///< for reading; its byte order is for those who set iswap
 };
 
 /// Touches a SEG-Y file: opens it, reads or writes headers and traces, and lists all traces in a map.
@@ -115,7 +117,12 @@ public:
     int maxBytes() const { return _maxBytes; }
     /// Room that readTrace uses: a trace as long as its count can tell, or numSamples() floats; at most maxBytes().
     int bufferBytes() const { return _bufferBytes; }
+    /// Of a trace record in the file, in bytes.
     int traceLength() const { return segytrclength; }
+    /// Byte of the first trace, which readTrace begins with.
+    int64_t firstTrace() const { return _parm.layout.firstTrace; }
+    /// The format in force: the layout's, or the reel's.
+    int sampleFormat() const { return _parm.layout.sampleFormat > 0 ? _parm.layout.sampleFormat : reel.format; }
     int64_t fileSize() const { return _source ? _source->size() : 0; }
     const QString& curFile() const { return _curFile; }
     const SegyReadParm& parm() const { return _parm; }
@@ -137,6 +144,7 @@ private:
 
     int64_t readBytes(int64_t n, void* out);
     int readFixed(char* record);
+    int64_t readHeader(char* record);
     int readVariable(char* record);
     DataLength dataLength(const void* rawHeader) const;
     void reportBadLength(const void* rawHeader, const DataLength& length);

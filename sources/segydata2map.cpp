@@ -77,7 +77,7 @@ void segyData2::MapBuild::beginProgress(bool show)
     const QString name = _data->_curFile;
     _data->_progress->begin(_data->_parm.imode == 0 ? "Read SEGY File" : "Write SEGY File",
                             "File: " + name.toStdString() + "\n\nBuilding Index Map ......... Please Wait");
-    const float steps = float(_data->fileSize() - segyReelBytes) / (float(_data->segytrclength) * float(tracesAStep));
+    const float steps = float(_data->fileSize() - _data->firstTrace()) / (float(_data->segytrclength) * float(tracesAStep));
     _data->_progress->setRange(0, int(std::clamp(steps, 0.0f, 1e9f)));
 }
 
@@ -93,7 +93,7 @@ bool segyData2::MapBuild::step(int nTraces)
 /// The rest of the file is taken to go on as its beginning has.
 void segyData2::giveUpMap(int64_t offset)
 {
-    const double share = double(_source->size() - segyReelBytes) / double(std::max<int64_t>(1, offset - segyReelBytes));
+    const double share = double(_source->size() - firstTrace()) / double(std::max<int64_t>(1, offset - firstTrace()));
     _mapBytesNeeded = int64_t(double(_map.count()) * double(SegyMap::bytesAnItem) * std::max(1.0, share));
     _map = SegyMap();
 }
@@ -111,13 +111,13 @@ bool segyData2::buildMap(bool show)
     }
     build.beginProgress(show);
     const int64_t size = _source->size();
-    const int64_t traceBytes = std::max<int64_t>(0, size - segyReelBytes);
+    const int64_t traceBytes = std::max<int64_t>(0, size - firstTrace());
     const int64_t nFixed = variable ? 0 : (traceBytes + segytrclength - 1) / segytrclength;
     const int64_t mostItems = std::min<int64_t>(_mapLimit / SegyMap::bytesAnItem, INT_MAX);
     if (nFixed > 0 && !_map.reserve(std::min<int64_t>(_map.count() + nFixed, mostItems))) throw std::bad_alloc();
     SegyHeaderReader reader(*_source, segytrclength);
     const auto ifile = uint32_t(_map.fileIndex(_curFile));
-    int64_t offset = segyReelBytes;
+    int64_t offset = firstTrace();
     bool isWanted = true;
     for (;;) {
         int nPresent = 0;
@@ -128,7 +128,7 @@ bool segyData2::buildMap(bool show)
         if (variable) {
             const DataLength length = dataLength(raw);
             if (length.isBad) reportBadLength(raw, length);
-            const int64_t dataStart = offset + segyTraceHeaderBytes;
+            const int64_t dataStart = offset + _parm.layout.headerBytes;
             if (nPresent < segyTraceHeaderBytes || dataStart >= size || length.wanted <= 0) break;
             next = length.isBad ? dataStart + length.declared : std::min(dataStart + length.declared, size);
         }

@@ -2,6 +2,7 @@
 
 #include "host/globals.h"
 #include "host/report.h"
+#include "host/signal/bytes.h"
 #include "sources/formatted.h"
 #include "sources/segymapthread.h"
 #include "sources/segysamples.h"
@@ -106,6 +107,7 @@ SegyReadParm SegyLoader::readParm() const
     parm.icscale = _icscale;
     parm.formatCode = formatOfChoice(_iformat);
     parm.remapTable = _table;
+    parm.layout = _layout;
     return parm;
 }
 
@@ -164,7 +166,7 @@ bool SegyLoader::takeReelValues()
     _isort = _userSort;
     buildSortKeys();
     if (formatOfChoice(_iformat) > 0) reel.format = int16_t(formatOfChoice(_iformat));
-    if (reel.format < SegyIbm || reel.format > SegyInteger1)
+    if (_layout.sampleFormat == 0 && (reel.format < SegyIbm || reel.format > SegyInteger1))
         _report->assumed(formatted(
             "SegyLoader: sample format code %d is unknown: samples are taken as 4-byte IEEE", reel.format));
     return true;
@@ -199,13 +201,13 @@ bool SegyLoader::openOneFile(const QString& name)
     _numtraces = 0;
     _curTrace = 0;
     _hasEnsemble = false;
-    _segydata->setPos(segyReelBytes);
+    _segydata->setPos(uint64_t(_segydata->firstTrace()));
     return true;
 }
 
 void SegyLoader::reportCutTrace()
 {
-    const int64_t traceBytes = _segydata->fileSize() - segyReelBytes;
+    const int64_t traceBytes = _segydata->fileSize() - _segydata->firstTrace();
     const int64_t record = _segydata->traceLength();
     if (_ivariable || traceBytes <= 0 || traceBytes % record == 0) return;
     _report->assumed(
@@ -257,6 +259,15 @@ void SegyLoader::initBuild()
     runtime.ipsort = _keys.ipsort;
     runtime.idomain = _menu->idomain;
     runtime.idtyp = _isStacked ? 7 : 0;
+}
+
+void SegyLoader::setLayout(const SegyReadLayout& layout)
+{
+    _layout = layout;
+    _layout.firstTrace = std::max(layout.firstTrace, int64_t(segyReelBytes));
+    _layout.headerBytes = std::clamp(layout.headerBytes, segyTraceHeaderBytes, mostSegyHeaderBytes);
+    if (layout.byteOrder != SegyByteOrder::OfType)
+        _iswap = (layout.byteOrder == SegyByteOrder::HighestFirst) == littleEndian();
 }
 
 void SegyLoader::setRemapTable(int iremap, const SegyRemapTable& table)

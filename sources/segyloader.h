@@ -43,6 +43,9 @@ public:
     ~SegyLoader() override;
 
     void setMenu(parmmenu* menu);
+    /// Where the files' parts stand; before openFiles. Bounded to what can be.
+    void setLayout(const SegyReadLayout& layout);
+    const SegyReadLayout& layout() const { return _layout; }
     /// Opens and checks all files; the last one stays in use. On failure says why and returns false; the
     /// loader is then of no further use.
     bool openFiles();
@@ -181,7 +184,7 @@ private:
     void growBuffers(int nTraces);
     int64_t bytesOfTraces(int64_t nTraces) const;
     /// Work space of a trace of narrow integers.
-    int64_t narrowBytes() const { return 2 * int64_t(_nsamp); }
+    int64_t narrowBytes() const;
     bool isJustified(int64_t nBytes) const { return nBytes <= mostBytes(); }
     void reportTooLarge(const char* what, int64_t nBytes);
     void reportNoMemory();
@@ -206,6 +209,7 @@ private:
 
     std::unique_ptr<segyData2> _segydata;
     SegyRemapTable _table;
+    SegyReadLayout _layout;
     std::vector<SegyRemapRow> _remapRows;
     SegyHeader _segyheader;
     int _headerIndex[SegyHeader::nMappedWords];

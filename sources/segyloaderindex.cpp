@@ -4,6 +4,7 @@
 #include "host/report.h"
 #include "sources/formatted.h"
 #include "sources/segymapthread.h"
+#include "sources/segysamples.h"
 
 #include <algorithm>
 #include <cstring>
@@ -178,6 +179,12 @@ int64_t SegyLoader::bytesOfTraces(int64_t nTraces) const
 {
     constexpr int64_t pointers = 4 * sizeof(void*) + 32;  // and what an allocation takes besides
     return nTraces * (4 * int64_t(_nsamp) + 4 * std::max(1, _orvinheaderwords) + pointers);
+}
+
+int64_t SegyLoader::narrowBytes() const
+{
+    const bool isThree = _segydata && segySampleBytes(_segydata->sampleFormat()) == 3;
+    return int64_t(isThree ? 3 : 2) * _nsamp;
 }
 
 int64_t SegyLoader::bytesInUse() const

@@ -86,6 +86,13 @@ for code in range(7):
     save("segyfixedfuzz", "format-%d" % code, bytes([0x21 | code << 2]) + good)
     save("segyvariablefuzz", "format-%d" % code, bytes([0x21 | code << 2]) + good)
 
+for layout in range(8):
+    for name in ("good", "cutsample", "cutheader", "longer"):
+        content = nasty[name][:3600] + b" " * 3200 + nasty[name][3600:]
+        for target in ("segyfixedfuzz", "segyvariablefuzz"):
+            save(target, "layout-%s-%d" % (name, layout), bytes([0x81, 1 | layout << 4]) + content)
+            save(target, "longheader-%s-%d" % (name, layout), bytes([0x81, 4 | layout << 4]) + nasty[name])
+
 for name in ("good", "little", "empty", "reelonly", "longer", "garbage", "bytewise", "onelong", "hugecount"):
     # Bits: variable, index, typed count (two), other byte order; then the sort and the sample format.
     for choice in (0x00, 0x01, 0x02, 0x03, 0x0c, 0x13):
