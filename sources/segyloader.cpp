@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstring>
 #include <new>
 
 /// Reel format codes of the format choices 1 to 6.
@@ -167,8 +168,9 @@ bool SegyLoader::takeReelValues()
     buildSortKeys();
     if (formatOfChoice(_iformat) > 0) reel.format = int16_t(formatOfChoice(_iformat));
     if (_layout.sampleFormat == 0 && (reel.format < SegyIbm || reel.format > SegyInteger1))
-        _report->assumed(formatted(
-            "SegyLoader: sample format code %d is unknown: samples are taken as 4-byte IEEE", reel.format));
+        assume({.name = formatted("sample format code %d is unknown", reel.format),
+                .consequence = "samples are taken as 4-byte IEEE",
+                .control = "Data sample format:"});
     return true;
 }
 
@@ -187,9 +189,13 @@ bool SegyLoader::openOneFile(const QString& name)
         _report->line("SegyLoader: Error while reading reel headers.\n");
         return false;
     }
+    _assumptions = SegyAssumptions();
     if (!takeReelValues()) return failReelValues();
+    _assumptions.setContext(assumptionContext());
     _segydata->setTraceBytes();
     reportCutTrace();
+    assumeOfReel();
+    assumeOfRemap();
     freeBuffers();
     _itempTrc = {};
     const int64_t needed = _segydata->bufferBytes() + narrowBytes() + bytesOfTraces(1);
@@ -210,10 +216,73 @@ void SegyLoader::reportCutTrace()
     const int64_t traceBytes = _segydata->fileSize() - _segydata->firstTrace();
     const int64_t record = _segydata->traceLength();
     if (_ivariable || traceBytes <= 0 || traceBytes % record == 0) return;
-    _report->assumed(
-        formatted("SegyLoader: 1 trace is cut by the end of the file, trace %lld (%d bytes of %d): "
-                  "the rest counts as 0",
-                  static_cast<long long>(traceBytes / record + 1), int(traceBytes % record), int(record)));
+    assume({.name = formatted("1 trace is cut by the end of the file, trace %lld (%d bytes of %d)",
+                              static_cast<long long>(traceBytes / record + 1), int(traceBytes % record), int(record)),
+            .consequence = "the rest counts as 0",
+            .control = "Num samples per trace:"});
+}
+
+void SegyLoader::assume(const SegyAssumption& assumption)
+{
+    if (_assumptions.note(assumption)) _report->assumed(assumption.line());
+}
+
+SegyAssumptionContext SegyLoader::assumptionContext() const
+{
+    return {_iescale != 0, _icscale != 0, _ivariable != 0, _nsamp, _segydata->reel.nsr};
+}
+
+/// What the standard's later editions put between the reel and the samples, and the settings don't follow.
+void SegyLoader::assumeOfReel()
+{
+    const auto* reel = reinterpret_cast<const char*>(&_segydata->reel);
+    const auto word = [&](int byte) {
+        int16_t value;
+        std::memcpy(&value, reel + byte, sizeof value);
+        if (_segydata->parm().iswap) endianSwap(&value, 2, 1);
+        return int(value);
+    };
+    constexpr int textCountByte = 3504, extraHeadersByte = 3506, revisionByte = 3500, mostTexts = 1000;
+    const int nTexts = word(textCountByte);
+    const bool isText = nTexts == -1 || (nTexts >= 1 && nTexts <= mostTexts);
+    const int64_t textEnd = segyReelBytes + int64_t(std::max(1, nTexts)) * segyTextBytes;
+    if (isText && _layout.firstTrace == segyReelBytes && textEnd <= _segydata->fileSize())
+        assume({.name = nTexts < 0 ? std::string("extended text headers are told")
+                                   : formatted("%d extended text header%s told", nTexts, nTexts == 1 ? " is" : "s are"),
+                .consequence = "their bytes are read as traces",
+                .control = "First trace at byte:"});
+    const auto revision = static_cast<unsigned char>(std::max(reel[revisionByte], reel[revisionByte + 1]));
+    int nExtra = word(extraHeadersByte);
+    if (nExtra == 0) nExtra = word(extraHeadersByte + 2);  // as a word of four bytes
+    if (revision == 2 && nExtra >= 1 && nExtra <= mostSegyHeaderBytes / segyTraceHeaderBytes - 1 &&
+        _layout.headerBytes == segyTraceHeaderBytes)
+        assume({.name = formatted("trace headers of %d bytes are told", segyTraceHeaderBytes * (1 + nExtra)),
+                .consequence = "what is behind the first 240 is read as samples",
+                .control = "Trace header length:"});
+}
+
+void SegyLoader::assumeOfRemap()
+{
+    if (!_iremap) return;
+    for (int row = 0; row < SegyRemapTable::nRows; ++row) {
+        const QString fault = _segyheader.remapRowFault(_table, row);
+        if (fault.isEmpty()) continue;
+        assume({.name = formatted("row %d of the remap table", row + 1),
+                .consequence = fault.toStdString(),
+                .control = "Re-map Table"});
+    }
+}
+
+/// Key numbers without a slot of the map sort by the first slot.
+void SegyLoader::assumeOfSort()
+{
+    if (_keys.ipkey < 0 || !segyData2::getHeaderName(_keys.ipkey).isEmpty()) return;
+    const std::string name = _isort >= 1 && _isort <= segySortNames().size()
+                                 ? segySortNames()[_isort - 1].toStdString()
+                                 : std::string(_keys.priWord);
+    assume({.name = "the index has no key for the sort \"" + name + "\"",
+            .consequence = "it is sorted by the channel",
+            .control = "Data sort order:"});
 }
 
 bool SegyLoader::failReelValues()

@@ -151,6 +151,8 @@ public:
     bool isIndexBuilt() const { return _isIndexBuilt; }
     /// True from the start of a background build until its result has been taken over, or it was given up.
     bool isIndexBuilding() const { return _isIndexBuilding; }
+    /// All that was taken for granted of the file so far; each kind is told to the report at its first place.
+    std::vector<SegyAssumption> assumptions() const { return _assumptions.all(); }
     int numEnsembles() const { return int(_priValues.size()); }
     /// Sets the entry of priList that the next load counts from.
     void setEnsemble(int entry) { _priCurKey = entry; }
@@ -160,6 +162,8 @@ signals:
     void reLoadData();
     /// A background build has been taken over: previous and seek work from now on.
     void indexBuilt();
+    /// assumptions() has grown, or a count of it.
+    void assumptionsChanged();
     /// A background build has ended, well or not.
     void indexBuildEnded();
 
@@ -173,6 +177,11 @@ private:
     bool failReelValues();
     void reportComma(const QString& name);
     void reportCutTrace();
+    void assume(const SegyAssumption& assumption);
+    void assumeOfReel();
+    void assumeOfRemap();
+    void assumeOfSort();
+    SegyAssumptionContext assumptionContext() const;
     SegyReadParm readParm() const;
     void buildSortKeys();
     void takeBuiltMap();

@@ -141,6 +141,7 @@ void SegyLoader::listPrimaryKeys()
         const int slot = segyData2::getItemKey(_keys.ipkey);
         _priName = segyData2::getHeaderName(_keys.ipkey);
         _secName = segyData2::getHeaderName(_keys.iskey);
+        assumeOfSort();
         for (int i = 0; i < _segydata->totalTraces(); ++i) {
             const int value = segyKeyValue(_segydata->map().items()[i].item[slot]);
             if (!_priValues.empty() && value == _priValues.back()) {
@@ -202,7 +203,7 @@ void SegyLoader::reportTooLarge(const char* what, int64_t nBytes)
 {
     _report->box("SEGY Memory",
                  formatted("%s of this file would need about %.0f MiB of memory, with what else the file takes.\n"
-                           "A file of %.4g MiB justifies at most %.0f MiB: it is not what the settings say.\n\n"
+                           "A file of %.4g MiB justifies at most %.0f MiB, so these settings can't be right.\n\n"
                            "Check the number of samples, the sample format and the trace length, or press "
                            "\"Guess Settings\". Nothing has been changed.",
                            what, mebibytes(nBytes), mebibytes(_segydata->fileSize()), mebibytes(mostBytes())));
@@ -289,7 +290,6 @@ bool SegyLoader::loadEntry(int64_t entry)
     if (!_segydata) return true;
     const Place before = place();
     _hasEnsemble = false;
-    _assumptions.start(_iescale != 0, _icscale != 0);
     int iTrace = 0;
     if (_isIndexBuilt) {
         if (_priValues.empty()) return true;
@@ -313,9 +313,11 @@ bool SegyLoader::loadEntry(int64_t entry)
         freeBuffers();
         reportNoMemory();
     }
-    if (isLoaded)
-        for (const std::string& text : _assumptions.lines()) _report->assumed(text);
-    return isLoaded;
+    if (!isLoaded) return false;
+    _assumptions.endEnsemble();
+    for (const SegyAssumption& assumption : _assumptions.takeNew()) _report->assumed(assumption.line());
+    if (!_assumptions.all().empty()) emit assumptionsChanged();
+    return true;
 }
 
 /// Reads from a map index, or from the position on, to the end of the ensemble. Returns its number of traces;
