@@ -51,7 +51,8 @@ constexpr double leastRun = 1.5;
 
 SegySortGuess volumeSort(const Keys& keys)
 {
-    const bool isInline = keys.inLine.run >= keys.crossLine.run;
+    // A word that is 0 everywhere groups nothing.
+    const bool isInline = keys.crossLine.isZero || (!keys.inLine.isZero && keys.inLine.run >= keys.crossLine.run);
     const bool isGather = keys.isBinFilled && keys.offset.isVarying;
     SegySortGuess guess;
     guess.code = isGather ? (isInline ? SortInline : SortCrossline)
@@ -110,7 +111,8 @@ SegySortGuess guessSegySort(const SegyHeaderSample& sample, int reelSort)
         guess.evidence =
             formatted("CMP number at byte 21 changes after %.3g traces on average, %s", keys.cdp.run,
                       keys.offset.isVarying ? "one trace each" : "one offset only");
-    } else if (lineRun >= leastRun && (keys.inLine.isVarying || keys.crossLine.isVarying)) {
+    } else if ((keys.inLine.isVarying && keys.inLine.run >= leastRun) ||
+               (keys.crossLine.isVarying && keys.crossLine.run >= leastRun)) {
         return volumeSort(keys);
     } else {
         guess.evidence = "neither field record, CMP, inline nor crossline group the traces";
