@@ -143,7 +143,7 @@ void MainWindow::buildMainPlot()
 int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
 {
     if (screen < 0 || screen >= _displaylist.size()) return 0;
-    _displaylist[screen]->loadSeismicData(traces, heads, n, true);
+    _isEnsembleShown = _displaylist[screen]->loadSeismicData(traces, heads, n, true) == 0;
     endViewing();
     if (_showDifference && _actions->box("differBox")->isChecked() && screen == _menu->iscreens - 1) loadDifference();
     if (_parmmenu) _parmmenu->update();

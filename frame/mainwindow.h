@@ -174,6 +174,10 @@ private:
     void showRecord(bool found);
     void setNavigation();
     void takeLoaderKeys();
+    bool takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadParm& parm);
+    void showLoader(const SegyLoadParm& parm, const QString& name);
+    template <class Load>
+    bool showLoaded(Load load);
     void tellNotBuilt(const QString& what);
 
     QVBoxLayout* _cvLayout = nullptr;
@@ -206,6 +210,7 @@ private:
     bool _isViewing = false;       // stored pictures are shown
     bool _couldGoForward = false;  // before they were
     bool _isSegy = false;
+    bool _isEnsembleShown = true;  // of the last ensemble handed to a display: there was memory for it
     bool _isStandAlone = true;
     bool _dataReady = false;
     QString _fileName, _areaName, _lineName, _flowName;

@@ -23,6 +23,7 @@
 #include <QSettings>
 #include <QStatusBar>
 
+#include <new>
 #include <vector>
 
 namespace {
@@ -34,6 +35,23 @@ struct WaitCursor {
 };
 
 }  // namespace
+
+/// Runs a step of a load. False after a box when there is not enough memory for it; `back` then undoes it.
+template <class Step, class Back>
+static bool runLoad(Report* report, Step step, Back back)
+{
+    try {
+        step();
+        return true;
+    } catch (const std::bad_alloc&) {
+        try {
+            back();
+        } catch (const std::bad_alloc&) {  // not even for what was there: the display is then empty
+        }
+        report->box("SEGY Memory", "There is not enough memory to show this data. Nothing has been changed.");
+        return false;
+    }
+}
 
 /// How the record says that its file is to be read.
 static SegyLoadParm loadParm(const parmmenu& menu)
@@ -95,35 +113,23 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
                                                littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
                                                parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
                                                _report.get(), _progress.get(), &_headerTable);
+    loader->setLayout(parm.layout);
     if (_segy) loader->setRemapTable(parm.iremap, _segy->remapTable());
-    if (!loader->openFiles()) {
+    // The index and the first ensemble may be refused, too: all is read before anything is let go.
+    if (!loader->openFiles() || !loader->buildAskedIndex() || !loader->loadNextEnsemble(1)) {
+        _progress->close();
         _assumptionsPanel->setLines(assumedBefore);
         QGuiApplication::restoreOverrideCursor();
         QMessageBox::critical(this, "SEGY Load Error", "Error while open or read from file: " + parm.files);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         return 0;
     }
-    // The new file is open and sound: only now does the old one go.
-    loader->setMenu(_menu);
-    if (_segy) _segy->buildConnections(loader.get());
-    loader->initBuild();
     _progress->close();
     connect(loader.get(), &SegyLoader::indexBuilt, this, [this] { enableBackKey(true); });
-    _segyloader = std::move(loader);
-    _segyParm = parm;
-    _segyParm.iremap = _segyloader->applyRemap();  // a useless table has switched itself off
-    if (_segy) _segy->setLoadParm(_segyParm);
-    _isSegy = true;
-    _dataReady = false;
-    saveHeader();
-    _segyloader->saveHeaders();
-    _segyloader->loadNextEnsemble(1);
-    endViewing();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
-    _fileName = QFileInfo(parm.files.section(',', 0, 0)).fileName();
-    setAreaLineTitle(_showAreaLine);
-    showRecord(_segyloader->numTraces() > 0);
-    if (_parmmenu) _parmmenu->updateAll();
+    if (!takeLoader(&loader, parm)) {
+        _assumptionsPanel->setLines(assumedBefore);
+        return 0;
+    }
     setNavigation();
     _dataReady = true;
     if (!parm.files.contains(',')) {
@@ -134,16 +140,82 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     return 1;
 }
 
+/// Puts a loader that stands on its first ensemble in place of the present one. When there is no memory to show
+/// it, the old one and its record come back; false.
+bool MainWindow::takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadParm& parm)
+{
+    const parmmenu menuBefore = *_menu;
+    const SegyLoadParm parmBefore = _segyParm;
+    const QString nameBefore = _fileName;
+    std::swap(_segyloader, *loader);
+    const auto takeNew = [&] {
+        _segyloader->setMenu(_menu);
+        _isSegy = true;
+        _dataReady = false;
+        SegyLoadParm taken = parm;
+        taken.iremap = _segyloader->applyRemap();  // a useless table has switched itself off
+        showLoader(taken, QFileInfo(parm.files.section(',', 0, 0)).fileName());
+    };
+    const auto takeOld = [&] {
+        std::swap(_segyloader, *loader);
+        *_menu = menuBefore;
+        _isSegy = _segyloader != nullptr;
+        if (_segyloader) _segyloader->reloadEnsemble();
+        showLoader(parmBefore, nameBefore);
+        _dataReady = true;
+    };
+    return runLoad(_report.get(), takeNew, takeOld);
+}
+
+/// Menu, titles and displays follow the loader, which may be none.
+void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
+{
+    _segyParm = parm;
+    _fileName = name;
+    if (_segy) _segy->buildConnections(_segyloader.get());
+    if (_segyloader) _segyloader->initBuild();
+    if (_segy) _segy->setLoadParm(_segyParm);
+    if (_segyloader) {
+        saveHeader();
+        _segyloader->saveHeaders();
+    }
+    endViewing();
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
+    setAreaLineTitle(_showAreaLine);
+    if (_segyloader) showRecord(_segyloader->numTraces() > 0);
+    if (_parmmenu) _parmmenu->updateAll();
+}
+
+/// Shows the ensemble that `load` brings. False with the old one in place when it was refused, or when there is
+/// no memory to show it.
+template <class Load>
+bool MainWindow::showLoaded(Load load)
+{
+    const SegyLoader::Place before = _segyloader->place();
+    bool isLoaded = false;
+    const auto show = [&] {
+        isLoaded = load();
+        if (isLoaded) showRecord(_segyloader->numTraces() > 0);
+    };
+    const auto back = [&] {
+        _segyloader->setPlace(before);
+        if (_segyloader->reloadEnsemble()) showRecord(_segyloader->numTraces() > 0);
+    };
+    return runLoad(_report.get(), show, back) && isLoaded;
+}
+
 void MainWindow::saveHeader()
 {
     _segyloader->fillHeaderTable(&_headerTable);
 }
 
-/// Shows the loader's present ensemble, or says that there is none.
+/// Shows the loader's present ensemble, or says that there is none. Throws std::bad_alloc when there is no memory
+/// to show it.
 void MainWindow::showRecord(bool found)
 {
     if (found) {
         loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), 0);
+        if (!_isEnsembleShown) throw std::bad_alloc();
         return;
     }
     setLastEnsemble(true);
@@ -171,8 +243,7 @@ void MainWindow::nextRecord()
     enableBackKey(_segyloader->canSeek());
     {
         WaitCursor wait;
-        _segyloader->loadNextEnsemble(_menu->moveup);
-        showRecord(_segyloader->numTraces() > 0);
+        showLoaded([this] { return _segyloader->loadNextEnsemble(_menu->moveup); });
     }
     if (_segyloader->canSeek() && _segyloader->numTraces() > 0 && display()->isRepeated()) statusBar()->showMessage("Last record");
     _dataReady = true;
@@ -186,12 +257,10 @@ void MainWindow::previousRecord()
     _run.pressPrevious();
     {
         WaitCursor wait;
-        if (_segyloader->loadLastEnsemble(_menu->moveup) && _segyloader->numTraces() > 0) {
-            showRecord(true);
-            setLastEnsemble(false);
-        } else {
+        if (!_segyloader->canSeek() || _segyloader->numEnsembles() == 0)
             enableBackKey(false);
-        }
+        else if (showLoaded([this] { return _segyloader->loadLastEnsemble(_menu->moveup); }))
+            setLastEnsemble(false);
     }
     _dataReady = true;
 }
@@ -209,13 +278,28 @@ void MainWindow::seekRecord()
     SegyRecDialog dialog(_segyloader.get(), this);
     if (dialog.exec() != QDialog::Accepted) return;
     WaitCursor wait;
-    if (dialog.getSortKey() != _segyloader->currentSortKey()) {
-        _segyloader->buildNewSort(dialog.getSortKey());
+    const int sortBefore = _segyloader->currentSortKey();
+    const SegyLoader::Place before = _segyloader->place();
+    const bool isNewSort = dialog.getSortKey() != sortBefore;
+    if (isNewSort) _segyloader->buildNewSort(dialog.getSortKey());
+    bool isTaken = false;
+    const auto seek = [&] {
+        if (!_segyloader->seekEnsemble(dialog.prikey())) return false;
+        isTaken = isNewSort;
+        if (!isTaken) return true;
         takeLoaderKeys();
         _segyloader->dataLoaded();  // the trace tab counts in the new order
+        return true;
+    };
+    if (!showLoaded(seek)) {
+        if (!isNewSort) return;
+        _segyloader->buildNewSort(sortBefore);
+        _segyloader->setPlace(before);
+        if (!isTaken) return;
+        takeLoaderKeys();
+        showLoaded([this] { return _segyloader->reloadEnsemble(); });
+        return;
     }
-    _segyloader->seekEnsemble(dialog.prikey());
-    showRecord(_segyloader->numTraces() > 0);
     storeImages();
     setLastEnsemble(false);
     enableBackKey(true);
