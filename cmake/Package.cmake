@@ -42,6 +42,8 @@ The program trevia looks at SEG-Y files from the command line and makes a
 survey with known answers.")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Plug-ins are not linked, so that nothing finds them: .tif is one.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt5-image-formats-plugins")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)

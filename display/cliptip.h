@@ -1,4 +1,4 @@
-/// The tool tip of a canvas: how many samples the clip cuts off.
+/// The tool tip of a canvas: which share of the samples the clip cuts off.
 #ifndef CLIPTIP_H
 #define CLIPTIP_H
 
@@ -16,7 +16,7 @@ public:
     /// @param plot    lent, may go before the canvas only with it
     ClipTip(QWidget* canvas, const SeismicPlot* plot);
 
-    /// "N of M samples are clipped"; empty without data and for displays without excursions.
+    /// "2.5 % of the samples are clipped"; empty without data and for displays without excursions.
     QString text();
     /// How often the samples were counted so far.
     int counts() const { return _counts; }

@@ -7,6 +7,7 @@
 #include "host/home.h"
 #include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
+#include "widgets/wholefile.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
@@ -19,7 +20,6 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QScopedValueRollback>
 
 static QString colorFolder()
@@ -310,14 +310,6 @@ static QString colorFilePath(const QString& typed)
     return colorFolder() + name + ".col";
 }
 
-static bool writeFile(const QString& name, const std::string& text)
-{
-    QDir().mkpath(colorFolder());
-    QSaveFile file(name);
-    return file.open(QIODevice::WriteOnly) &&
-           file.write(text.data(), qint64(text.size())) == qint64(text.size()) && file.commit();
-}
-
 void ColorBarDialog::saveColorMap()
 {
     bool ok = false;
@@ -335,8 +327,10 @@ void ColorBarDialog::saveColorMap()
         return;
     ColorFile colors = tableColors();
     colors.numColors = _colorTable->rowCount();
-    if (!writeFile(name, colorFileText(colors))) {
-        QMessageBox::critical(this, tr("Color File Error"), tr("%1 can't be written.").arg(name));
+    QDir().mkpath(colorFolder());
+    QString error;
+    if (!writeWhole(name, QByteArray::fromStdString(colorFileText(colors)), &error)) {
+        QMessageBox::critical(this, tr("Color File Error"), error);
         return;
     }
     applyToBars([&](ColorBarFrame* bar) {

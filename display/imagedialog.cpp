@@ -4,6 +4,7 @@
 #include "display/seismicdisplay.h"
 #include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
+#include "widgets/pictureexport.h"
 #include "widgets/waitcursor.h"
 
 #include <QCheckBox>
@@ -14,6 +15,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -387,6 +389,12 @@ void ImageDialog::fileImage()
 void ImageDialog::takeFile(const QString& name)
 {
     if (name == _oldFile) return;
+    QString error;
+    if (!canWritePicture(numberedName(name, 1), &error)) {
+        _fileField->setText(_imgstore->savedFile());
+        QMessageBox::critical(this, tr("Image Format Error"), error);
+        return;
+    }
     _oldFile = name;
     const WaitCursor wait;
     _imgstore->setSavedFile(name);

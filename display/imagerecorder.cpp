@@ -154,11 +154,17 @@ void ImageRecorder::storeImage(bool extra)
 
 void ImageRecorder::saveToFile(const QString& name, bool check)
 {
-    const int i = _imgstore ? _imgstore->performSaveFile(check) : -1;
-    if (i < 0) return;
-    // While another picture is up, the window doesn't show the one that is to be written.
-    const QPixmap pixmap = _isShown ? QPixmap::fromImage(_saveImage) : _display->window()->grab();
-    savePictureFile(pixmap, numberedName(name, i + 1));
+    if (!_imgstore) return;
+    // Also those that a full disk refused before.
+    for (int i = _imgstore->performSaveFile(check); i >= 0; i = _imgstore->performSaveFile(check)) {
+        // While another picture is up, or for an older one, the window doesn't show what is to be written.
+        const bool isOnScreen = i == _imgstore->newest() && !_isShown;
+        const QPixmap pixmap = isOnScreen ? _display->window()->grab()
+                                          : QPixmap::fromImage(_imgstore->picture(i)->toImage());
+        if (savePictureFile(pixmap, numberedName(name, i + 1))) continue;
+        _imgstore->setUnsaved(i);
+        return;
+    }
 }
 
 void ImageRecorder::setShowImage(bool state)

@@ -205,6 +205,11 @@ void ImageStorage::setSavedClear()
     for (StoredPicture& picture : _pictures) picture.isSaved = false;
 }
 
+void ImageStorage::setUnsaved(int i)
+{
+    if (picture(i)) _pictures[size_t(i)].isSaved = false;
+}
+
 int ImageStorage::performSaveFile(bool check)
 {
     if (check && (!_doSave || _saveFile.isEmpty())) return -1;
@@ -222,16 +227,16 @@ void ImageStorage::performSaveFile2(int except)
     for (int i = 0; i < storeTotal() - except; ++i) {
         StoredPicture& picture = _pictures[size_t(i)];
         if (picture.isSaved) continue;
-        picture.isSaved = true;
-        savePictureFile(QPixmap::fromImage(picture.toImage()), numberedName(_saveFile, i + 1));
+        picture.isSaved = savePictureFile(QPixmap::fromImage(picture.toImage()), numberedName(_saveFile, i + 1));
     }
 }
 
-void savePictureFile(const QPixmap& pixmap, const QString& name)
+bool savePictureFile(const QPixmap& pixmap, const QString& name)
 {
     QString error;
-    if (savePicture(pixmap, name, &error)) return;
+    if (savePicture(pixmap, name, &error)) return true;
     PrintReport().line("Seismic Display: Error while writing pixmap file: " + name.toStdString() + "\n");
+    return false;
 }
 
 QString numberedName(const QString& name, int number)

@@ -101,8 +101,12 @@ public:
     /// The first picture that was not yet written, from now on marked as written; -1 if there is none, or, with
     /// check, if writing is off or no file was named.
     int performSaveFile(bool check);
-    /// Writes each picture that was not yet written, but for the last `except`, and marks it. A failure is a line
-    /// on standard output.
+    /// A picture's file could not be written after all.
+    void setUnsaved(int i);
+    /// The picture that was stored last; 0 before there is one.
+    int newest() const { return int(_last); }
+    /// Writes each picture that was not yet written, but for the last `except`, and marks those whose file
+    /// stands. A failure is a line on standard output.
     void performSaveFile2(int except = 0);
 
     /// Most bytes to hold; at first a quarter of the machine's memory.
@@ -148,7 +152,7 @@ int64_t storedBytes(const QSize& size);
 /// empty one is "junk".
 QString numberedName(const QString& name, int number);
 
-/// Writes a picture in the format of the name's suffix; a failure is a line on standard output.
-void savePictureFile(const QPixmap& pixmap, const QString& name);
+/// Writes a picture in the format of the name's suffix. A failure is false and a line on standard output.
+bool savePictureFile(const QPixmap& pixmap, const QString& name);
 
 #endif

@@ -1,5 +1,6 @@
 #include "display/scalemenu.h"
 
+#include "display/rasternumber.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "sources/segyheader.h"
@@ -206,8 +207,11 @@ void ScaleMenu::showDisplay()
     _gridSMajorEdit->setNumber(display->traceIncrement());
     _agcBox->setChecked(display->seismicPlot()->isAGC());
     _agcEdit->setEnabled(_agcBox->isChecked());
-    if (display->menu() && display->menu()->agcwinlen > 0) _agcEdit->setNumber(display->menu()->agcwinlen);
+    const TraceConditioner& conditioner = display->seismicPlot()->conditioner();
+    _agcEdit->setNumber(conditioner.agcWindow());
     _phseBox->setChecked(display->seismicPlot()->isPhase());
+    _phseSlider->setValue(wholeOf(conditioner.phaseAngle()));
+    _phseEdit->setNumber(wholeOf(conditioner.phaseAngle()));
     _phseSlider->setEnabled(_phseBox->isChecked());
     _phseEdit->setEnabled(_phseBox->isChecked());
     _opacBox->setChecked(display->menu() && display->menu()->ioverlay != 0);

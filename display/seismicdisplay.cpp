@@ -181,26 +181,36 @@ void SeismicDisplay::setMenu(parmmenu* menu)
     setOverlayMode(menu->ioverlay != 0);
     if (menu->ioverlay != 0) _lastOverlay = true;
 
-    _keys = {menu->ipkey - 1, menu->ipkeyreal - 1, menu->iskey - 1, menu->iskeyreal - 1};
+    takeKeys();
     _iskeyinc = menu->iskeyinc;
     _iskeymod = menu->iskeymod;
     _traceIncrMult = _iskeymod == 2 ? float(_iskeyinc) : 1.0f;
     _recordaxis->setMethod(_iskeymod, _iskeyinc);
 }
 
-void SeismicDisplay::setNewFile(parmmenu* menu)
+void SeismicDisplay::takeKeys()
+{
+    _keys = {_menu->ipkey - 1, _menu->ipkeyreal - 1, _menu->iskey - 1, _menu->iskeyreal - 1};
+}
+
+void SeismicDisplay::setNewKeys()
 {
     setShowImage(false);
-    _images.forgetStored();
+    setNewData();
+    takeKeys();
+    if (traceCount() > 0) axesFollowHeaders();
+    rePlot();
+}
+
+void SeismicDisplay::setNewFile(parmmenu* menu)
+{
     // Traces of the old file are shorter or longer than the record says now, and not every screen gets new ones.
-    _loadTraces = false;
-    _seismicplot->setDataLoaded(false);
-    _seismicdata->clear();
-    if (_overlayplot) {
-        _overlayplot->setDataLoaded(false);
-        _overlaydata->clear();
-    }
+    clearData();
+    // The record has the gain control for displays that are still to come; this one may have got its own since.
+    const bool isAGC = _seismicplot->isAGC();
+    const int agcWindow = _seismicplot->conditioner().agcWindow();
     setMenu(menu);
+    _seismicplot->applyAGC(isAGC, agcWindow);
     _firstTime = true;
     _timeZoomOnly = _traceZoomOnly = false;
     rePlot();

@@ -55,8 +55,16 @@ public:
     void setDifferenceFlag(bool on) { _isDifference = on; }
     /// Takes all display parameters. Lent, also for later loads.
     void setMenu(parmmenu* menu);
-    /// The same for another file, whose first ensemble is shown whole. The traces of the old one go.
+    /// The same for another file, whose first ensemble is shown whole. The traces of the old one go; the conditioning
+    /// stays.
     void setNewFile(parmmenu* menu);
+    /// Takes the keys and the ensemble size that the record has now, for another sort of the same traces; how they
+    /// are shown stays.
+    void setNewKeys();
+    /// Shows its traces as another display does: mode, conditioning, scaling, spacing, keys and grid.
+    void takeLook(const SeismicDisplay& other);
+    /// Lets the traces go; the background stays.
+    void clearData();
     /// The store of the window's pictures; without one none are stored. Lent.
     void setImageStorage(ImageStorage* imgstore) { _images.setStorage(imgstore); }
     /// Sister displays that take over zooms and pans; lent.
@@ -235,6 +243,7 @@ private:
     void makeAxes(bool enableLeft, bool enableRight);
     void makeGrid();
     void makeMouseTools();
+    void takeKeys();
     void setTimeWindow();
     void setTimeAxis();
     void setSliceAxis();

@@ -100,7 +100,7 @@ TraceConditioner::~TraceConditioner() = default;
 void TraceConditioner::applyAGC(bool state, int winlen)
 {
     _applyAGC = state;
-    if (!state) return;
+    if (!state && winlen < 1) return;  // no window is told: the former one stays
     _agcWindow = winlen;
     if (_agc) _agc->setWindowLength(winlen);
 }
@@ -108,7 +108,6 @@ void TraceConditioner::applyAGC(bool state, int winlen)
 void TraceConditioner::applyPhase(bool state, float angle)
 {
     _applyPhase = state;
-    if (!state) return;
     _angle = angle;
     if (_phase) _phase->setAngle(angle);
 }

@@ -21,9 +21,9 @@ public:
     TraceConditioner();
     ~TraceConditioner();
 
-    /// @param winlen  window in ms
+    /// @param winlen  window in ms, kept also for a gain that is off
     void applyAGC(bool state, int winlen);
-    /// @param angle  in degrees
+    /// @param angle  in degrees, kept also for a rotation that is off
     void applyPhase(bool state, float angle);
     /// Corners in Hz, rising: low cut, low pass, high pass, high cut.
     void applyFilter(bool state, int lc, int lp, int hp, int hc, bool isTime);

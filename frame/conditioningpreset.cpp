@@ -78,6 +78,24 @@ bool loadPreset(QSettings* settings, const QString& name, ConditioningPreset* pr
     return true;
 }
 
+static const char everyFileKey[] = "options/presetForEveryFile";
+
+void removePreset(QSettings* settings, const QString& name)
+{
+    settings->remove(groupOf(name));
+    if (presetForEveryFile(*settings) == name) setPresetForEveryFile(settings, QString());
+}
+
+QString presetForEveryFile(const QSettings& settings)
+{
+    return settings.value(everyFileKey).toString();
+}
+
+void setPresetForEveryFile(QSettings* settings, const QString& name)
+{
+    settings->setValue(everyFileKey, name);
+}
+
 ConditioningPreset presetOf(const SeismicPlot& plot)
 {
     const TraceConditioner& conditioner = plot.conditioner();

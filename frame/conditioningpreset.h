@@ -39,6 +39,12 @@ void savePreset(QSettings* settings, const QString& name, const ConditioningPres
 /// such preset or a value is out of its range.
 bool loadPreset(QSettings* settings, const QString& name, ConditioningPreset* preset);
 
+/// A preset that is marked for every file loses its mark, too.
+void removePreset(QSettings* settings, const QString& name);
+/// The preset that each file gets when it is opened; empty for none.
+QString presetForEveryFile(const QSettings& settings);
+void setPresetForEveryFile(QSettings* settings, const QString& name);
+
 ConditioningPreset presetOf(const SeismicPlot& plot);
 /// Sets all of it and conditions the traces once; the caller replots.
 void applyPreset(const ConditioningPreset& preset, SeismicPlot* plot);

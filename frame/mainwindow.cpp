@@ -7,6 +7,7 @@
 #include "display/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/indexbar.h"
 #include "frame/pagekeys.h"
 #include "frame/presetmenu.h"
 #include "frame/windowactions.h"
@@ -34,6 +35,8 @@
 #include <QTextStream>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 /// Resources of a static library are only linked in when they are asked for by name.
 static void initPictures()
 {
@@ -50,7 +53,10 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     _run.resetDirection();
     makeCentre();
     _actions = std::make_unique<WindowActions>(this);
+    _actions->setFlow(_menu->dotrevia == 1 || _menu->inputtool != 0);
     makeRecentMenu();
+    makeViewMenu();
+    makeRecordList();
     makeOptions();
     makeAssumptionsPanel();
     statusBar()->showMessage("Ready");
@@ -65,6 +71,7 @@ MainWindow::~MainWindow()
     // The displays borrow from the loader's parameter record and the header table.
     delete _parmmenu;
     qDeleteAll(_displaylist);
+    qDeleteAll(_spareScreens);
 }
 
 void MainWindow::makeCentre()
@@ -86,6 +93,8 @@ void MainWindow::makeCentre()
     row->addWidget(_splitter, 1);
     row->addLayout(_cvLayout);
     vLayout->addLayout(row, 1);
+    _indexBar = new IndexBar;
+    vLayout->addWidget(_indexBar);
     _controlStatus = new QStatusBar;
     _controlStatus->setObjectName("controlStatus");
     _controlStatus->setSizeGripEnabled(false);
@@ -102,6 +111,7 @@ void MainWindow::makeOptions()
     tools->addAction(keys->option());
     auto* presets = new PresetMenu(&_displaylist, this);
     tools->addMenu(presets);
+    connect(this, &MainWindow::fileShown, presets, &PresetMenu::applyToNewFile);
     connect(presets, &PresetMenu::applied, this, [this] {
         if (_parmmenu) _parmmenu->updateAll();
     });
@@ -123,21 +133,12 @@ void MainWindow::makeAssumptionsPanel()
 void MainWindow::buildMainPlot()
 {
     makeImageStorage();
-    for (int i = 0; i < _menu->iscreens; ++i) {
-        const bool isLast = i == _menu->iscreens - 1;
-        const bool hasRight = isLast && (_menu->iscreens == 1 || _menu->idifference == 0);
-        auto* column = new QSplitter(Qt::Vertical);
-        _splitter->addWidget(column);
-        _display = new SeismicDisplay(column, "Main Display", statusBar(), _controlStatus, i == 0, hasRight, i, this);
-        column->addWidget(_display);
-        _display->setColorBar(_colorBarFrame);
-        _display->setImageStorage(_imgstore.get());
-        _display->setMenu(_menu);
-        _displaylist.append(_display);
-    }
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setLists(&_displaylist, &_otherlist);
+    for (int i = 0; i < _menu->iscreens; ++i) _displaylist.append(makeScreen());
+    _display = _displaylist.last();
+    layoutScreens();
     checkRadioButtons();
     if (_menu->idifference != 0 && _menu->iscreens > 1) _actions->box("differBox")->setChecked(true);
+    showScreens();
 }
 
 int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
@@ -195,6 +196,11 @@ void MainWindow::readSettings()
     const std::unique_ptr<QSettings> settings(openSettings(nullptr));
     const QRect area = screen() ? screen()->geometry() : QRect(0, 0, 1280, 1024);
     const WindowSettings window = readWindowSettings(settings.get(), area, _menu->ireset != 0);
+    // A flow's menu tells how many; a record that asks for several gets them.
+    if (_menu->dotrevia == 0 && _menu->inputtool == 0 && _menu->iscreens == 1) {
+        _menu->iscreens = std::clamp(settings->value("screens", _menu->iscreens).toInt(), 1, mostScreens);
+        _menu->idifference = settings->value("difference", _menu->idifference).toInt() != 0;
+    }
     resize(window.size);
     move(window.pos);
     if (!window.state.isEmpty()) restoreState(window.state);
@@ -206,6 +212,9 @@ void MainWindow::writeSettings()
 {
     const std::unique_ptr<QSettings> settings(openSettings(nullptr));
     writeWindowSettings(settings.get(), {pos(), size(), _colorBarFrame->colorFile(), saveState()});
+    if (_menu->dotrevia != 0) return;
+    settings->setValue("screens", _menu->iscreens);
+    settings->setValue("difference", _menu->idifference);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -244,23 +253,15 @@ void MainWindow::closeProcessHide()
 void MainWindow::checkRadioButtons()
 {
     if (_drawMenu) _drawMenu->endDrawing();  // another tool takes the mouse
-    bool isOwned = false;
-    for (const char* name : {"showImageBox", "showVelocityBox", "showGatPickerBox", "showFBPickerBox"})
-        isOwned = isOwned || _actions->box(name)->isChecked();
+    const bool isOwned = _actions->box("showImageBox")->isChecked();
     _actions->radioBox()->setEnabled(!isOwned);
-    const int mode = isOwned                                           ? -1
-                     : _actions->radio("radioSpectrum")->isChecked() ? 1
-                     : _actions->radio("radioHeader")->isChecked()   ? 2
-                                                                       : 0;
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->showDisplay(mode);
-    if (mode > 0) tellNotBuilt(mode == 1 ? "The amplitude spectrum" : "The header view");
-}
-
-void MainWindow::checkAppBox(int which)
-{
-    const char* const names[] = {"showVelocityBox", "showGatPickerBox", "showFBPickerBox"};
-    for (int i = 0; i < 3; ++i)
-        if (i != which) _actions->box(names[i])->setChecked(false);
+    for (const auto& [name, what] : {std::make_pair("radioSpectrum", "The amplitude spectrum"),
+                                     std::make_pair("radioHeader", "The header view")}) {
+        if (!_actions->radio(name)->isChecked()) continue;
+        _actions->radio("radioZoom")->setChecked(true);
+        tellNotBuilt(what);
+    }
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->showDisplay(isOwned ? -1 : 0);
 }
 
 void MainWindow::tellNotBuilt(const QString& what)
@@ -314,28 +315,26 @@ void MainWindow::setOverlayMode(bool on)
     if (_parmmenu) _parmmenu->setOverlayMode(on);
 }
 
+/// A mode without a tool gives the mouse to nobody, so that its box doesn't stay checked.
+void MainWindow::refuseMode(const char* box, const QString& what)
+{
+    _actions->box(box)->setChecked(false);
+    tellNotBuilt(what);
+}
+
 void MainWindow::showVelocity(int state)
 {
-    if (state) checkAppBox(0);
-    checkRadioButtons();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setVelPicker(state != 0);
-    if (state) tellNotBuilt("CVS velocity picking");
+    if (state) refuseMode("showVelocityBox", "CVS velocity picking");
 }
 
 void MainWindow::showGatPicker(int state)
 {
-    if (state) checkAppBox(1);
-    checkRadioButtons();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setGatPicker(state != 0);
-    if (state) tellNotBuilt("Trevia picking");
+    if (state) refuseMode("showGatPickerBox", "Trevia picking");
 }
 
 void MainWindow::showFBPicker(int state)
 {
-    if (state) checkAppBox(2);
-    checkRadioButtons();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setFBPicker(state != 0);
-    if (state) tellNotBuilt("First-break picking");
+    if (state) refuseMode("showFBPickerBox", "First-break picking");
 }
 
 void MainWindow::doFBPicking(bool) {}

@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class AssumptionsPanel;
@@ -19,9 +20,11 @@ class ParmMenuDialog;
 class DialogProgress;
 class DrawDialog;
 class ImageStorage;
+class IndexBar;
 class QSplitter;
 class QStatusBar;
 class QVBoxLayout;
+class RecordList;
 class SegyLoader;
 class SegyMenuDialog;
 class SeismicDisplay;
@@ -107,6 +110,8 @@ public:
     void pickTraceChange(const float* trace, int start, int n, int iTrace) override;
 
 public slots:
+    /// Asks for a file, in the folder of the last one.
+    void openSegyFile();
     void print();
     void exportPDF();
     /// The whole ensemble of the first screen, true to scale.
@@ -139,9 +144,6 @@ public slots:
     void showGatPicker(int state);
     void showFBPicker(int state);
     void checkRadioButtons();
-    /// Keeps the three picking boxes exclusive: checking one (0 velocity, 1 gates, 2 first breaks) unchecks
-    /// the others.
-    void checkAppBox(int which);
 
 signals:
     /// The first ensemble of a file is on the screen.
@@ -153,11 +155,23 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    static constexpr int mostScreens = 3;
+
     void makeCentre();
     void makeImageStorage();
     void storeImages();
     void endViewing();
     QPixmap wholePicture();
+    void makeViewMenu();
+    void makeRecordList();
+    void listRecords();
+    void tellRecord();
+    void showEntry(int entry);
+    SeismicDisplay* makeScreen();
+    void setScreens(int n);
+    void layoutScreens();
+    void showScreens();
+    void fillScreens(int from);
     void makeParmMenu();
     void hideMenus();
     void makeDifference();
@@ -176,9 +190,10 @@ private:
     void takeLoaderKeys();
     bool takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadParm& parm);
     void showLoader(const SegyLoadParm& parm, const QString& name);
-    template <class Load>
-    bool showLoaded(Load load);
+    bool showLoaded(const std::function<bool()>& load);
     void tellNotBuilt(const QString& what);
+    void refuseMode(const char* box, const QString& what);
+    void fillGlobalRuntime() const;
 
     QVBoxLayout* _cvLayout = nullptr;
     QSplitter* _splitter = nullptr;
@@ -188,10 +203,13 @@ private:
     std::unique_ptr<WindowActions> _actions;
     std::unique_ptr<WindowReport> _report;
     AssumptionsPanel* _assumptionsPanel = nullptr;
+    RecordList* _recordList = nullptr;
+    IndexBar* _indexBar = nullptr;
     std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;
-    SeismicDisplay* _display = nullptr;  // the last screen made
+    QList<SeismicDisplay*> _spareScreens;  // hidden until more screens are wanted again
+    SeismicDisplay* _display = nullptr;    // the last screen
     ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use
     Titles* _titleMenu = nullptr;         // child, made on first use
     DrawDialog* _drawMenu = nullptr;      // child, made on first use
@@ -213,6 +231,10 @@ private:
     bool _isEnsembleShown = true;  // of the last ensemble handed to a display: there was memory for it
     bool _isStandAlone = true;
     bool _dataReady = false;
+    int _firstEntry = -1;       // of the index: the ensemble on the first screen
+    int _nRead = 0;             // records read from the file so far, without an index
+    int _nShown = 0;            // screens that have a record
+    bool _isFirstMenu = false;  // nothing was shown before the menu that is up: with it the program ends
     QString _fileName, _areaName, _lineName, _flowName;
     bool _showAreaLine = true;
     QString _COMPANY;

@@ -15,10 +15,14 @@
 void MainWindow::plotDifference(int state)
 {
     if (_menu->iscreens <= 1) return;
+    _menu->idifference = state != 0;
     if (!_showDifference)
         makeDifference();
     else
         _displaylist.last()->parentWidget()->setVisible(state != 0);
+    layoutScreens();
+    showScreens();
+    if (state != 0) loadDifference();
 }
 
 void MainWindow::makeDifference()
@@ -31,6 +35,7 @@ void MainWindow::makeDifference()
     display->setColorBar(_colorBarFrame);
     display->setImageStorage(_imgstore.get());
     display->setMenu(_menu);
+    display->takeLook(*_displaylist.first());
     display->setDifferenceFlag(true);
     // As loud as the data: a small difference looks small.
     display->seismicPlot()->setScaleSource(_displaylist.first()->seismicPlot());
@@ -42,6 +47,8 @@ void MainWindow::makeDifference()
 void MainWindow::loadDifference()
 {
     const int last = _displaylist.size() - 1;
+    if (_displaylist[last - 2]->traceCount() == 0 || _displaylist[last - 1]->traceCount() == 0)
+        return _displaylist[last]->clearData();
     const SeismicData* a = _displaylist[last - 2]->seismicData();
     const SeismicData* b = _displaylist[last - 1]->seismicData();
     const int nTraces = std::min(a->traceCount(), b->traceCount());

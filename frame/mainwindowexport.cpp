@@ -39,7 +39,8 @@ void MainWindow::print()
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return;
     _display->myCanvas()->hideStored();
-    printPicture(_display->grab(), &printer);
+    QString error;
+    if (!printPicture(_display->grab(), &printer, &error)) tell(this, "Print Error", error);
 }
 
 void MainWindow::exportPDF()
@@ -74,9 +75,21 @@ void MainWindow::exportSection()
     if (!error.isEmpty()) tell(this, "Section Export Error", error);
 }
 
+/// A name with a format that can be written; another one is refused and asked for again. Empty when the user has
+/// changed his mind.
+static QString askPictureName(QWidget* parent, const char* title)
+{
+    for (;;) {
+        const QString name = askName(parent, title, "/meridune.png", pictureFilter);
+        QString error;
+        if (name.isEmpty() || canWritePicture(withPictureSuffix(name), &error)) return name;
+        tell(parent, "Image Format Error", error);
+    }
+}
+
 void MainWindow::exportImage()
 {
-    const QString name = askName(this, "Image Export File Name", "/meridune.png", pictureFilter);
+    const QString name = askPictureName(this, "Image Export File Name");
     QString error;
     if (!name.isEmpty() && !savePicture(wholePicture(), withPictureSuffix(name), &error))
         tell(this, "Image Export Error", error);
@@ -86,7 +99,7 @@ void MainWindow::exportScreen()
 {
     // Taken before the dialog opens, so that the dialog isn't in the picture.
     const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(winId());
-    const QString name = askName(this, "Snap Shot File Name", "/meridune.png", pictureFilter);
+    const QString name = askPictureName(this, "Snap Shot File Name");
     QString error;
     if (!name.isEmpty() && !savePicture(picture, withPictureSuffix(name), &error))
         tell(this, "Snap Shot Error", error);

@@ -5,6 +5,8 @@
 #include "widgets/helpviewer.h"
 
 #include <QMessageBox>
+#include <fftw3.h>
+#include <qwt_global.h>
 
 static const char* const helpFolder = "/docs/meridune-docs";
 
@@ -15,9 +17,18 @@ void MainWindow::contentHelp()
     (new HelpViewer(this, GetHome(), QString(helpFolder) + "/index.html", _COMPANY))->show();
 }
 
+/// The libraries that do most of the work, in the versions that run.
+static QString libraries()
+{
+    return QString("Qt %1, Qwt %2, %3, X11").arg(qVersion(), QWT_VERSION_STR, fftwf_version);
+}
+
 void MainWindow::about()
 {
     const QString text = (_COMPANY.isEmpty() ? QString() : _COMPANY + "\n\n") +
-                         "A interactive seismic data display and processing application.\n";
+                         "A interactive seismic data display and processing application.\n\n"
+                         "Meridune " MERIDUNE_VERSION "\n"
+                         "Licence: GNU General Public License, version 3 or later\n"
+                         "Libraries: " + libraries() + "\n";
     QMessageBox::about(this, QString("About %1").arg("Seismic Display"), text);
 }

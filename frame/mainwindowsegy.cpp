@@ -4,9 +4,11 @@
 #include "analysis/parmmenudialog.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/indexbar.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
+#include "host/globals.h"
 #include "host/signal/bytes.h"
 #include "sources/menus/segymenudialog.h"
 #include "sources/menus/segyrecdialog.h"
@@ -15,7 +17,10 @@
 #include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
 #include "widgets/recentfiles.h"
+#include "widgets/waitcursor.h"
 
+#include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
@@ -23,18 +28,9 @@
 #include <QSettings>
 #include <QStatusBar>
 
+#include <algorithm>
 #include <new>
 #include <vector>
-
-namespace {
-
-/// The wait cursor while it lives.
-struct WaitCursor {
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-};
-
-}  // namespace
 
 /// Runs a step of a load. False after a box when there is not enough memory for it; `back` then undoes it.
 template <class Step, class Back>
@@ -75,11 +71,8 @@ int MainWindow::showSegyMenu(bool fromStart, bool inputMode)
     _isStandAlone = !inputMode;
     _actions->action("segyAct")->setEnabled(fromStart);
     if (!fromStart) return 1;
-    if (_menu->cfile[0] == '\0') {
-        segyMenu();
-        return 1;
-    }
-    if (!loadSegyFile(loadParm(*_menu))) segyMenu();
+    _isFirstMenu = _isStandAlone;
+    if (_menu->cfile[0] == '\0' || !loadSegyFile(loadParm(*_menu))) segyMenu();
     return 1;
 }
 
@@ -89,6 +82,16 @@ void MainWindow::openSegy(const QString& name)
     parm.files = name;
     if (_segy) parm.iremap = _segy->loadParm().iremap;
     loadSegyFile(parm);
+}
+
+static const char lastFolderKey[] = "lastfolder";
+
+void MainWindow::openSegyFile()
+{
+    const QString folder = QSettings("Brenlake", "SEISMICDISPLAY").value(lastFolderKey, QDir::homePath()).toString();
+    const QString name = QFileDialog::getOpenFileName(this, "Open SEG-Y", folder,
+                                                      "SEG-Y Files (*.sgy *.segy *.SGY *.SEGY);;All files (*)");
+    if (!name.isEmpty()) openSegy(name);
 }
 
 int MainWindow::segyLoadFromMenu()
@@ -102,6 +105,15 @@ int MainWindow::segyLoadFromMenu()
 SegyLoadParm MainWindow::segyLoadParm() const
 {
     return _segyloader ? _segyParm : loadParm(*_menu);
+}
+
+/// For the next session: the folder, and a single file among the recent ones.
+static void keepFileName(const QString& files)
+{
+    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    settings.setValue(lastFolderKey, QFileInfo(files.section(',', 0, 0)).absolutePath());
+    if (files.contains(',')) return;
+    writeRecentFiles(&settings, withRecentFile(readRecentFiles(&settings), QFileInfo(files).absoluteFilePath()));
 }
 
 int MainWindow::loadSegyFile(const SegyLoadParm& parm)
@@ -125,17 +137,20 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
         return 0;
     }
     _progress->close();
-    connect(loader.get(), &SegyLoader::indexBuilt, this, [this] { enableBackKey(true); });
+    connect(loader.get(), &SegyLoader::indexBuilt, this, [this] {
+        // The loader stands at the last screen.
+        _firstEntry = std::max(0, _segyloader->priCurKey() - _menu->moveup * (_nShown - 1));
+        enableBackKey(true);
+        listRecords();
+        tellRecord();
+    });
     if (!takeLoader(&loader, parm)) {
         _assumptionsPanel->setLines(assumedBefore);
         return 0;
     }
     setNavigation();
     _dataReady = true;
-    if (!parm.files.contains(',')) {
-        QSettings settings("Brenlake", "SEISMICDISPLAY");
-        writeRecentFiles(&settings, withRecentFile(readRecentFiles(&settings), QFileInfo(parm.files).absoluteFilePath()));
-    }
+    keepFileName(parm.files);
     emit fileShown(parm.files);
     return 1;
 }
@@ -150,6 +165,8 @@ bool MainWindow::takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadP
     std::swap(_segyloader, *loader);
     const auto takeNew = [&] {
         _segyloader->setMenu(_menu);
+        _menu->iscreens = menuBefore.iscreens;  // the window has as many as before
+        _menu->idifference = menuBefore.idifference;
         _isSegy = true;
         _dataReady = false;
         SegyLoadParm taken = parm;
@@ -172,9 +189,12 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
 {
     _segyParm = parm;
     _fileName = name;
+    _nRead = _nShown = 0;
     if (_segy) _segy->buildConnections(_segyloader.get());
     if (_segyloader) _segyloader->initBuild();
+    _indexBar->setLoader(_segyloader.get());
     if (_segy) _segy->setLoadParm(_segyParm);
+    if (_isStandAlone) fillGlobalRuntime();
     if (_segyloader) {
         saveHeader();
         _segyloader->saveHeaders();
@@ -182,16 +202,19 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
     endViewing();
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
     setAreaLineTitle(_showAreaLine);
-    if (_segyloader) showRecord(_segyloader->numTraces() > 0);
+    if (_segyloader) {
+        showRecord(_segyloader->numTraces() > 0);
+        listRecords();
+    }
     if (_parmmenu) _parmmenu->updateAll();
 }
 
 /// Shows the ensemble that `load` brings. False with the old one in place when it was refused, or when there is
 /// no memory to show it.
-template <class Load>
-bool MainWindow::showLoaded(Load load)
+bool MainWindow::showLoaded(const std::function<bool()>& load)
 {
     const SegyLoader::Place before = _segyloader->place();
+    const int entryBefore = _firstEntry, readBefore = _nRead;
     bool isLoaded = false;
     const auto show = [&] {
         isLoaded = load();
@@ -199,9 +222,32 @@ bool MainWindow::showLoaded(Load load)
     };
     const auto back = [&] {
         _segyloader->setPlace(before);
-        if (_segyloader->reloadEnsemble()) showRecord(_segyloader->numTraces() > 0);
+        bool isBack = false;
+        if (_menu->iscreens > 1 && _segyloader->canSeek()) {  // the loader stood at the last screen
+            _segyloader->setEnsemble(entryBefore);
+            isBack = _segyloader->loadNextEnsemble(0);
+        } else {
+            isBack = _segyloader->reloadEnsemble();
+        }
+        if (isBack) showRecord(_segyloader->numTraces() > 0);
+        _nRead = readBefore;
+        tellRecord();
     };
     return runLoad(_report.get(), show, back) && isLoaded;
+}
+
+/// What the host's own routines ask of the data at hand. Where a flow runs, the host fills it.
+void MainWindow::fillGlobalRuntime() const
+{
+    const orvinRuntimeStruct& from = _menu->_orvinruntime;
+    globalRuntime.samprat = from.samprat;
+    globalRuntime.numsmp = from.numsmp;
+    globalRuntime.maxdtr = from.maxdtr;
+    globalRuntime.ipkey = from.ipkey;
+    globalRuntime.iskey = from.iskey;
+    globalRuntime.idtyp = from.idtyp;
+    globalRuntime.ipsort = from.ipsort;
+    globalRuntime.idomain = from.idomain;
 }
 
 void MainWindow::saveHeader()
@@ -214,12 +260,17 @@ void MainWindow::saveHeader()
 void MainWindow::showRecord(bool found)
 {
     if (found) {
+        _firstEntry = _segyloader->priCurKey();
+        _nRead += std::max(1, _nShown);
+        _nShown = 1;
         loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), 0);
         if (!_isEnsembleShown) throw std::bad_alloc();
+        fillScreens(1);
         return;
     }
     setLastEnsemble(true);
     statusBar()->showMessage("No more records.");
+    _indexBar->offer();
 }
 
 void MainWindow::setNavigation()
@@ -257,10 +308,13 @@ void MainWindow::previousRecord()
     _run.pressPrevious();
     {
         WaitCursor wait;
-        if (!_segyloader->canSeek() || _segyloader->numEnsembles() == 0)
+        if (!_segyloader->canSeek() || _segyloader->numEnsembles() == 0) {
             enableBackKey(false);
-        else if (showLoaded([this] { return _segyloader->loadLastEnsemble(_menu->moveup); }))
-            setLastEnsemble(false);
+        } else {
+            if (_menu->iscreens > 1) _segyloader->setEnsemble(_firstEntry);
+            if (showLoaded([this] { return _segyloader->loadLastEnsemble(_menu->moveup * _menu->iscreens); }))
+                setLastEnsemble(false);
+        }
     }
     _dataReady = true;
 }
@@ -289,6 +343,7 @@ void MainWindow::seekRecord()
         if (!isTaken) return true;
         takeLoaderKeys();
         _segyloader->dataLoaded();  // the trace tab counts in the new order
+        listRecords();
         return true;
     };
     if (!showLoaded(seek)) {
@@ -297,6 +352,7 @@ void MainWindow::seekRecord()
         _segyloader->setPlace(before);
         if (!isTaken) return;
         takeLoaderKeys();
+        listRecords();
         showLoaded([this] { return _segyloader->reloadEnsemble(); });
         return;
     }
@@ -305,14 +361,15 @@ void MainWindow::seekRecord()
     enableBackKey(true);
 }
 
-/// Axes and titles follow the loader's sort; ensembles of another sort have a size of their own.
+/// Axes and titles follow the loader's sort; how the traces are shown doesn't.
 void MainWindow::takeLoaderKeys()
 {
     orvinRuntimeStruct& runtime = _menu->_orvinruntime;
     runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _segyloader->priEKey();
     runtime.iskey = _menu->iskey = _menu->iskeyreal = _segyloader->secEKey();
+    if (_isStandAlone) fillGlobalRuntime();
     endViewing();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewKeys();
 }
 
 /// A window on a dataset or a flow keeps its data: SEG-Y gets a window of its own, with a record of its own.
@@ -335,7 +392,12 @@ void MainWindow::openSegyWindow()
 void MainWindow::segyMenu()
 {
     if (_menu->dotrevia != 0) return openSegyWindow();
-    if (!_segy) _segy = new SegyMenuDialog(this, this);
+    if (!_segy) {
+        _segy = new SegyMenuDialog(this, this);
+        connect(_segy, &QDialog::rejected, this, [this] {
+            if (_isFirstMenu && !_segyloader) close();
+        });
+    }
     if (_isStandAlone) {
         bringUp(_segy);
         return;

@@ -3,8 +3,10 @@
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "frame/conditioningpreset.h"
+#include "tracedata/parmmenu.h"
 #include "widgets/waitcursor.h"
 
+#include <QActionGroup>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QSettings>
@@ -17,16 +19,59 @@ PresetMenu::PresetMenu(const QList<SeismicDisplay*>* displays, QWidget* parent)
     fill();
 }
 
+/// The name with its ampersand shown instead of taken for a mnemonic.
+static QString entryOf(const QString& name)
+{
+    return QString(name).replace('&', "&&");
+}
+
 void PresetMenu::fill()
 {
     clear();
+    qDeleteAll(findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));  // of the former list
     addAction("&Save Preset...", this, &PresetMenu::askName)->setObjectName("savePresetAct");
-    addSeparator();
     QSettings settings("Brenlake", "SEISMICDISPLAY");
-    for (const QString& name : presetNames(&settings))
-        addAction(QString(name).replace('&', "&&"), this, [this, name] {
+    const QStringList names = presetNames(&settings);
+    auto* deletes = addMenu("&Delete Preset");
+    deletes->setObjectName("deletePresetMenu");
+    deletes->setEnabled(!names.isEmpty());
+    for (const QString& name : names) deletes->addAction(entryOf(name), this, [this, name] { remove(name); });
+    fillEveryFile(names, presetForEveryFile(settings));
+    addSeparator();
+    for (const QString& name : names)
+        addAction(entryOf(name), this, [this, name] {
             if (!apply(name)) QMessageBox::warning(parentWidget(), "Preset Error", "The preset " + name + " can't be used.");
         });
+}
+
+void PresetMenu::fillEveryFile(const QStringList& names, const QString& marked)
+{
+    auto* everyFile = addMenu("For Every &File");
+    everyFile->setObjectName("everyFileMenu");
+    auto* group = new QActionGroup(everyFile);
+    const auto add = [&](const QString& text, const QString& name) {
+        QAction* action = everyFile->addAction(text, this, [name] {
+            QSettings kept("Brenlake", "SEISMICDISPLAY");
+            setPresetForEveryFile(&kept, name);
+        });
+        action->setCheckable(true);
+        action->setChecked(name == marked);
+        group->addAction(action);
+    };
+    add("None", QString());
+    for (const QString& name : names) add(entryOf(name), name);
+}
+
+void PresetMenu::remove(const QString& name)
+{
+    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    removePreset(&settings, name);
+}
+
+void PresetMenu::applyToNewFile()
+{
+    const QString name = presetForEveryFile(QSettings("Brenlake", "SEISMICDISPLAY"));
+    if (!name.isEmpty()) apply(name);
 }
 
 void PresetMenu::askName()
@@ -52,6 +97,10 @@ bool PresetMenu::apply(const QString& name)
     const WaitCursor wait;
     for (SeismicDisplay* display : *_displays) {
         applyPreset(preset, display->seismicPlot());
+        if (parmmenu* menu = display->menu()) {  // for displays that are still to come
+            menu->iagc = preset.isAGC;
+            menu->agcwinlen = preset.agcWindow;
+        }
         display->rebuildPlot();
     }
     emit applied();

@@ -23,12 +23,18 @@ public:
     /// Applies a preset; false, with all as it was, where there is none or it can't be used.
     bool apply(const QString& name);
 
+    /// Deletes a preset.
+    void remove(const QString& name);
+    /// Applies the preset that is marked for every file, if there is one.
+    void applyToNewFile();
+
 signals:
     /// All displays have other parameters now.
     void applied();
 
 private:
     void fill();
+    void fillEveryFile(const QStringList& names, const QString& marked);
     void askName();
 
     const QList<SeismicDisplay*>* _displays;

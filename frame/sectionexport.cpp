@@ -4,12 +4,13 @@
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "sources/segyloader.h"
+#include "widgets/wholefile.h"
 
+#include <QBuffer>
 #include <QDate>
 #include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <qwt_plot_grid.h>
 #include <qwt_scale_draw.h>
@@ -128,12 +129,6 @@ QString withSectionSuffix(const QString& name)
     return QFileInfo(name).suffix().isEmpty() ? name + ".pdf" : name;
 }
 
-static bool fail(QString* error, const QString& name, const QString& reason)
-{
-    *error = QString("Cannot write file %1:\n%2.").arg(name, reason);
-    return false;
-}
-
 static bool paintOn(QPaintDevice* device, const SectionPage& page, const SectionContent& content)
 {
     QPainter painter;
@@ -169,12 +164,11 @@ static bool writeSvg(QIODevice* file, const SectionPage& page, const SectionCont
 bool saveSection(const SectionPage& page, const SectionContent& content, const QString& name, QString* error)
 {
     const QString suffix = QFileInfo(name).suffix().toLower();
-    if (suffix != "pdf" && suffix != "svg") return fail(error, name, "a section is a .pdf or an .svg file");
-    if (!page.isValid()) return fail(error, name, "there is no section of such a size");
-    QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly)) return fail(error, name, file.errorString());
-    const bool isPainted = (suffix == "pdf" ? writePdf : writeSvg)(&file, page, content);
-    if (!isPainted || file.error() != QFileDevice::NoError)
-        return fail(error, name, isPainted ? file.errorString() : "the section could not be drawn");
-    return file.commit() || fail(error, name, file.errorString());
+    if (suffix != "pdf" && suffix != "svg") return cannotWrite(name, "a section is a .pdf or an .svg file", error);
+    if (!page.isValid()) return cannotWrite(name, "there is no section of such a size", error);
+    QBuffer bytes;
+    const bool isPainted =
+        bytes.open(QIODevice::WriteOnly) && (suffix == "pdf" ? writePdf : writeSvg)(&bytes, page, content);
+    if (!isPainted) return cannotWrite(name, "the section could not be drawn", error);
+    return writeWhole(name, bytes.data(), error);
 }

@@ -23,6 +23,8 @@ static const struct {
     const char* menu;
     void (MainWindow::*slot)();
 } actionRows[] = {
+    {"openAct", "&Open SEG-Y...", "", "Choose a SEG-Y file and show its first ensemble", "", "&File",
+     &MainWindow::openSegyFile},
     {"printAct", "&Print", "Ctrl+P", "Print the seismic display", "print.png", "&File", &MainWindow::print},
     {"pdfAct", "E&xport PDF", "Ctrl+X", "Export the seismic display to a PDF file", "exportpdf.png", "&File",
      &MainWindow::exportPDF},
@@ -97,11 +99,51 @@ static const struct {
      "MB1: new or update header, MB1+drag: new headers over trace range   MB3: new header'"},
 };
 
+/// What stands in menus and tool bar already, and has no tool behind it yet.
+static const struct {
+    const char* name;
+    const char* what;
+} notBuiltRows[] = {
+    {"pickAct", "The application menu"},
+    {"dispAct", "Adding a display"},
+    {"viewAct", "The 3D viewer"},
+    {"mapAct", "The map"},
+    {"radioSpectrum", "The amplitude spectrum"},
+    {"radioHeader", "The header view"},
+    {"showVelocityBox", "CVS velocity picking"},
+    {"showGatPickerBox", "Trevia picking"},
+    {"showFBPickerBox", "First-break picking"},
+};
+
+static const char* const flowActions[] = {"exitProcAct", "exitProcHideAct", "exitContAct"};
+
 WindowActions::WindowActions(MainWindow* window) : _window(window)
 {
     makeActions();
     makeMenus();
     makeToolBar();
+    for (const auto& row : notBuiltRows) disable(row.name, QString(row.what) + " is not built yet.");
+}
+
+void WindowActions::setFlow(bool isRunning)
+{
+    if (isRunning) return;
+    for (const char* name : flowActions) disable(name, "No flow is running.");
+}
+
+/// Switches an action, a box or a radio button off and tells why in its tip.
+void WindowActions::disable(const QString& name, const QString& reason)
+{
+    if (QAction* action = _actions.value(name)) {
+        action->setEnabled(false);
+        action->setStatusTip(action->statusTip() + ". " + reason);
+        action->setToolTip(action->toolTip() + "\n" + reason);
+        return;
+    }
+    QAbstractButton* button = _boxes.value(name);
+    if (!button) button = _radios.value(name);
+    button->setEnabled(false);
+    button->setToolTip(button->toolTip() + "\n" + reason);
 }
 
 void WindowActions::makeActions()
@@ -121,9 +163,10 @@ void WindowActions::makeActions()
 
 void WindowActions::makeMenus()
 {
-    for (const char* title : {"&File", "&Tools", "&Dataset", "&Map", "&Help"}) {
+    for (const char* title : {"&File", "&View", "&Tools", "&Dataset", "&Map", "&Help"}) {
         QMenu* menu = _window->menuBar()->addMenu(title);
         menu->setObjectName(QString(title).remove('&') + "Menu");
+        menu->setToolTipsVisible(true);
         _menus.insert(title, menu);
     }
     for (const auto& row : actionRows)

@@ -28,7 +28,11 @@ public:
     QGroupBox* radioBox() const { return _radioBox; }
     QRadioButton* radio(const QString& name) const { return _radios.value(name); }
 
+    /// Without a flow its ways out are disabled and say so.
+    void setFlow(bool isRunning);
+
 private:
+    void disable(const QString& name, const QString& reason);
     void makeActions();
     void makeMenus();
     void makeToolBar();

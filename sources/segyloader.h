@@ -60,6 +60,10 @@ public:
     /// has taken it over, on the main thread. Returns the thread, which the loader owns; null when no file is
     /// open. While one runs no second one starts.
     SegyMapThread* startIndexBuild();
+    /// Share of a background build in percent.
+    int indexBuildPercent() const;
+    /// Lets a background build end before it is through; all stays as it was.
+    void stopIndexBuild();
 
     /// Loads an ensemble moveup steps on; without an index the next one in the file. An ensemble without
     /// traces is the end. False after a box when it takes more memory than the file's size can justify, or than
@@ -154,12 +158,16 @@ public:
     /// All that was taken for granted of the file so far; each kind is told to the report at its first place.
     std::vector<SegyAssumption> assumptions() const { return _assumptions.all(); }
     int numEnsembles() const { return int(_priValues.size()); }
+    /// Primary value and traces of an entry of priList, counted from 0; 0 where there is none.
+    int ensembleValue(int entry) const;
+    int ensembleTraces(int entry) const;
     /// Sets the entry of priList that the next load counts from.
     void setEnsemble(int entry) { _priCurKey = entry; }
 
 signals:
     /// The views of reel and trace headers should read anew.
     void reLoadData();
+    void indexBuildStarted();
     /// A background build has been taken over: previous and seek work from now on.
     void indexBuilt();
     /// assumptions() has grown, or a count of it.
@@ -239,7 +247,7 @@ private:
     int _numtraces = 0;
     int64_t _curTrace = 0;
     int64_t _firstTrace = 0;    // _curTrace before the ensemble on screen
-    uint64_t _firstOffset = 0;  // of the first trace of the ensemble on screen
+    uint64_t _firstOffset = 0;  // of the first trace of the ensemble on screen, which stays there at the end of the data
     bool _hasEnsemble = false;
     SegyAssumptions _assumptions;
 

@@ -53,7 +53,30 @@ SegyMapThread* SegyLoader::startIndexBuild()
     connect(_thread.get(), &QThread::finished, this, &SegyLoader::endIndexBuild);
     _isIndexBuilding = true;
     _thread->start(QThread::InheritPriority);
+    emit indexBuildStarted();
     return _thread.get();
+}
+
+int SegyLoader::indexBuildPercent() const
+{
+    return _thread ? _thread->percent() : 0;
+}
+
+void SegyLoader::stopIndexBuild()
+{
+    if (_thread) _thread->requestInterruption();
+}
+
+int SegyLoader::ensembleValue(int entry) const
+{
+    return entry >= 0 && entry < numEnsembles() ? _priValues[size_t(entry)] : 0;
+}
+
+int SegyLoader::ensembleTraces(int entry) const
+{
+    if (entry < 0 || entry >= numEnsembles()) return 0;
+    const int next = entry + 1 < numEnsembles() ? _priStarts[size_t(entry) + 1] : getTotalTraces();
+    return next - _priStarts[size_t(entry)];
 }
 
 void SegyLoader::endIndexBuild()

@@ -20,13 +20,19 @@ private:
     std::string* _lines;
 };
 
-class StopOnRequest : public ProgressSink
+/// Keeps the share for the main thread, and stops when that asks for it.
+class SharedProgress : public ProgressSink
 {
 public:
+    SharedProgress(std::atomic<int>* nSteps, std::atomic<int>* step) : _nSteps(nSteps), _step(step) {}
     void begin(const std::string&, const std::string&) override {}
-    void setRange(int, int) override {}
-    void step(int) override {}
+    void setRange(int, int largest) override { *_nSteps = largest; }
+    void step(int value) override { *_step = value; }
     bool cancelled() const override { return QThread::currentThread()->isInterruptionRequested(); }
+
+private:
+    std::atomic<int>* _nSteps;
+    std::atomic<int>* _step;
 };
 
 }  // namespace
@@ -62,6 +68,12 @@ SegyMapThread::~SegyMapThread()
     wait();
 }
 
+int SegyMapThread::percent() const
+{
+    const int nSteps = _nSteps, step = _step;
+    return nSteps > 0 ? int(std::clamp<int64_t>(int64_t(step) * 100 / nSteps, 0, 100)) : 0;
+}
+
 SegyMap SegyMapThread::takeMap()
 {
     _isComplete = false;
@@ -81,14 +93,14 @@ void SegyMapThread::run()
 void SegyMapThread::build()
 {
     KeptLines report(&_lines);
-    StopOnRequest stop;
-    segyData2 data(_parm, &report, &stop);
+    SharedProgress progress(&_nSteps, &_step);
+    segyData2 data(_parm, &report, &progress);
     if (!data.openFile(_file, false)) return;
     data.reel = _reel;
     data.setNumSamples(_nSamples);
     data.setTraceBytes();
     data.setMapLimit(_mapLimit);
-    const bool isBuilt = data.buildMap(false);
+    const bool isBuilt = data.buildMap(true);
     _mapBytesNeeded = data.mapBytesNeeded();
     if (!isBuilt) return;
     _longestRun = longestStackRun(data.map(), _keys.mysort);

@@ -25,6 +25,8 @@ public:
 
     /// True once the build has ended, well or not; from then on the results may be read.
     bool isDone() const { return _isDone; }
+    /// Share of the file that has been read, in percent; of a file of varying lengths an estimate.
+    int percent() const;
     bool isComplete() const { return _isComplete; }
     bool isRemapRejected() const { return _isRemapRejected; }
     /// Of a build that was given up because its map would take too much; else 0.
@@ -55,6 +57,7 @@ private:
     int64_t _mapBytesNeeded = 0;
     bool _isOutOfMemory = false;
     bool _isComplete = false;
+    std::atomic<int> _nSteps = 0, _step = 0;
     std::atomic<bool> _isDone = false;  // written last, read first: it orders all of the above
     bool _isRemapRejected = false;
 };

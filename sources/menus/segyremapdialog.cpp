@@ -6,13 +6,54 @@
 #include <QApplication>
 #include <QBrush>
 #include <QColor>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QVBoxLayout>
+
+/// Edits a header word: a list of them all, into which another name can be typed.
+class HeaderWordDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const override
+    {
+        auto* box = new QComboBox(parent);
+        box->setObjectName("headerWordBox");
+        box->setEditable(true);
+        box->setInsertPolicy(QComboBox::NoInsert);
+        const SegyHeader header;
+        for (const QString& row : header.headerNames()) {
+            box->addItem(row.section('|', 0, 0).trimmed());
+            box->setItemData(box->count() - 1, row.section('|', 4, 4), Qt::ToolTipRole);
+        }
+        auto* self = const_cast<HeaderWordDelegate*>(this);
+        const auto commit = [self, box] {
+            emit self->commitData(box);
+            emit self->closeEditor(box);
+        };
+        connect(box, &QComboBox::textActivated, self, commit);
+        connect(box->lineEdit(), &QLineEdit::returnPressed, self, commit);
+        return box;
+    }
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override
+    {
+        auto* box = static_cast<QComboBox*>(editor);
+        box->setCurrentIndex(box->findText(index.data().toString().trimmed(), Qt::MatchFixedString));
+        box->setEditText(index.data().toString());
+    }
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override
+    {
+        model->setData(index, static_cast<QComboBox*>(editor)->currentText());
+    }
+};
 
 SegyRemapDialog::SegyRemapDialog(QWidget* parent) : QDialog(parent)
 {
@@ -23,6 +64,7 @@ SegyRemapDialog::SegyRemapDialog(QWidget* parent) : QDialog(parent)
     _tableWidget->setHorizontalHeaderLabels({tr("Trevia\nHeader"), tr("Format\n(1I,2I,4I,\n4R,8R,Axx)"),
                                              tr("Type\n(IEEE,IBM)"), tr("Start Byte\n(1-240)")});
     _tableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    _tableWidget->setItemDelegateForColumn(SegyRemapTable::HeaderWord, new HeaderWordDelegate(_tableWidget));
 
     auto* buttonBox = new QDialogButtonBox(this);
     buttonBox->setObjectName("buttonBox");

@@ -86,7 +86,7 @@ def the_debian_package_holds_the_same_files(build):
             assert row[0] == ('d' if row[0][0] == 'd' else '-') + ('rwxr-xr-x' if executable else 'rw-r--r--'), row
             assert row[1] == 'root/root', row
         needs = run('dpkg-deb', '-f', package, 'Depends')
-        for library in 'libqt5widgets5', 'libqwt-qt5-6', 'libfftw3-single3', 'libc6':
+        for library in 'libqt5widgets5', 'qt5-image-formats-plugins', 'libqwt-qt5-6', 'libfftw3-single3', 'libc6':
             assert library in needs, needs
 
 

@@ -33,9 +33,9 @@ def write_shots(path, shots):
 
 
 class Window:
-    """The program with a file, in a window of 1200 by 800 at the corner of the screen."""
+    """The program with a file, in a window of 1200 by 800 at the corner of the screen. A lost file can't be read."""
 
-    def __init__(self, program, arguments, environment=None):
+    def __init__(self, program, arguments, environment=None, lost=None):
         self.home = tempfile.TemporaryDirectory(prefix='meridune-e2e')
         settings = os.path.join(self.home.name, 'Brenlake')
         os.makedirs(settings)
@@ -43,7 +43,7 @@ class Window:
             out.write('[General]\npos=@Point(10 30)\nsize=@Size(1200 800)\n')
         env = dict(os.environ, MERIDUNE_TIMING='1', TREVIA_HOME=self.home.name, XDG_CONFIG_HOME=self.home.name,
                    QT_QPA_PLATFORM='xcb', **(environment or {}))
-        self.process = subprocess.Popen([program] + arguments, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=env)
+        self.process = subprocess.Popen([program] + arguments + ([lost] if lost else []), stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=env)
         self.told = b''
         self.wait_for_line('first ensemble on screen' if arguments else 'empty window on screen')
         self.id = self.xdotool('search', '--sync', '--onlyvisible', '--name', 'Seismic Display').split()[0]

@@ -4,7 +4,9 @@
 #include "display/colorstoptable.h"
 #include "display/myqwtplotcanvas.h"
 #include "display/seismicplot.h"
+#include "tests/brokenplaces.h"
 #include "tests/gui/displayfixture.h"
+#include "tests/gui/modalanswer.h"
 #include "widgets/copymissingfiles.h"
 #include "widgets/numberedit.h"
 
@@ -38,6 +40,7 @@ private slots:
     void saveWritesTheRowsThatCount();
     void saveRefusesAPath();
     void saveAsksBeforeItReplaces();
+    void aFileThatCannotBeWrittenKeepsTheFormerOne();
     void unusedEditsSurviveOtherControls();
     void theOverlayBoxMovesToTheOtherBar();
     void eachChangeRepaintsOnce();
@@ -346,6 +349,41 @@ void ColorBarDialogTest::saveAsksBeforeItReplaces()
         f.press("saveButton");
         QCOMPARE(read("mine.col").startsWith("256,1\n"), replaces);
     }
+}
+
+void ColorBarDialogTest::aFileThatCannotBeWrittenKeepsTheFormerOne()
+{
+    PageFixture f;
+    const auto saves = [&] {
+        QString told;
+        ModalAnswer answer([&](QDialog* dialog) {
+            if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
+                if (!box->button(QMessageBox::Yes)) told = box->text();
+                box->button(QMessageBox::Yes) ? box->button(QMessageBox::Yes)->click() : box->accept();
+            } else if (auto* input = qobject_cast<QInputDialog*>(dialog)) {
+                input->setTextValue("mine");
+                input->accept();
+            }
+        });
+        f.press("saveButton");
+        return told;
+    };
+    QDir().mkpath(_home->filePath("port"));
+    FullDisk disk;
+    QVERIFY(QFile::link(QFileInfo(disk.path("x")).path(), _home->filePath("port/misc")));
+    write("mine.col", "old\n");
+    disk.fill();
+    QVERIFY(saves().contains("mine.col"));
+    QCOMPARE(read("mine.col"), QByteArray("old\n"));
+    disk.empty();
+    {
+        const ReadOnlyFolder locked(path(""));
+        QVERIFY(saves().contains("mine.col"));
+    }
+    QCOMPARE(read("mine.col"), QByteArray("old\n"));
+    QVERIFY(QFile::remove(_home->filePath("port/misc")));
+    QVERIFY(saves().isEmpty());  // a folder that is gone is made anew
+    QVERIFY(read("mine.col").startsWith("256,1\n"));
 }
 
 void ColorBarDialogTest::unusedEditsSurviveOtherControls()

@@ -109,17 +109,9 @@ void DrawingModeTest::anotherMouseToolEndsDrawing()
     auto* dialog = fixture.window->findChild<DrawDialog*>();
     auto* box = dialog->findChild<QCheckBox*>("enableBox");
     box->click();
-    fixture.window->actionTable()->radio("radioHeader")->click();
+    fixture.window->actionTable()->radio("radioZoom")->click();
     QVERIFY(!dialog->isDrawing());
-    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Headers);
-    box->click();
-    fixture.window->actionTable()->box("showFBPickerBox")->click();
-    QVERIFY(!dialog->isDrawing());
-    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::FirstBreaks);
-    box->click();
-    fixture.window->actionTable()->box("showFBPickerBox")->click();
-    QVERIFY(!dialog->isDrawing());
-    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Headers);
+    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Zoom);
 }
 
 void DrawingModeTest::aMessageBoxHasItsOwnKeysAndCursor()

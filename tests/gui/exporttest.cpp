@@ -1,9 +1,13 @@
 /// Pictures, documents and prints.
+#include "tests/brokenplaces.h"
 #include "widgets/pictureexport.h"
+#include "widgets/wholefile.h"
 
 #include <QPrinter>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 class ExportTest : public QObject
 {
@@ -13,7 +17,13 @@ private slots:
     void aNameWithoutSuffixBecomesPng();
     void aPictureComesBackAsItWasWritten();
     void anUnknownFormatLeavesNoFile();
+    void aFormatThatCannotBeWrittenIsRefusedByName();
     void aFolderThatIsNotThereIsNamed();
+    void noFormatLosesAFileWhereItCannotWrite_data();
+    void noFormatLosesAFileWhereItCannotWrite();
+    void aFileTakesThePlaceOfTheFormerOne();
+    void aDeviceIsNotReplaced();
+    void aPrintIntoAFileIsADocument();
     void aPdfIsOneLandscapePage();
     void aPictureKeepsItsProportionsOnThePage();
 };
@@ -36,12 +46,9 @@ void ExportTest::aPictureComesBackAsItWasWritten()
 {
     const QTemporaryDir folder;
     QString error;
-    for (const char* suffix : {"png", "bmp", "tif"}) {
+    for (const char* suffix : {"png", "bmp", "tif", "TIFF"}) {
         const QString name = folder.filePath(QString("shot.") + suffix);
-        if (!savePicture(twoColours(), name, &error)) {
-            QVERIFY2(QString(suffix) == "tif", qPrintable(error));  // that one is a plug-in
-            continue;
-        }
+        QVERIFY2(savePicture(twoColours(), name, &error), qPrintable(error));
         const QImage back(name);
         QCOMPARE(back.size(), QSize(40, 20));
         QCOMPARE(back.pixelColor(5, 5), QColor(Qt::red));
@@ -56,6 +63,82 @@ void ExportTest::anUnknownFormatLeavesNoFile()
     QVERIFY(!savePicture(twoColours(), folder.filePath("shot.xyz"), &error));
     QVERIFY(error.contains("shot.xyz"));
     QVERIFY(!QFile::exists(folder.filePath("shot.xyz")));
+}
+
+void ExportTest::aFormatThatCannotBeWrittenIsRefusedByName()
+{
+    QString error;
+    QVERIFY(canWritePicture("/nowhere/shot.tif", &error));
+    QVERIFY(error.isEmpty());
+    QVERIFY(!canWritePicture("/tmp/shot.gif", &error));
+    QVERIFY(error.contains("/tmp/shot.gif"));
+    for (const char* format : {".png", ".jpg", ".tif", ".bmp"}) QVERIFY2(error.contains(format), qPrintable(error));
+    QVERIFY(!canWritePicture("/tmp/shot", &error));
+}
+
+/// A document of the printer's page, written by name.
+static bool printTo(const QString& name, QString* error)
+{
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(name);
+    return printPicture(twoColours(), &printer, error);
+}
+
+void ExportTest::noFormatLosesAFileWhereItCannotWrite_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"shot.png", "shot.jpg", "shot.jpeg", "shot.bmp", "shot.tif", "shot.pdf", "print.pdf"})
+        QTest::newRow(name) << QString(name);
+}
+
+void ExportTest::noFormatLosesAFileWhereItCannotWrite()
+{
+    QFETCH(QString, name);
+    const QString found = failureOfWrites(name, [&](const QString& path, QString* error) {
+        return name == "print.pdf"      ? printTo(path, error)
+               : name.endsWith(".pdf") ? savePdf(twoColours(), path, error)
+                                       : savePicture(twoColours(), path, error);
+    });
+    QVERIFY2(found.isEmpty(), qPrintable(found));
+}
+
+void ExportTest::aFileTakesThePlaceOfTheFormerOne()
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath("a.txt");
+    QString error;
+    for (const QByteArray& bytes : {QByteArray("a long first text"), QByteArray("second")}) {
+        QVERIFY2(writeWhole(name, bytes, &error), qPrintable(error));
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), bytes);
+    }
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("a.txt"));
+}
+
+void ExportTest::aDeviceIsNotReplaced()
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath("pipe.png");
+    QCOMPARE(mkfifo(qPrintable(name), 0600), 0);
+    QString error;
+    QVERIFY(!savePicture(twoColours(), name, &error));
+    QVERIFY(error.contains("pipe.png"));
+    QVERIFY(!QFileInfo(name).isFile());
+}
+
+void ExportTest::aPrintIntoAFileIsADocument()
+{
+    const QTemporaryDir folder;
+    QString error;
+    const QString name = folder.filePath("print.pdf");
+    QVERIFY2(printTo(name, &error), qPrintable(error));
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(bytes.startsWith("%PDF-"));
+    QCOMPARE(bytes.count("/Type /Page\n"), 1);
 }
 
 void ExportTest::aFolderThatIsNotThereIsNamed()

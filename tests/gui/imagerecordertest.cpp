@@ -35,6 +35,7 @@ private slots:
     void aReplacedPictureGivesItsRoom();
     void theWindowIsWrittenToNumberedFiles();
     void aFileThatCannotBeWrittenIsALine();
+    void whatAFullDiskRefusedIsWrittenLater();
     void anOverlayIsPartOfThePicture();
     void anOverlaySwitchedWhileAPictureIsUpComesAfterIt();
     void aShownPictureComesWithItsAxisAndTitle();
@@ -418,8 +419,27 @@ void ImageRecorderTest::aFileThatCannotBeWrittenIsALine()
     f.store.setSavedFile("/nowhere/shot.tif");
     PrintedLines printed;
     f[0]->saveToFile(f.store.savedFile(), true);
-    f[0]->saveToFile(f.store.savedFile(), true);  // it was tried
     QCOMPARE(printed.text(), QString("Seismic Display: Error while writing pixmap file: /nowhere/shot-001.tif\n"));
+    QVERIFY(!f.store.picture(0)->isSaved);
+}
+
+void ImageRecorderTest::whatAFullDiskRefusedIsWrittenLater()
+{
+    const QTemporaryDir folder;
+    ImageFixture f;
+    f.store.setSaved(true);
+    f.store.setSavedFile(folder.filePath("gone/shot.png"));
+    {
+        PrintedLines printed;
+        f.next();
+    }
+    QDir(folder.path()).mkdir("gone");
+    f.next();
+    QCOMPARE(QDir(folder.filePath("gone")).entryList(QDir::Files), QStringList({"shot-001.png", "shot-002.png"}));
+    // The first is made of its picture, for the window has gone on.
+    QCOMPARE(f.pixels(QImage(folder.filePath("gone/shot-001.png"))), f.stored(0));
+    QCOMPARE(f.pixels(QImage(folder.filePath("gone/shot-002.png"))), f.pixels(f[0]->grab().toImage()));
+    QVERIFY(f.store.picture(0)->isSaved && f.store.picture(1)->isSaved);
 }
 
 void ImageRecorderTest::anOverlayIsPartOfThePicture()

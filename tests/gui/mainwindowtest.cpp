@@ -6,6 +6,7 @@
 #include "frame/mainwindow.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
+#include "host/globals.h"
 #include "sources/segyloader.h"
 #include "sources/segyloadparm.h"
 #include "tests/gui/displayfixture.h"
@@ -44,8 +45,12 @@ private slots:
     void aDroppedFileOpens();
     void whatWasAssumedIsListedAndCanBeCopied();
     void theExitChoicesSetTheRunState();
-    void theMouseModesFollowTheRadioButtons();
-    void onlyOnePickingBoxIsChecked();
+    void theFirstRecordIsReachedWhateverTheMoveUp();
+    void theMoveUpIsThatOfTheRecord();
+    void aProcessedFlowEndsWithTheLastEnsemble();
+    void withoutAFlowItsWaysOutAreDisabledAndSayWhy();
+    void modesThatAreNotBuiltNeitherStayCheckedNorTakeTheMouse();
+    void aFileFillsTheHostsRunTimeRecord();
     void theDifferenceIsThatOfTheTwoScreensBeforeIt();
     void theDifferenceIsAsLoudAsTheData();
     void oneEnsembleIsOnePictureAlsoAtTheEndOfAnIndex();
@@ -279,13 +284,13 @@ void MainWindowTest::theExitChoicesSetTheRunState()
         QCOMPARE(fixture.window->resetDirection(), 99);
     }
     {
-        WindowFixture fixture;
+        WindowFixture fixture(1);
         fixture.action("exitContAct")->trigger();
         QVERIFY(fixture.window->atExit());
         QCOMPARE(fixture.window->resetDirection(), 98);
     }
     {
-        WindowFixture fixture;
+        WindowFixture fixture(1);
         fixture.action("parmAct")->trigger();
         auto* parameters = fixture.window->findChild<QDialog*>("ParmMenuDialog");
         QVERIFY(parameters && parameters->isVisible());
@@ -297,31 +302,103 @@ void MainWindowTest::theExitChoicesSetTheRunState()
     }
 }
 
-void MainWindowTest::theMouseModesFollowTheRadioButtons()
+void MainWindowTest::theFirstRecordIsReachedWhateverTheMoveUp()
 {
+    NEEDS_TEST_DATA();
     WindowFixture fixture;
-    fixture.window->actionTable()->radio("radioSpectrum")->click();
-    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Spectrum);
-    fixture.window->actionTable()->box("showFBPickerBox")->setChecked(true);
-    fixture.window->checkRadioButtons();
-    QVERIFY(!fixture.window->actionTable()->radioBox()->isEnabled());
-    fixture.window->actionTable()->box("showFBPickerBox")->setChecked(false);
-    fixture.window->checkRadioButtons();
-    QVERIFY(fixture.window->actionTable()->radioBox()->isEnabled());
+    QCOMPARE(fixture.open(dataFile("prestack-marine/viking_small.segy"), 0, 1), 1);
+    QCOMPARE(fixture.shownKey(), QString("FFID :3"));
+    for (const int moveup : {1, 2, 3}) {
+        fixture.menu->moveup = moveup;
+        fixture.window->nextRecord();
+        QCOMPARE(fixture.shownKey(), QString("FFID :%1").arg(3 + moveup));
+        fixture.window->firstRecord();
+        QCOMPARE(fixture.shownKey(), QString("FFID :3"));
+    }
 }
 
-void MainWindowTest::onlyOnePickingBoxIsChecked()
+void MainWindowTest::theMoveUpIsThatOfTheRecord()
+{
+    WindowFixture fixture;
+    for (const int moveup : {1, 3, 12}) {
+        fixture.menu->moveup = moveup;
+        QCOMPARE(fixture.window->getMoveUp(), moveup);
+    }
+}
+
+void MainWindowTest::aProcessedFlowEndsWithTheLastEnsemble()
+{
+    WindowFixture fixture(1);
+    fixture.window->setLastEnsemble(true);  // the user is at work: the last record stays on the screen
+    QVERIFY(!fixture.window->atExit());
+    QVERIFY(!fixture.action("forwardAct")->isEnabled());
+    fixture.window->setLastEnsemble(false);
+    QVERIFY(fixture.action("forwardAct")->isEnabled());
+    fixture.action("exitProcAct")->trigger();
+    fixture.window->setLastEnsemble(false);
+    QVERIFY(!fixture.window->atExit());
+    fixture.window->setLastEnsemble(true);
+    QVERIFY(fixture.window->atExit());
+}
+
+void MainWindowTest::withoutAFlowItsWaysOutAreDisabledAndSayWhy()
+{
+    for (const char* name : {"exitProcAct", "exitProcHideAct", "exitContAct"}) {
+        WindowFixture fixture;
+        QAction* action = fixture.action(name);
+        QVERIFY2(!action->isEnabled(), name);
+        QVERIFY(action->toolTip().contains("No flow is running."));
+        fixture.window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));
+        QTest::keySequence(fixture.window.get(), action->shortcut());
+        QVERIFY(fixture.window->isVisible() && !fixture.window->contFlow());
+        QVERIFY(WindowFixture(1).action(name)->isEnabled());
+    }
+    QVERIFY(WindowFixture().action("exitAct")->isEnabled());
+}
+
+void MainWindowTest::modesThatAreNotBuiltNeitherStayCheckedNorTakeTheMouse()
 {
     WindowFixture fixture;
     WindowActions* table = fixture.window->actionTable();
-    table->box("showVelocityBox")->click();
-    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Velocity);
-    table->box("showFBPickerBox")->click();
-    QVERIFY(!table->box("showVelocityBox")->isChecked());
-    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::FirstBreaks);
-    table->box("showFBPickerBox")->click();
-    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Zoom);
-    QVERIFY(table->radioBox()->isEnabled());
+    const auto mode = [&] { return fixture.window->display()->mouseMode(); };
+    for (const char* name : {"showVelocityBox", "showGatPickerBox", "showFBPickerBox"}) {
+        QVERIFY(!table->box(name)->isEnabled());
+        QVERIFY(table->box(name)->toolTip().endsWith("is not built yet."));
+        table->box(name)->setChecked(true);
+        QVERIFY2(!table->box(name)->isChecked(), name);
+        QVERIFY(mode() == MouseMode::Zoom);
+        QVERIFY(table->radioBox()->isEnabled());
+    }
+    for (const char* name : {"radioSpectrum", "radioHeader"}) {
+        QVERIFY(!table->radio(name)->isEnabled());
+        table->radio(name)->setChecked(true);
+        fixture.window->checkRadioButtons();
+        QVERIFY2(table->radio("radioZoom")->isChecked(), name);
+        QVERIFY(mode() == MouseMode::Zoom);
+    }
+    for (const char* name : {"pickAct", "dispAct", "mapAct"}) {
+        QVERIFY2(!fixture.action(name)->isEnabled(), name);
+        QVERIFY(fixture.action(name)->toolTip().endsWith("is not built yet."));
+    }
+}
+
+void MainWindowTest::aFileFillsTheHostsRunTimeRecord()
+{
+    NEEDS_TEST_DATA();
+    globalRuntime = GlobalRuntime();
+    WindowFixture fixture;
+    QCOMPARE(fixture.open(dataFile("prestack-marine/viking_small.segy"), 4), 1);
+    // Bytes 3217 and 3221 of the file.
+    QCOMPARE(globalRuntime.samprat, 4.0f);
+    QCOMPARE(globalRuntime.numsmp, 600);
+    const orvinRuntimeStruct& own = fixture.menu->_orvinruntime;
+    QCOMPARE(globalRuntime.maxdtr, own.maxdtr);
+    QCOMPARE(globalRuntime.ipkey, own.ipkey);
+    QCOMPARE(globalRuntime.iskey, own.iskey);
+    QCOMPARE(globalRuntime.ipsort, own.ipsort);
+    QCOMPARE(globalRuntime.idtyp, own.idtyp);
+    QVERIFY(globalRuntime.maxdtr > 0 && globalRuntime.ipkey > 0 && globalRuntime.iskey > 0);
 }
 
 void MainWindowTest::theColorBarKeepsItsPlaceWhenAnOverlayGoes()
@@ -450,6 +527,9 @@ void MainWindowTest::aboutNamesTheCompany()
     fixture.window->about();
     QCOMPARE(boxes.titles, QStringList({"About Seismic Display"}));
     QVERIFY(boxes.texts.first().contains("Aurora Geoservices"));
+    QVERIFY(boxes.texts.first().contains("A interactive seismic data display and processing application.\n"));
+    for (const char* word : {"Meridune 0.1.0", "GNU General Public License, version 3", "Qt 5.15", "Qwt 6.1", "fftw-3"})
+        QVERIFY2(boxes.texts.first().contains(word), word);
 }
 
 void MainWindowTest::theWindowComesBackWithItsPanels()

@@ -8,6 +8,7 @@
 #include "sources/segyloader.h"
 #include "sources/segyloadparm.h"
 #include "tests/gui/displayfixture.h"
+#include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
 
 #include <QMainWindow>
@@ -29,6 +30,8 @@ private slots:
     void aBrokenPresetLeavesAllAsItWas();
     void namesMayHoldAnything();
     void aPresetActsOnAllDisplaysWithOneRepaintEach();
+    void aPresetForEveryFileIsAppliedToEach();
+    void aPresetCanBeDeleted();
     void theMenuListsWhatWasSaved();
 
 private:
@@ -243,6 +246,61 @@ void OptionsTest::aPresetActsOnAllDisplaysWithOneRepaintEach()
     }
     QCOMPARE(fixture[0]->seismicPlot()->conditioner().generation(), generation + 1);
     QVERIFY(!menu.apply("soft"));
+}
+
+/// Presses an entry of one of the menus inside the presets menu.
+static bool pressEntry(MainWindow* window, const char* menuName, const QString& text)
+{
+    auto* presets = window->findChild<PresetMenu*>("presetMenu");
+    emit presets->aboutToShow();
+    auto* menu = presets->findChild<QMenu*>(menuName);
+    if (!menu) return false;
+    for (QAction* action : menu->actions())
+        if (action->text() == text) {
+            action->trigger();
+            return true;
+        }
+    return false;
+}
+
+void OptionsTest::aPresetForEveryFileIsAppliedToEach()
+{
+    if (!hasTestData()) QSKIP("no real data files");
+    const QString file = QString::fromStdString(testDataFile("prestack-marine/viking_small.segy"));
+    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    savePreset(&settings, "loud & clear", otherPreset());
+    WindowFixture fixture;
+    SeismicPlot* plot = fixture.window->display()->seismicPlot();
+    QCOMPARE(fixture.open(file), 1);
+    QCOMPARE(plot->gain(), 0.0f);
+    QVERIFY(pressEntry(fixture.window.get(), "everyFileMenu", "loud && clear"));
+    for (int i = 0; i < 2; ++i) {
+        plot->setGain(0.0f);
+        QCOMPARE(fixture.open(file), 1);
+        QVERIFY(std::abs(plot->gain() + 7.5f) < 1e-4f);
+        QVERIFY(plot->isFilter());
+    }
+    QVERIFY(pressEntry(fixture.window.get(), "everyFileMenu", "None"));
+    plot->setGain(0.0f);
+    QCOMPARE(fixture.open(file), 1);
+    QCOMPARE(plot->gain(), 0.0f);
+}
+
+void OptionsTest::aPresetCanBeDeleted()
+{
+    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    savePreset(&settings, "to keep", otherPreset());
+    savePreset(&settings, "to go/away", otherPreset());
+    setPresetForEveryFile(&settings, "to go/away");
+    WindowFixture fixture;
+    QVERIFY(pressEntry(fixture.window.get(), "deletePresetMenu", "to go/away"));
+    QSettings fresh("Brenlake", "SEISMICDISPLAY");
+    QVERIFY(!presetNames(&fresh).contains("to go/away"));
+    QVERIFY(presetNames(&fresh).contains("to keep"));
+    QCOMPARE(presetForEveryFile(fresh), QString());
+    ConditioningPreset preset;
+    QVERIFY(!loadPreset(&fresh, "to go/away", &preset));
+    QVERIFY(!pressEntry(fixture.window.get(), "deletePresetMenu", "to go/away"));
 }
 
 void OptionsTest::theMenuListsWhatWasSaved()

@@ -7,7 +7,9 @@
 #include "display/myqwtplotcanvas.h"
 #include "display/scalemenu.h"
 #include "display/seismicplot.h"
+#include "frame/conditioningpreset.h"
 #include "frame/mainwindow.h"
+#include "frame/presetmenu.h"
 #include "frame/windowactions.h"
 #include "sources/segyloadparm.h"
 #include "tests/gui/displayfixture.h"
@@ -22,6 +24,8 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
+#include <QSlider>
 #include <QTabWidget>
 #include <QTemporaryDir>
 
@@ -36,6 +40,8 @@ private slots:
     void theTabsStandInOrder();
     void thereIsAButtonForEachDisplay();
     void choosingADisplayReachesAllTabs();
+    void theTabShowsWhatEachDisplayIsConditionedBy();
+    void aPresetIsShownAndOutlivesTheFile();
     void returnInAFieldDoesNotHideTheMenu();
     void dismissHidesAndTheSettingsStay();
     void gainControlRefreshesTheAutomaticRange();
@@ -123,6 +129,68 @@ void ParmMenuDialogTest::choosingADisplayReachesAllTabs()
     QVERIFY(!f.find<QCheckBox>("agcBox")->isChecked());
     QVERIFY(!f[0]->seismicPlot()->isAGC());
     QVERIFY(f.others[0]->seismicPlot()->isAGC());  // showing isn't changing
+}
+
+void ParmMenuDialogTest::theTabShowsWhatEachDisplayIsConditionedBy()
+{
+    MenuFixture f;
+    const auto shown = [&f] {
+        return QStringList({f.find<QCheckBox>("agcBox")->isChecked() ? "AGC" : "none", f.find<NumberEdit>("agcEdit")->text(),
+                            f.find<QCheckBox>("phseBox")->isChecked() ? "phase" : "none",
+                            f.find<NumberEdit>("phseEdit")->text(),
+                            QString::number(f.find<QSlider>("phseSlider")->value())});
+    };
+    f.others[0]->seismicPlot()->applyAGC(true, 300);
+    f.others[0]->seismicPlot()->applyPhase(true, -75);
+    const QStringList mine = {"none", "500", "none", "0", "0"}, theirs = {"AGC", "300", "phase", "-75", "-75"};
+    QCOMPARE(shown(), mine);
+    f.find<QRadioButton>("displayButton1")->click();
+    QCOMPARE(shown(), theirs);
+    // Off and on again means the same values.
+    for (const char* box : {"agcBox", "phseBox"}) {
+        f.find<QCheckBox>(box)->click();
+        f.find<QCheckBox>(box)->click();
+    }
+    QCOMPARE(shown(), theirs);
+    QCOMPARE(f.others[0]->seismicPlot()->conditioner().agcWindow(), 300);
+    QCOMPARE(f.others[0]->seismicPlot()->conditioner().phaseAngle(), -75.0f);
+    f.find<QRadioButton>("displayButton0")->click();
+    QCOMPARE(shown(), mine);
+    QVERIFY(!f[0]->seismicPlot()->isAGC() && !f[0]->seismicPlot()->isPhase());
+    // What another display was given doesn't come over this one with the next file.
+    f[0]->setNewFile(f.others[0]->menu());
+    QVERIFY(!f[0]->seismicPlot()->isAGC());
+}
+
+void ParmMenuDialogTest::aPresetIsShownAndOutlivesTheFile()
+{
+    if (!hasTestData()) QSKIP("no real data files");
+    WindowFixture fixture;
+    QCOMPARE(fixture.open(QString::fromStdString(testDataFile("prestack-marine/viking_small.segy"))), 1);
+    fixture.window->parameterMenu();
+    ConditioningPreset preset;
+    preset.isAGC = preset.isPhase = true;
+    preset.agcWindow = 250;
+    preset.phaseAngle = 60;
+    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    savePreset(&settings, "noisy", preset);
+    settings.sync();
+    auto* presets = fixture.window->findChild<PresetMenu*>("presetMenu");
+    QVERIFY(presets && presets->apply("noisy"));
+    ParmMenuDialog* menu = fixture.window->parmMenuDialog();
+    const auto isShown = [&] {
+        const TraceConditioner& c = fixture.window->display()->seismicPlot()->conditioner();
+        return c.isAGC() && c.agcWindow() == 250 && c.isPhase() && c.phaseAngle() == 60.0f &&
+               menu->findChild<QCheckBox*>("agcBox")->isChecked() &&
+               menu->findChild<NumberEdit*>("agcEdit")->text() == "250" &&
+               menu->findChild<QCheckBox*>("phseBox")->isChecked() &&
+               menu->findChild<NumberEdit*>("phseEdit")->text() == "60";
+    };
+    QVERIFY(isShown());
+    QCOMPARE(fixture.menu->iagc, 1);
+    QCOMPARE(fixture.menu->agcwinlen, 250);
+    QCOMPARE(fixture.open(QString::fromStdString(testDataFile("prestack-marine/viking_small.segy"))), 1);
+    QVERIFY(isShown());
 }
 
 void ParmMenuDialogTest::returnInAFieldDoesNotHideTheMenu()

@@ -3,6 +3,7 @@
 #include "frame/mainwindow.h"
 #include "frame/sectionexportdialog.h"
 #include "frame/windowactions.h"
+#include "tests/brokenplaces.h"
 #include "tests/gui/displayfixture.h"
 #include "widgets/numberedit.h"
 
@@ -27,6 +28,7 @@ private slots:
     void coloursAreAPicture();
     void aMapReachesBothBorders();
     void aFileIsWrittenWholeOrNotAtAll();
+    void aFormerFileStaysWhereNothingCanBeWritten();
     void centimetresAndInchesFollowEachOther();
     void theDialogStartsAtTheDisplaysSpacing();
     void aLargeEnsembleTakesSeconds();
@@ -257,6 +259,17 @@ static void type(QWidget* dialog, const char* name, const QString& text)
     edit->selectAll();
     QTest::keyClicks(edit, text);
     QTest::keyClick(edit, Qt::Key_Return);
+}
+
+void SectionExportTest::aFormerFileStaysWhereNothingCanBeWritten()
+{
+    SectionFixture fixture;
+    for (const char* name : {"section.pdf", "section.svg"}) {
+        const QString found = failureOfWrites(name, [&](const QString& path, QString* error) {
+            return saveSection(fixture.page(), fixture.content(), path, error);
+        });
+        QVERIFY2(found.isEmpty(), qPrintable(name + (": " + found)));
+    }
 }
 
 void SectionExportTest::centimetresAndInchesFollowEachOther()

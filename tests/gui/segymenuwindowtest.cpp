@@ -1,10 +1,13 @@
 /// The SEG-Y menu and the seek dialog as the main window uses them.
+#include "analysis/parmmenudialog.h"
 #include "display/seismicdisplay.h"
+#include "display/seismicplot.h"
 #include "frame/mainwindow.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
 #include "sources/menus/segyrecdialog.h"
 #include "sources/menus/segyremapdialog.h"
+#include "tests/gui/modalanswer.h"
 #include "tests/gui/segymenufixture.h"
 #include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
@@ -19,6 +22,7 @@
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <qwt_plot_grid.h>
 
 #include <cstring>
 #include <functional>
@@ -31,6 +35,8 @@ private slots:
     void initTestCase();
     void theMenuIsMadeOnceAndShownAgain();
     void withoutAFileTheMenuComesWithNothingFilledIn();
+    void cancellingTheFirstMenuEndsTheProgram();
+    void cancellingALaterMenuEndsNothing();
     void aFileOfTheCommandLineIsShownWithoutTheMenu();
     void openShowsTheFirstEnsemble();
     void aFailedLoadBringsTheMenuAgainWithItsFields();
@@ -44,6 +50,7 @@ private slots:
     void aFileOpenedElsewhereIsShownInTheLoadTab();
     void seekShowsTheRecord();
     void seekInAnotherSortRebuildsTheSortFirst();
+    void anotherSortLeavesThePictureAsItWasSet();
     void theTraceTabCountsInTheNewOrder();
     void aDismissedSeekChangesNothing();
     void anMsdosFileShowsItsTextAndHeaders();
@@ -55,6 +62,7 @@ private:
 
 /// A window with its SEG-Y menu.
 struct SegyWindow : WindowFixture {
+    using WindowFixture::WindowFixture;
     SegyMenuDialog* dialog() { return window->findChild<SegyMenuDialog*>("SegyMenuDialog"); }
     template <class T>
     T* find(const char* name)
@@ -126,6 +134,44 @@ void SegyMenuWindowTest::withoutAFileTheMenuComesWithNothingFilledIn()
         QCOMPARE(fixture.find<QComboBox>(name)->currentIndex(), 0);
     QVERIFY(!fixture.find<QPushButton>("buttonBuild")->isEnabled());
     QVERIFY(!fixture.find<QCheckBox>("remapBox")->isChecked());
+}
+
+void SegyMenuWindowTest::cancellingTheFirstMenuEndsTheProgram()
+{
+    {
+        SegyWindow fixture;
+        fixture.window->showSegyMenu(true, false);
+        fixture.find<QPushButton>("dismissButton")->click();
+        QVERIFY(!fixture.window->isVisible() && fixture.window->atExit());
+    }
+    {
+        SegyWindow fixture;
+        std::strcpy(fixture.menu->cfile, "/nowhere/lost.sgy,");
+        ModalAnswer answer([](QDialog* box) { box->accept(); });
+        fixture.window->showSegyMenu(true, false);
+        QVERIFY(answer.count > 0);
+        QVERIFY(fixture.window->isVisible() && fixture.dialog() && fixture.dialog()->isVisible());
+        QCOMPARE(fixture.find<QLineEdit>("fileField")->text(), QString("/nowhere/lost.sgy"));
+        fixture.find<QPushButton>("openButton")->click();  // fails once more
+        QVERIFY(fixture.window->isVisible() && fixture.dialog()->isVisible());
+        QTest::keyClick(fixture.dialog(), Qt::Key_Escape);
+        QVERIFY(!fixture.window->isVisible());
+    }
+}
+
+void SegyMenuWindowTest::cancellingALaterMenuEndsNothing()
+{
+    {
+        SegyWindow fixture;
+        fixture.window->showSegyMenu(true, false);
+        QCOMPARE(fixture.WindowFixture::open(_file), 1);  // as a file that is dropped
+        fixture.find<QPushButton>("dismissButton")->click();
+        QVERIFY(fixture.window->isVisible());
+    }
+    SegyWindow fixture(1);
+    fixture.window->showSegyMenu(false, false);
+    fixture.window->segyMenu();
+    QVERIFY(fixture.window->isVisible());
 }
 
 void SegyMenuWindowTest::aFileOfTheCommandLineIsShownWithoutTheMenu()
@@ -338,6 +384,64 @@ void SegyMenuWindowTest::seekInAnotherSortRebuildsTheSortFirst()
     QCOMPARE(fixture.menu->iskeyreal, fixture.window->segyLoader()->secEKey());
     fixture.action("backAct")->trigger();
     QCOMPARE(fixture.shownKey(), QString("CDP :103"));
+}
+
+/// All that the user can have set on a display, but for its keys.
+static QStringList settingsOf(const SeismicDisplay& display)
+{
+    const SeismicPlot& p = *display.seismicPlot();
+    const TraceConditioner& c = p.conditioner();
+    QStringList all;
+    for (const double v : {double(p.displayType()), double(p.normalization()), double(p.plotDirection()), double(p.clip()),
+                           double(p.gain()), double(p.rangeMin()), double(p.rangeMax()), double(p.isAutoGain()),
+                           double(p.bias()), double(p.isApplyBias()), double(p.traceSpacing()),
+                           double(p.isAutoTraceSpacing()), double(p.isAutoSampleSpacing()), double(c.isAGC()),
+                           double(c.agcWindow()), double(c.isPhase()), double(c.phaseAngle()), double(c.isFilter()),
+                           double(display.grid()->yEnabled()), double(display.timeIncrement())})
+        all.append(QString::number(v));
+    return all;
+}
+
+void SegyMenuWindowTest::anotherSortLeavesThePictureAsItWasSet()
+{
+    SegyWindow fixture;
+    fixture.open(_file, "Yes");
+    SeismicDisplay* display = fixture.window->display();
+    SeismicPlot* plot = display->seismicPlot();
+    plot->setDisplayType(ColorWiggle);
+    plot->setNormalization(Normalize::None);
+    plot->setAutoGain(false);
+    plot->setRange(-7.0f, 5.0f);
+    plot->setGain(9.5f);
+    plot->setClip(3.25f);
+    plot->setBias(0.5f);
+    plot->setApplyBias(true);
+    plot->setAutoTraceSpacing(false);
+    plot->setTraceSpacing(4.0f);
+    plot->applyAGC(true, 320);
+    plot->applyPhase(true, 40);
+    display->setPlotDirection(RightToLeft);
+    display->setTimeIncrement(2.0f);
+    display->grid()->enableY(true);
+    fixture.window->parameterMenu();
+    fixture.window->parmMenuDialog()->updateAll();
+    const QStringList before = settingsOf(*display);
+    const auto shown = [&] {
+        QStringList texts;
+        for (const char* name : {"gainEdit", "clipEdit", "lminEdit", "lmaxEdit", "agcEdit", "phseEdit", "biasEdit"})
+            texts.append(fixture.window->parmMenuDialog()->findChild<QLineEdit*>(name)->text());
+        return texts;
+    };
+    const QStringList texts = shown();
+    QCOMPARE(texts, QStringList({"9.5", "3.25", "-7", "5", "320", "40", "0.5"}));
+    QVERIFY(fixture.seek([](SegyRecDialog* dialog) {
+        dialog->findChild<QComboBox*>("seekPriBox")->setCurrentText("CDP Gather");
+        dialog->findChild<QSpinBox*>("seekSpin")->setValue(104);
+        dialog->accept();
+    }));
+    QCOMPARE(fixture.shownKey(), QString("CDP :104"));
+    QCOMPARE(settingsOf(*display), before);
+    QCOMPARE(shown(), texts);
 }
 
 void SegyMenuWindowTest::theTraceTabCountsInTheNewOrder()

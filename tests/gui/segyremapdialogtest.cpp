@@ -1,6 +1,7 @@
 /// The editor of the remap table: cells, files and boxes.
 #include "sources/menus/segyremapdialog.h"
 
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -18,6 +19,7 @@ class SegyRemapDialogTest : public QObject
 private slots:
     void hasTwentyFiveRowsAndTheToldTexts();
     void whatIsTypedIsInTheSnapshot();
+    void aHeaderWordIsChosenFromAList();
     void aFileFillsTheRowsAndClearsTheOthers();
     void aFileOfThirtyLinesFillsTwentyFiveRows();
     void savedRowsAreUpperCase();
@@ -78,6 +80,32 @@ void SegyRemapDialogTest::whatIsTypedIsInTheSnapshot()
     QTest::keyClick(editor, Qt::Key_Return);
     QTRY_COMPARE(dialog.table().cells[2][0], QString("cdp"));
     QVERIFY(changed.count() >= 1);
+}
+
+void SegyRemapDialogTest::aHeaderWordIsChosenFromAList()
+{
+    SegyRemapDialog dialog;
+    dialog.show();
+    QTableWidget* table = tableOf(&dialog);
+    table->setCurrentCell(0, 0);
+    table->edit(table->currentIndex());
+    auto* box = table->viewport()->findChild<QComboBox*>("headerWordBox");
+    QVERIFY(box);
+    // All 60 words of the header table, without the blanks that fill them up, with their descriptions.
+    QCOMPARE(box->count(), 60);
+    QCOMPARE(box->itemText(0), QString("CHAN"));
+    const int row = box->findText("ILINE_NO");
+    QCOMPARE(row, 48);
+    QCOMPARE(box->itemData(row, Qt::ToolTipRole).toString(), QString("3D inline number"));
+    box->setCurrentIndex(row);
+    emit box->textActivated(box->currentText());
+    QTRY_COMPARE(dialog.table().cells[0][0], QString("ILINE_NO"));
+    QTRY_VERIFY(!table->viewport()->findChild<QComboBox*>("headerWordBox"));
+    QVERIFY(dialog.isVisible());
+    // The other columns are typed.
+    table->setCurrentCell(0, 3);
+    table->edit(table->currentIndex());
+    QVERIFY(!table->viewport()->findChild<QComboBox*>("headerWordBox"));
 }
 
 void SegyRemapDialogTest::aFileFillsTheRowsAndClearsTheOthers()

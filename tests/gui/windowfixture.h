@@ -18,9 +18,11 @@ struct WindowFixture {
     std::unique_ptr<parmmenu> menu = std::make_unique<parmmenu>();
     std::unique_ptr<MainWindow> window;
 
-    WindowFixture()
+    /// @param dotrevia  1 as a flow starts the window
+    explicit WindowFixture(int dotrevia = 0)
     {
         setDisplayDefaults(menu.get());
+        menu->dotrevia = dotrevia;
         window = std::make_unique<MainWindow>(nullptr, menu.get());
         window->buildMainPlot();
         window->show();

@@ -245,6 +245,24 @@ TEST_F(ImageStorageTest, AllPicturesHeldAreWrittenOnce)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList({"shot-002.png", "shot-003.png"}));
 }
 
+TEST_F(ImageStorageTest, APictureCountsAsWrittenOnlyWhenItsFileStands)
+{
+    put(10);
+    store.setSaved(true);
+    testing::internal::CaptureStdout();
+    store.setSavedFile("/nowhere/shot.png");
+    store.performSaveFile2();
+    testing::internal::GetCapturedStdout();
+    EXPECT_FALSE(store.picture(0)->isSaved);
+    const QTemporaryDir folder;
+    store.setSavedFile(folder.filePath("shot.png"));
+    store.performSaveFile2();
+    EXPECT_TRUE(store.picture(0)->isSaved);
+    EXPECT_TRUE(QFile::exists(folder.filePath("shot-001.png")));
+    store.setUnsaved(0);
+    EXPECT_EQ(store.performSaveFile(true), 0);
+}
+
 TEST_F(ImageStorageTest, AFailureToWriteIsALine)
 {
     put(10);

@@ -1,10 +1,14 @@
 /// Remap files: one row a line, four fields.
+#include "sources/segyheader.h"
 #include "sources/segyremaptable.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <array>
+#include <map>
 
 TEST(SegyRemapTable, EachLineFillsTheRowWithItsNumber)
 {
@@ -105,4 +109,45 @@ TEST(SegyRemapTable, AFullTableTakesNoNewWord)
     EXPECT_EQ(putRemapRow(&table, "FFID", "4I", 17), 0);
     EXPECT_TRUE(table == before);
     EXPECT_EQ(putRemapRow(&table, "W24", "4I", 17), 25);
+}
+
+/// A trace header in which the four bytes from byte b on, counted from 1, hold 1000 + b, in the machine's order.
+static std::array<int, 60> numberedHeader()
+{
+    std::array<int, 60> header;
+    for (int i = 0; i < 60; ++i) header[size_t(i)] = 1001 + 4 * i;
+    return header;
+}
+
+TEST(SegyRemapTable, TheShippedTablesReadTheirBytes)
+{
+    const struct {
+        const char* file;
+        std::map<std::string, int> bytes;
+    } shipped[] = {
+        {"revision-0", {{"TRACENO ", 1}, {"FFID    ", 9}, {"CHAN    ", 13}, {"SOURCE  ", 17}, {"SOU_SLOC", 17},
+                        {"CDP     ", 21}, {"SEQNO   ", 25}}},
+        {"revision-1", {{"FFID    ", 9}, {"CHAN    ", 13}, {"SOURCE  ", 17}, {"CDP     ", 21}, {"ILINE_NO", 189},
+                        {"XLINE_NO", 193}, {"SOU_SLOC", 197}}},
+        {"inline-at-9-crossline-at-13", {{"ILINE_NO", 9}, {"XLINE_NO", 13}}},
+        {"inline-at-17-crossline-at-21", {{"ILINE_NO", 17}, {"XLINE_NO", 21}}},
+        {"inline-at-221-crossline-at-25", {{"ILINE_NO", 221}, {"XLINE_NO", 25}}},
+        {"inline-at-5-crossline-at-21", {{"ILINE_NO", 5}, {"XLINE_NO", 21}}},
+        {"source-at-byte-17", {{"SOU_SLOC", 17}}},
+    };
+    std::array<int, 60> raw = numberedHeader();
+    for (const auto& row : shipped) {
+        SegyRemapTable table;
+        QString error;
+        ASSERT_EQ(readRemapFile(QString(MERIDUNE_SOURCE_DIR "/resources/remap/") + row.file, &table, &error), 1) << row.file;
+        std::array<int, 60> words = {};
+        SegyHeader header(words.data(), 60);
+        header.setTreviaVersion(1);
+        header.setSegyRawHeader(raw.data());
+        header.performRemap(table, 0);
+        std::map<std::string, int> read;
+        for (int i = 0; i < 60; ++i)
+            if (words[size_t(i)] != 0) read[header.OrvinHeaderIndexName(i).toStdString()] = words[size_t(i)] - 1000;
+        EXPECT_EQ(read, row.bytes) << row.file;
+    }
 }
