@@ -199,7 +199,7 @@ void LayoutTrial::tryRecord(const SegyLayout& trial, double merit)
     if (layout.nTraces < 1 && !isCutInFirst) return;
     // One trace that is mostly missing is believed only as far as the loader would make room for it.
     constexpr int64_t most = int64_t(16) << 20;
-    if (layout.nTraces < 1 && layout.recordBytes() > most + 2 * bytes) return;
+    if (layout.nTraces < 1 && int64_t(layout.nSamples) * 4 > most + 2 * bytes) return;
     const SegyReelClaims& claims = _search->claims[layout.isBigEndian];
     std::vector<SegyRawHeader> probes;
     std::vector<double> scores;

@@ -44,6 +44,20 @@ TEST_F(SegyAssumptionsTest, EachKindIsOneLineAFileAndItsCountGoesOn)
     }
 }
 
+TEST_F(SegyAssumptionsTest, EmptyOffsetsAreToldWhereAllTracesOfARecordAreEmpty)
+{
+    SegyBuilder file = shots({1, 2, 2});
+    for (size_t i : {0, 1, 3, 4}) file.setHeader<int32_t>(i, 36, 0);
+    Loaded l({.files = save(file)});
+    ASSERT_TRUE(l.open().isGood);
+    l.loader.loadNextEnsemble(1);
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.loader.assumptions(), IsEmpty()) << "one trace alone, and one of two";
+    l.loader.loadNextEnsemble(1);
+    EXPECT_THAT(l.report.assumptions, ElementsAre("SegyLoader: empty offset in 2 of 5 traces, first in trace 4 (0): all "
+                                                  "traces are taken to be at offset 0"));
+}
+
 TEST_F(SegyAssumptionsTest, ADelayIsTellableByItself)
 {
     SegyBuilder file = shots({2});

@@ -149,10 +149,16 @@ TEST(SegyGuessRules, WhereTheConstantTellsTheOrderTheTypeFollowsTheText)
 
 TEST(SegyGuessRules, ACountThatAlmostNothingOfIsThereIsNotBelieved)
 {
-    SegyBuilder file = smallFile();
+    SegyBuilder file(0);  // no other count than the long one of revision 2
+    file.addTrace(std::vector<float>(40, 1.5f));
+    fillHeader(&file, 0, 1, 1, 0);
     file.put<int16_t>(3500, 0x0200);
-    file.put<int32_t>(3268, 10000000);
-    EXPECT_EQ(guessOf(file.bytes).parm.nsamp, 10);
+    for (int count : {45, 10000000}) {
+        file.put<int32_t>(3268, count);
+        const SegyGuess guess = guessOf(file.bytes);
+        EXPECT_EQ(guess.verdict, count == 45 ? SegyGuess::Read : SegyGuess::NotSegy);
+        EXPECT_EQ(guess.parm.nsamp, count == 45 ? 45 : 0) << "a trace cut of its last samples, or of nearly all";
+    }
 }
 
 /// Headers with a word at byte 200 (from 0) that counts on from 65530 by 3, so that its upper half moves once.

@@ -145,6 +145,24 @@ TEST_F(SegyLayoutTest, TheMapOfTheBackgroundFollowsToo)
     EXPECT_EQ(l.loader.priList(), QStringList({"10", "11", "12"}));
 }
 
+TEST_F(SegyLayoutTest, ATraceOfVariableLengthWithoutACountIsShorterByItsWholeHeader)
+{
+    // 200 samples of 4 bytes less 480: 320 bytes behind each header.
+    SegyBuilder file(200, 5);
+    for (size_t i = 0; i < 3; ++i) {
+        file.addHeader();
+        file.setHeader<int32_t>(i, 8, 10 + int(i));
+        file.bytes.resize(file.bytes.size() + 240 + 320);
+    }
+    Loaded l({.files = save(file), .isort = 1, .ivariable = 1, .indexbuilt = 1});
+    SegyReadLayout layout;
+    layout.headerBytes = 480;
+    l.loader.setLayout(layout);
+    ASSERT_TRUE(l.open().isGood);
+    EXPECT_EQ(l.loader.priList(), QStringList({"10", "11", "12"}));
+    EXPECT_EQ(l.loader.getMapArray()[2].offset, 3600u + 2 * 800);
+}
+
 TEST_F(SegyLayoutTest, ACutTraceAndACutHeaderCountAsTraces)
 {
     const SampleKind& kind = kinds[1];
