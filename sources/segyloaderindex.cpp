@@ -312,7 +312,6 @@ bool SegyLoader::loadEntry(int64_t entry)
     _numtraces = 0;
     if (!_segydata) return true;
     const Place before = place();
-    _hasEnsemble = false;
     int iTrace = 0;
     if (_isIndexBuilt) {
         if (_priValues.empty()) return true;
@@ -349,7 +348,6 @@ int64_t SegyLoader::readEnsemble(int iTrace)
 {
     int recorded = 0;
     int64_t nWanted = 0;
-    _firstTrace = _curTrace;
     for (;; ++iTrace) {
         const uint64_t before = _segydata->getPos();
         const int nRead = _isIndexBuilt ? _segydata->seekTrace(iTrace, _itempTrc.data(), true)
@@ -360,6 +358,7 @@ int64_t SegyLoader::readEnsemble(int iTrace)
         if (nWanted == 0) {
             recorded = _isIndexBuilt ? _priCurValue : value;
             _firstOffset = _isIndexBuilt ? _segydata->mapItem(iTrace)->offset : before;
+            _firstTrace = _curTrace;
             _hasEnsemble = true;
         } else if (value != recorded) {
             if (!_isIndexBuilt) _segydata->setPos(before);
