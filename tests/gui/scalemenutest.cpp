@@ -457,13 +457,7 @@ void ScaleMenuTest::anOverlayOfFullOpacityCoversTheData()
 void ScaleMenuTest::eachControlRepaintsOnce()
 {
     MenuFixture f;
-    const auto renders = [&](const std::function<void()>& change) {
-        QTest::qWait(30);
-        const int before = f[0]->myCanvas()->renderCount();
-        change();
-        QTest::qWait(30);
-        return f[0]->myCanvas()->renderCount() - before;
-    };
+    const auto renders = [&](const std::function<void()>& change) { return rendersOf(f[0], change); };
     for (const char* name :
          {"gridTBox", "gridTMinorBox", "gridSBox", "gridSMinorBox", "gridTBox", "agcBox", "phseBox"})
         QCOMPARE(renders([&] { f.box(name)->click(); }), 1);

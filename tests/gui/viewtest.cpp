@@ -20,6 +20,7 @@ private slots:
     void aPulseStandsAtItsOwnTimeAtEveryZoom();
     void theWheelAndThePannerLeaveTheDataAtTheirTimes();
     void aPictureOfPartOfTheRecordIsStoredWhole();
+    void aReversedSliceIsStoredFromItsFirstSampleOn();
     void noTraceIsPiledUpAtTheEdgeOfAWideView();
 };
 
@@ -215,6 +216,23 @@ void ViewTest::aPictureOfPartOfTheRecordIsStoredWhole()
         QVERIFY(value != f.values.end());
         const double sample = 100.0 + 100.0 * row / stored.height();
         QVERIFY2(std::abs(value->second - sample) < 2.5, qPrintable(QString::number(row)));
+    }
+}
+
+void ViewTest::aReversedSliceIsStoredFromItsFirstSampleOn()
+{
+    GreyMap f([](int, int j) { return float(j); }, nSamples);
+    makeSlice(&f, -300);
+    f.load(f.ensemble);
+    f.learnColors();
+    f[0]->buildImage();
+    const QImage& stored = f[0]->images().saveImage();
+    QVERIFY(!stored.isNull());
+    const int column = stored.width() * 10 / (nTraces + 1);
+    for (int row = 0; row < stored.height(); ++row) {
+        const auto value = f.values.find(stored.pixel(column, row));
+        QVERIFY(value != f.values.end());
+        QVERIFY2(std::abs(value->second - 200.0 * row / stored.height()) < 2.5, qPrintable(QString::number(row)));
     }
 }
 

@@ -51,6 +51,9 @@ private slots:
     void aTimeZoomTakesTheTracesOfTheNextEnsemble();
     void aSistersZoomAndPanDoNotComeBack();
     void zoomFlagsEndWithTheZoom();
+    void aZoomOfBothAxesKeepsTheTracesOfTheNextEnsemble();
+    void anotherFileForgetsThatOnlyTimesWereZoomed();
+    void rebuildingOneDisplayTakesTheOthersBack();
     void aSliceHasPositionsInsteadOfTimes();
     void aSliceOfNegativeNumbersRunsUpward();
     void aTimeWindowDoesNotReachIntoASlice();
@@ -537,6 +540,46 @@ void ZoomTest::aSistersZoomAndPanDoNotComeBack()
     const double aPixel = 800.0 / fixture[0]->canvas()->height();
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).minValue() - 400.0 - moved) < 2.0 * aPixel);  // once, not twice
     QVERIFY(qAbs(shown(fixture[1], QwtPlot::yLeft).minValue() - before - moved) < 2.0 * aPixel);
+}
+
+void ZoomTest::aZoomOfBothAxesKeepsTheTracesOfTheNextEnsemble()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500), wider(30, 500);
+    fixture.load(ensemble);
+    fixture[0]->setTimeZoom(true, true);  // first a drag on one axis, then one on the other
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 5.0, 800.0));
+    fixture.load(wider);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).minValue() - 5.0) < 1e-6);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).width() - 5.0) < 1e-6);
+}
+
+void ZoomTest::anotherFileForgetsThatOnlyTimesWereZoomed()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 500), wider(30, 500);
+    fixture.load(ensemble);
+    fixture[0]->setTimeZoom(true, false);
+    fixture[0]->setNewFile(fixture.menu.get());
+    fixture.load(ensemble);
+    fixture[0]->setZoomRect(QRectF(5.0, 400.0, 5.0, 800.0));
+    fixture.load(wider);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).minValue() - 5.0) < 1e-6);
+    QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).width() - 5.0) < 1e-6);
+}
+
+void ZoomTest::rebuildingOneDisplayTakesTheOthersBack()
+{
+    DisplayFixture f(2);
+    TestEnsemble ensemble(20, 500);
+    f.load(ensemble, 0);
+    f.load(ensemble, 1);
+    f[1]->setZoomRect(QRectF(5.0, 400.0, 5.0, 800.0));
+    f[0]->rebuildDisplay(false);
+    QVERIFY(f[1]->isZoomed());
+    f[0]->rebuildDisplay(true);
+    QVERIFY(!f[1]->isZoomed());
+    QVERIFY(qAbs(shown(f[1], QwtPlot::xTop).width() - 21.0) < 1e-3);
 }
 
 void ZoomTest::zoomFlagsEndWithTheZoom()
