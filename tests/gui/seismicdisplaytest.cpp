@@ -57,6 +57,7 @@ private slots:
     void traceLabelsNeverTouch_data();
     void traceLabelsNeverTouch();
     void labelsOfShotChangesStandAtThem();
+    void labelsOfMultiplesGoByOneTwoAndFive();
 };
 
 static QwtInterval shown(SeismicDisplay* display, int axis)
@@ -632,6 +633,20 @@ void SeismicDisplayTest::traceLabelsNeverTouch()
             QTest::keyClick(f[0]->canvas(), Qt::Key_Minus);
             checkLabels(f[0]);
         }
+}
+
+void SeismicDisplayTest::labelsOfMultiplesGoByOneTwoAndFive()
+{
+    DisplayFixture f(1, 20);
+    f.menu->iskeymod = 1;  // multiples of 5
+    f[0]->setMenu(f.menu.get());
+    for (const int n : {40, 120, 333, 2000}) {
+        TestEnsemble ensemble(n, 20);
+        for (int i = 0; i < n; ++i) ensemble.words[i][standardWordIndex("CHAN    ")] = i + 1;
+        f.load(ensemble);
+        QVERIFY(labelled(f[0]).size() >= 3);
+        checkLabels(f[0]);
+    }
 }
 
 void SeismicDisplayTest::labelsOfShotChangesStandAtThem()
