@@ -1,5 +1,7 @@
 #include "display/recordaxisscaledraw.h"
 
+#include "display/axisstep.h"
+
 #include <QPainter>
 #include <QString>
 #include <qwt_text.h>
@@ -67,7 +69,10 @@ bool RecordAxisScaleDraw::isLabelPlace(double value) const
 long long RecordAxisScaleDraw::labelNumber(double value, double step) const
 {
     const bool isTrace = _values && value >= 1.0 && value < _num + 1.0;
-    if (isTrace && _method == 1 && _incr > 0) return wholeValue(_values[int(value)]) / _incr;
+    if (isTrace && _method == 1 && _incr > 0) {
+        const double power = roundPower(_incr);  // every fifth of the multiples of 5 would be those of 25
+        return wholeValue(_values[int(value)]) / (power >= 1.0 ? int(power) : _incr);
+    }
     if (isTrace && _method == 3) return _changes[int(value)];
     return ThinnedScaleDraw::labelNumber(value, step);
 }

@@ -53,6 +53,7 @@ private slots:
     void aFileFillsTheHostsRunTimeRecord();
     void theDifferenceIsThatOfTheTwoScreensBeforeIt();
     void theDifferenceIsAsLoudAsTheData();
+    void ofSeveralScreensTheOutermostHaveTheTimeAxes();
     void oneEnsembleIsOnePictureAlsoAtTheEndOfAnIndex();
     void theColorBarKeepsItsPlaceWhenAnOverlayGoes();
     void showImagesWithoutImagesUnchecksItself();
@@ -438,6 +439,28 @@ void MainWindowTest::oneEnsembleIsOnePictureAlsoAtTheEndOfAnIndex()
     QVector<float> keys;
     for (int i = 0; i < store->storeTotal(); ++i) keys.append(store->picture(i)->pri);
     QCOMPARE(keys, QVector<float>({3.0f, 4.0f, 5.0f, 6.0f}));
+}
+
+void MainWindowTest::ofSeveralScreensTheOutermostHaveTheTimeAxes()
+{
+    const struct {
+        int screens, difference;
+        const char* axes;  // of each screen: l left, r right, b both, - none
+    } cases[] = {{1, 0, "b"}, {1, 1, "b"}, {2, 0, "lr"}, {3, 0, "l-r"}, {2, 1, "l-r"}};
+    for (const auto& c : cases) {
+        auto menu = std::make_unique<parmmenu>();
+        setDisplayDefaults(menu.get());
+        menu->iscreens = c.screens;
+        menu->idifference = c.difference;
+        MainWindow window(nullptr, menu.get());
+        window.buildMainPlot();
+        QString axes;
+        for (const SeismicDisplay* display : window.displayList()) {
+            const bool left = display->axisEnabled(QwtPlot::yLeft), right = display->axisEnabled(QwtPlot::yRight);
+            axes += left && right ? "b" : left ? "l" : right ? "r" : "-";
+        }
+        QCOMPARE(axes, QString(c.axes));
+    }
 }
 
 void MainWindowTest::theDifferenceIsAsLoudAsTheData()

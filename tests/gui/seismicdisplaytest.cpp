@@ -36,6 +36,7 @@ private slots:
     void anEnsembleThatFollowsKeepsTheZoom();
     void aTimeWindowShowsItsOwnTimes();
     void onlyLiveTracesAreMeasured();
+    void aTraceOfThreeSamplesIsNotMeasured();
     void editedHeadersGoBackOnlyWhenChanged();
     void storedSamplesAreNeverTouchedByConditioning();
     void loadingPaintsTheCanvasOnce();
@@ -56,6 +57,7 @@ private slots:
     void traceLabelsNeverTouch_data();
     void traceLabelsNeverTouch();
     void labelsOfShotChangesStandAtThem();
+    void labelsOfMultiplesGoByOneTwoAndFive();
 };
 
 static QwtInterval shown(SeismicDisplay* display, int axis)
@@ -310,6 +312,20 @@ void SeismicDisplayTest::onlyLiveTracesAreMeasured()
     QCOMPARE(fixture[0]->seismicPlot()->rms(), 3.0f);
 }
 
+void SeismicDisplayTest::aTraceOfThreeSamplesIsNotMeasured()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(3, 500);  // the first and the last are live
+    std::fill(ensemble.samples[0].begin(), ensemble.samples[0].end(), 0.0f);
+    std::fill(ensemble.samples[0].begin(), ensemble.samples[0].begin() + 3, 900.0f);
+    std::fill(ensemble.samples[2].begin(), ensemble.samples[2].end(), -4.0f);
+    fixture.load(ensemble);
+    QCOMPARE(fixture[0]->computeRMS(false), 4.0f);
+    ensemble.samples[0][3] = 900.0f;
+    fixture.load(ensemble);
+    QCOMPARE(fixture[0]->computeRMS(false), 452.0f);
+}
+
 void SeismicDisplayTest::editedHeadersGoBackOnlyWhenChanged()
 {
     DisplayFixture fixture;
@@ -344,12 +360,7 @@ void SeismicDisplayTest::loadingPaintsTheCanvasOnce()
     TestEnsemble ensemble(20, 500);
     fixture.load(ensemble);
     QTRY_VERIFY(fixture[0]->myCanvas()->renderCount() > 0);
-    QTest::qWait(50);
-    const int before = fixture[0]->myCanvas()->renderCount();
-    fixture.load(ensemble);
-    QTRY_COMPARE(fixture[0]->myCanvas()->renderCount(), before + 1);
-    QTest::qWait(50);
-    QCOMPARE(fixture[0]->myCanvas()->renderCount(), before + 1);
+    QCOMPARE(rendersOf(fixture[0], [&] { fixture.load(ensemble); }), 1);
 }
 
 void SeismicDisplayTest::scrollBarsStandOnlyWhileSomethingIsOutOfSight()
@@ -622,6 +633,20 @@ void SeismicDisplayTest::traceLabelsNeverTouch()
             QTest::keyClick(f[0]->canvas(), Qt::Key_Minus);
             checkLabels(f[0]);
         }
+}
+
+void SeismicDisplayTest::labelsOfMultiplesGoByOneTwoAndFive()
+{
+    DisplayFixture f(1, 20);
+    f.menu->iskeymod = 1;  // multiples of 5
+    f[0]->setMenu(f.menu.get());
+    for (const int n : {40, 120, 333, 2000}) {
+        TestEnsemble ensemble(n, 20);
+        for (int i = 0; i < n; ++i) ensemble.words[i][standardWordIndex("CHAN    ")] = i + 1;
+        f.load(ensemble);
+        QVERIFY(labelled(f[0]).size() >= 3);
+        checkLabels(f[0]);
+    }
 }
 
 void SeismicDisplayTest::labelsOfShotChangesStandAtThem()

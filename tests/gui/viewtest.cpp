@@ -20,6 +20,7 @@ private slots:
     void aPulseStandsAtItsOwnTimeAtEveryZoom();
     void theWheelAndThePannerLeaveTheDataAtTheirTimes();
     void aPictureOfPartOfTheRecordIsStoredWhole();
+    void aReversedSliceIsStoredFromItsFirstSampleOn();
     void noTraceIsPiledUpAtTheEdgeOfAWideView();
 };
 
@@ -199,6 +200,21 @@ void ViewTest::theWheelAndThePannerLeaveTheDataAtTheirTimes()
     checkColumn(&f, picture, 9, f[0]->visibleRect().height() / 4.0 / picture.height());
 }
 
+/// The stored picture of an ensemble has the samples from `first` to the last, from top to bottom.
+static void checkStored(GreyMap* f, double first)
+{
+    (*f)[0]->buildImage();
+    const QImage& stored = (*f)[0]->images().saveImage();
+    QVERIFY(!stored.isNull());
+    const int column = stored.width() * 10 / (nTraces + 1);
+    for (int row = 0; row < stored.height(); ++row) {
+        const auto value = f->values.find(stored.pixel(column, row));
+        QVERIFY(value != f->values.end());
+        const double sample = first + (nSamples - first) * row / stored.height();
+        QVERIFY2(std::abs(value->second - sample) < 2.5, qPrintable(QString::number(row)));
+    }
+}
+
 void ViewTest::aPictureOfPartOfTheRecordIsStoredWhole()
 {
     GreyMap f([](int, int j) { return float(j); }, nSamples);
@@ -206,16 +222,16 @@ void ViewTest::aPictureOfPartOfTheRecordIsStoredWhole()
     f[0]->setMenu(f.menu.get());
     f.load(f.ensemble);
     f.learnColors();
-    f[0]->buildImage();
-    const QImage& stored = f[0]->images().saveImage();
-    QVERIFY(!stored.isNull());
-    const int column = stored.width() * 10 / (nTraces + 1);
-    for (int row = 0; row < stored.height(); ++row) {
-        const auto value = f.values.find(stored.pixel(column, row));
-        QVERIFY(value != f.values.end());
-        const double sample = 100.0 + 100.0 * row / stored.height();
-        QVERIFY2(std::abs(value->second - sample) < 2.5, qPrintable(QString::number(row)));
-    }
+    checkStored(&f, 100.0);
+}
+
+void ViewTest::aReversedSliceIsStoredFromItsFirstSampleOn()
+{
+    GreyMap f([](int, int j) { return float(j); }, nSamples);
+    makeSlice(&f, -300);
+    f.load(f.ensemble);
+    f.learnColors();
+    checkStored(&f, 0.0);
 }
 
 void ViewTest::noTraceIsPiledUpAtTheEdgeOfAWideView()
