@@ -47,10 +47,10 @@ int main()
     const double nBytes = 2.0 * sizeof(float) * values.size();
     TraceConditioner conditioner;
     const auto ours = [&] { conditioner.computeNormalizer(data); };
-    printRatio("condition 2000x2000, measures alone", measureRatio(ours, limit), 2.5, nBytes);
+    printFigure("condition 2000x2000, measures alone", 1.3, nBytes, ours, limit);
     conditioner.applyAGC(true, 500);
-    printRatio("condition 2000x2000, AGC", measureRatio(ours, limit), 2.5, nBytes);
+    printFigure("condition 2000x2000, AGC", 1.3, nBytes, ours, limit);
     conditioner.applyFilter(true, 4, 12, 50, 60, false);
-    printRatio("condition 2000x2000, AGC and band-pass", measureRatio(ours, limit), 2.5, nBytes);
-    return EXIT_SUCCESS;
+    printFigure("condition 2000x2000, AGC and band-pass", 1.3, nBytes, ours, limit);
+    return benchStatus(true);
 }

@@ -122,9 +122,9 @@ static void benchControl(Shown& shown)
         shown.paint();
         ++renders;
     };
-    const Ratio r = measureRatio(change, [&] { shown.rasterAlone(); });
+    printFigure("control change to paint, 2000x2000", 1.3, 1900.0 * 1000.0 * 4.0, change,
+                [&] { shown.rasterAlone(); });
     if (shown.display->myCanvas()->renderCount() != renders) std::puts("a control change painted more than once: FAILED");
-    printRatio("control change to paint, 2000x2000", r, 1.3, 1900.0 * 1000.0 * 4.0);
 }
 
 static void benchReadout(Shown& large, Shown& small)
@@ -136,11 +136,10 @@ static void benchReadout(Shown& large, Shown& small)
                 shown.status.showMessage(shown.display->readoutAt(QPoint(10 + i % 1700, 10 + i % 800)));
         };
     };
-    const Ratio r = measureRatio(moves(large), moves(small));
-    printRatio("mouse read-out, 2000x2000 by 20x20", r, 1.2, 0.0);
+    const Ratio r = printFigure("mouse read-out, 2000x2000 by 20x20", 1.2, 0.0, moves(large), moves(small));
     const double micros = r.oursSec / nMoves * 1e6;
     std::printf("FIGURE %-44s %6.2f us  allowed 50 us  %s\n", "mouse read-out, one move", micros,
-                micros < 50.0 ? "ok" : "OVER");
+                judge(micros, 50.0));
 }
 
 static void benchNextEnsemble(Shown& shown)
@@ -167,8 +166,7 @@ static void benchNextEnsemble(Shown& shown)
         plot.computeNormalizer();
         shown.rasterAlone();
     };
-    const Ratio r = measureRatio(whole, kernels);
-    printRatio("next ensemble, 2000x2000 by its kernels", r, 1.5, 2000.0 * 2000.0 * 4.0);
+    printFigure("next ensemble, 2000x2000 by its kernels", 1.5, 2000.0 * 2000.0 * 4.0, whole, kernels);
 }
 
 int main(int argc, char** argv)
@@ -179,5 +177,5 @@ int main(int argc, char** argv)
     benchControl(large);
     benchReadout(large, small);
     benchNextEnsemble(large);
-    return 0;
+    return benchStatus(true);
 }

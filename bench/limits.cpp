@@ -26,48 +26,104 @@ void plainResample(const float* padded, double step, const float (*taps)[8], int
     }
 }
 
-void plainColor(const PlainPicture& p, const unsigned* table, int nColors, double maxValue, double increment)
+static const unsigned black = 0xff000000u;
+
+/// Pixel columns of a trace's axis and end.
+struct PlainEnds {
+    PlainEnds(const PlainPicture& p, int r, int k)
+        : value(p.out[r + k * p.stride]),
+          axis(std::clamp(int(k * p.pixPerTrace + p.xbase), 0, p.width - 1)),
+          at(std::clamp(int(value * p.pixPerTrace), -p.clipPix, p.clipPix) + axis),
+          end(std::clamp(at, 0, p.width - 1))
+    {
+    }
+    float value;
+    int axis, at, end;
+};
+
+void plainColor(const PlainPicture& p, const unsigned* table, int nColors, double maxValue, double increment,
+                bool isLined)
 {
     for (int r = 0; r < p.height; ++r) {
         unsigned* const line = p.pixels + size_t(r) * p.width;
         int prevEnd = p.xbase;
         for (int k = 0; k < p.nTraces; ++k) {
-            const float value = p.out[r + k * p.stride];
-            const int axis = std::clamp(int(k * p.pixPerTrace + p.xbase), 0, p.width - 1);
-            const int a = std::clamp(int(value * p.pixPerTrace), -p.clipPix, p.clipPix);
-            const int end = std::clamp(a + axis, 0, p.width - 1);
-            const unsigned color = table[std::clamp(int((maxValue - value) / increment), 0, nColors - 1)];
-            if (value > 0.0f) {
-                for (int x = std::max(axis, prevEnd); x <= end; ++x) line[x] = color;
+            const PlainEnds t(p, r, k);
+            const unsigned color = table[std::clamp(int((maxValue - t.value) / increment), 0, nColors - 1)];
+            if (t.value > 0.0f) {
+                for (int x = std::max(t.axis, prevEnd); x <= t.end; ++x) line[x] = color;
             } else {
-                for (int x = end; x <= axis; ++x) line[x] = color;
+                for (int x = t.end; x <= t.axis; ++x) line[x] = color;
             }
-            prevEnd = end;
+            if (isLined) line[t.end] = black;
+            prevEnd = t.end;
         }
     }
 }
 
-void plainWiggle(const PlainPicture& p)
+static void plainLine(const PlainPicture& p, int r, int k, const PlainEnds& t)
 {
-    const unsigned black = 0xff000000u;
+    if (r == 0) return;
+    const int from = PlainEnds(p, r - 1, k).at;
+    const int first = std::max(t.end < from ? t.end + 1 : from, 0);
+    const int last = std::min(t.end > from ? t.end - 1 : from, p.width - 1);
+    for (int x = first; x <= last; ++x) p.pixels[size_t(r - 1) * p.width + x] = black;
+}
+
+void plainBlack(const PlainPicture& p, bool isFilled, bool isLined)
+{
     for (int r = 0; r < p.height; ++r) {
         unsigned* const line = p.pixels + size_t(r) * p.width;
         int prevEnd = p.xbase;
         for (int k = 0; k < p.nTraces; ++k) {
-            const float value = p.out[r + k * p.stride];
-            const int axis = std::clamp(int(k * p.pixPerTrace + p.xbase), 0, p.width - 1);
-            const int end = std::clamp(std::clamp(int(value * p.pixPerTrace), -p.clipPix, p.clipPix) + axis, 0, p.width - 1);
-            if (value > 0.0f)
-                for (int x = std::max(axis, prevEnd); x <= end; ++x) line[x] = black;
-            line[end] = black;
-            if (r > 0) {
-                const float above = p.out[r - 1 + k * p.stride];
-                const int from = std::clamp(int(above * p.pixPerTrace), -p.clipPix, p.clipPix) + axis;
-                const int first = std::max(end < from ? end + 1 : from, 0);
-                const int last = std::min(end > from ? end - 1 : from, p.width - 1);
-                for (int x = first; x <= last; ++x) (line - p.width)[x] = black;
+            const PlainEnds t(p, r, k);
+            if (isFilled && t.value > 0.0f)
+                for (int x = std::max(t.axis, prevEnd); x <= t.end; ++x) line[x] = black;
+            if (isLined) {
+                line[t.end] = black;
+                plainLine(p, r, k, t);
             }
-            prevEnd = end;
+            prevEnd = t.end;
+        }
+    }
+}
+
+void plainLines(const PlainPicture& p)
+{
+    for (int r = 1; r < p.height; ++r)
+        for (int k = 0; k < p.nTraces; ++k) plainLine(p, r, k, PlainEnds(p, r, k));
+}
+
+void plainLinear(const float* in, int n, float step, int nOut, float* out)
+{
+    int node = 0;
+    for (int i = 0; i < nOut; ++i) {
+        const float position = float(i);
+        while (node + 2 < n && step * (node + 1) <= position) ++node;
+        const float at = step * node, next = step * (node + 1);
+        if (position > next) {
+            out[i] = in[n - 1];
+            continue;
+        }
+        const double part = (double(position) - at) / (double(next) - at), below = in[node];
+        out[i] = float(below + part * (in[node + 1] - below));
+    }
+}
+
+void plainMap(const PlainPicture& p, const unsigned* table, int nColors, double maxValue, double increment)
+{
+    const int columns = int(p.pixPerTrace * p.nTraces), n = p.nTraces;
+    for (int r = 0; r < p.height; ++r) {
+        unsigned* const line = p.pixels + size_t(r) * p.width + p.xbase;
+        int node = 0;
+        for (int x = 0; x < std::min(columns, p.width - p.xbase); ++x) {
+            while (node + 2 < n && float(node + 1) * float(columns) / float(n) <= float(x)) ++node;
+            const float at = float(node) * float(columns) / float(n);
+            const float next = float(node + 1) * float(columns) / float(n);
+            const double below = p.out[r + node * p.stride], above = p.out[r + (node + 1) * p.stride];
+            const float value = float(x) > next ? float(above)
+                                                : float(below + (double(x) - at) / (double(next) - at) * (above - below));
+            line[x] = black | table[std::clamp(int((maxValue - value) / increment), 0, nColors - 1)];
         }
     }
 }

@@ -23,9 +23,17 @@ struct PlainPicture {
     unsigned* pixels;
 };
 /// Colours by a table that runs from maxValue down in steps of increment.
-void plainColor(const PlainPicture& picture, const unsigned* table, int nColors, double maxValue, double increment);
-/// Variable area and wiggle, row by row.
-void plainWiggle(const PlainPicture& picture);
+/// @param isLined  each trace's end is black
+void plainColor(const PlainPicture& picture, const unsigned* table, int nColors, double maxValue, double increment,
+                bool isLined);
+/// Variable area where isFilled, and wiggle where isLined, row by row.
+void plainBlack(const PlainPicture& picture, bool isFilled, bool isLined);
+/// The wiggles alone, over whatever stands there.
+void plainLines(const PlainPicture& picture);
+/// Linear interpolation of traces whose samples are step rows apart to nOut rows.
+void plainLinear(const float* in, int n, float step, int nOut, float* out);
+/// A map, interpolated from trace to trace.
+void plainMap(const PlainPicture& picture, const unsigned* table, int nColors, double maxValue, double increment);
 
 // Conditioning.
 

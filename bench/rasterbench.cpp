@@ -5,7 +5,10 @@
 #include "display/traceraster.h"
 #include "host/numeric/resample.h"
 
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <map>
 #include <random>
 #include <string>
 
@@ -14,6 +17,7 @@
 /// Smooth traces, scaled each by itself, on a picture of 1900 by 1000 pixels.
 struct Section {
     Section(int traces, int samples, DisplayType type);
+    void resamplePlain();
     void paintPlain();
     QImage paint() { return raster.render(parm, nullptr); }
     long sumOf(const unsigned* pixels) const;
@@ -68,23 +72,39 @@ Section::Section(int traces, int samples, DisplayType type)
     for (int j = 0; j < 8; ++j) taps[512][j] = j == 4 ? 1.0f : 0.0f;
 }
 
-void Section::paintPlain()
+void Section::resamplePlain()
 {
     for (int i = 0; i < nTraces; ++i) {
         const float* in = &values[size_t(i) * nSamples];
         for (int j = 0; j < nSamples; ++j) padded[16 + j] = in[j] / divisors[i];
+        float* const to = &out[size_t(i) * window.height];
+        if (parm.displayType == Map || parm.displayType == Velocity) {
+            plainLinear(&padded[16], nSamples, window.pixPerSample, window.height, to);
+            continue;
+        }
         std::fill_n(padded.begin(), 16, padded[16]);
-        plainResample(padded.data(), 1.0 / double(window.pixPerSample), taps, window.height,
-                      &out[size_t(i) * window.height]);
+        plainResample(padded.data(), 1.0 / double(window.pixPerSample), taps, window.height, to);
     }
+}
+
+void Section::paintPlain()
+{
+    resamplePlain();
     std::fill(pixels.begin(), pixels.end(), 0xffffffffu);
     const PlainPicture picture = {out.data(),     size_t(window.height), nTraces,
                                   window.width,   window.height,         window.xbase,
                                   window.clipPix, window.pixPerTrace,    pixels.data()};
-    if (parm.displayType == WiggleVA)
-        plainWiggle(picture);
-    else
-        plainColor(picture, colors.rgbArray(), colors.numColors(), colors.maxValue(), colors.increment());
+    const auto color = [&](bool isLined) {
+        plainColor(picture, colors.rgbArray(), colors.numColors(), colors.maxValue(), colors.increment(), isLined);
+    };
+    switch (parm.displayType) {
+    case WiggleVA: return plainBlack(picture, true, true);
+    case Wiggle: return plainBlack(picture, false, true);
+    case VA: return plainBlack(picture, true, false);
+    case ColorB: return color(false);
+    case ColorWiggle: color(true); return plainLines(picture);
+    default: return plainMap(picture, colors.rgbArray(), colors.numColors(), colors.maxValue(), colors.increment());
+    }
 }
 
 long Section::sumOf(const unsigned* from) const
@@ -94,28 +114,75 @@ long Section::sumOf(const unsigned* from) const
     return sum;
 }
 
-static int measure(const char* name, int nTraces, int nSamples, DisplayType type)
+/// Seconds that matplotlib takes for its redraws, by name; empty where it isn't installed.
+static std::map<std::string, double> matplotlibSeconds()
 {
-    Section section(nTraces, nSamples, type);
+    std::map<std::string, double> seconds;
+    FILE* const script = ::popen("OMP_NUM_THREADS=1 /usr/bin/python3 " MERIDUNE_SOURCE_DIR "/bench/matplotlibredraw.py 2>&1", "r");
+    char name[64];
+    double value = 0.0;
+    while (script && std::fscanf(script, "%63s %lf", name, &value) == 2) seconds[name] = value;
+    if (script) ::pclose(script);
+    if (seconds.empty()) std::puts("python3-matplotlib is not installed: nothing to compare redraws with");
+    return seconds;
+}
+
+/// A kind of picture beside its plain loop, beside a redraw of matplotlib's, and on two cores beside one.
+struct Kind {
+    const char* name;
+    int nTraces, nSamples;
+    DisplayType type;
+    const char* redraw;  ///< whose time is compared, null for none
+    double faster;       ///< times faster than that
+};
+
+static bool measure(const Kind& kind, const std::map<std::string, double>& redraws)
+{
+    omp_set_num_threads(1);
+    Section section(kind.nTraces, kind.nSamples, kind.type);
     section.paintPlain();
     const QImage image = section.paint();
     if (section.sumOf(reinterpret_cast<const unsigned*>(image.constBits())) !=
         section.sumOf(section.pixels.data())) {
-        std::printf("%s: the pictures differ\n", name);
-        return 1;
+        std::printf("%s: the pictures differ\n", kind.name);
+        return false;
     }
-    const Ratio ratio = measureRatio([&] { section.paint(); }, [&] { section.paintPlain(); });
-    printRatio(name, ratio, 2.0, 4.0 * (section.values.size() + section.out.size() + section.pixels.size()));
-    return 0;
+    const std::string name = std::string("repaint ") + kind.name;
+    const double nBytes = 4.0 * (section.values.size() + section.out.size() + section.pixels.size());
+    const auto paint = [&] { section.paint(); };
+    const Ratio ratio = printFigure(name.c_str(), 0.6, nBytes, paint, [&] { section.paintPlain(); });
+    const auto redraw = redraws.find(kind.redraw ? kind.redraw : "");
+    if (redraw != redraws.end())
+        printValue((name + " / matplotlib").c_str(), ratio.oursSec / redraw->second, 1.0 / kind.faster,
+                   ratio.oursSec, redraw->second);
+    if (kind.nTraces < 2000) return true;
+    const auto paintOn = [&section](int nThreads) {
+        return [&section, nThreads] {
+            omp_set_num_threads(nThreads);
+            section.paint();
+        };
+    };
+    printFigure((name + ", two cores by one").c_str(), 1.0 / 1.7, 0.0, paintOn(2), paintOn(1));
+    return true;
 }
 
 int main()
 {
-    omp_set_num_threads(1);
-    int nFailed = 0;
-    nFailed += measure("repaint 2000x2000, colour", 2000, 2000, ColorB);
-    nFailed += measure("repaint 2000x2000, wiggle/VA", 2000, 2000, WiggleVA);
-    nFailed += measure("repaint 500x1500, colour", 500, 1500, ColorB);
-    nFailed += measure("repaint 500x1500, wiggle/VA", 500, 1500, WiggleVA);
-    return nFailed ? EXIT_FAILURE : EXIT_SUCCESS;
+    static const Kind kinds[] = {
+        {"2000x2000, map", 2000, 2000, Map, "bilinear", 12.0},
+        {"2000x2000, velocity", 2000, 2000, Velocity, "bilinear", 12.0},
+        {"2000x2000, colour", 2000, 2000, ColorB, "bilinear", 6.0},
+        {"2000x2000, colour/wiggle", 2000, 2000, ColorWiggle, "bilinear", 6.0},
+        {"2000x2000, VA", 2000, 2000, VA, "bilinear", 6.0},
+        {"2000x2000, wiggle", 2000, 2000, Wiggle, "bilinear", 6.0},
+        {"2000x2000, wiggle/VA", 2000, 2000, WiggleVA, "bilinear", 6.0},
+        {"500x1500, colour", 500, 1500, ColorB, nullptr, 0.0},
+        {"500x1500, wiggle/VA", 500, 1500, WiggleVA, "wiggles", 65.0},
+    };
+    const std::map<std::string, double> redraws = matplotlibSeconds();
+    bool isGood = true;
+    const char* const only = std::getenv("MERIDUNE_BENCH_ONLY");  // part of a name
+    for (const Kind& kind : kinds)
+        if (!only || std::strstr(kind.name, only)) isGood &= measure(kind, redraws);
+    return benchStatus(isGood);
 }

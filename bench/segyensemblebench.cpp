@@ -52,12 +52,12 @@ int main()
     const auto next = [&] { return shot = (shot + 1) % nEnsembles; };
     const auto ours = [&] { loader.seekEnsemble(next() + 1); };
     const double nBytes = double(nTraces) * double(file.recordBytes);
-    printRatio("ensemble 120 x 1500 IBM / segyio, headers too",
-               measureRatio(ours, [&] { readBySegyio(other, next() * nTraces, &samples, true); }, 201), 0.7, nBytes);
-    printRatio("ensemble 120 x 1500 IBM / segyio, samples only",
-               measureRatio(ours, [&] { readBySegyio(other, next() * nTraces, &samples, false); }, 201), 0.7, nBytes);
+    printFigure("ensemble 120 x 1500 IBM / segyio, headers too", 0.7, nBytes, ours,
+                [&] { readBySegyio(other, next() * nTraces, &samples, true); }, 201);
+    printFigure("ensemble 120 x 1500 IBM / segyio, samples only", 0.7, nBytes, ours,
+                [&] { readBySegyio(other, next() * nTraces, &samples, false); }, 201);
     segy_close(other);
-    return 0;
+    return benchStatus(true);
 }
 
 #else

@@ -73,7 +73,8 @@ def main(program):
     print(f'FIGURE start to the first ensemble of 10 GiB           {full_median / empty_median:6.2f}  '
           f'({min(full[1:]) * 1e3:.0f}..{max(full[1:]) * 1e3:.0f} ms)  allowed {allowed / empty_median:.2f}  '
           f'{"ok  " if full_median <= allowed else "OVER"}  ours {full_median * 1e3:.0f} ms  empty window {empty_median * 1e3:.0f} ms')
+    return 3 if full_median > 1.15 * allowed else 0
 
 
 if __name__ == '__main__':
-    main(sys.argv[1])
+    sys.exit(main(sys.argv[1]))

@@ -23,3 +23,21 @@ double roomyStep(double span, double wanted, int most)
         for (const double factor : {1.0, 2.0, 5.0})
             if (span / (wanted * factor * power) <= std::max(most, 1)) return wanted * factor * power;
 }
+
+double roundPower(double step)
+{
+    const double power = std::pow(10.0, std::floor(std::log10(step) + 1e-9));
+    for (const double factor : {1.0, 2.0, 5.0})
+        if (std::fabs(step - factor * power) <= 1e-9 * step) return power;
+    return 0.0;
+}
+
+double AxisRule::step(double span) const
+{
+    if (!(wanted > 0.0) || !std::isfinite(span)) return wanted;
+    if (isTyped) return roomyStep(span, wanted, most);
+    const double wide = axisStep(span, wanted, 3, smallest);
+    const double power = roundPower(wide);
+    // From the power of ten on: twice and five times 500 would be 1000 and 2500.
+    return power > 0.0 ? std::max(wide, roomyStep(span, power, most)) : roomyStep(span, wide, most);
+}

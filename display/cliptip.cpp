@@ -32,6 +32,9 @@ QString ClipTip::text()
     now.gain = _plot->gain();
     now.clip = _plot->clip();
     now.bias = _plot->isApplyBias() ? _plot->bias() : 0.0f;
+    now.rangeMin = _plot->rangeMin();
+    now.rangeMax = _plot->rangeMax();
+    now.displayType = type;
     now.normalize = int(_plot->normalization());
     if (now == _state) return _text;
     std::vector<float> offsets;

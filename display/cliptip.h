@@ -28,7 +28,8 @@ private:
     struct State {
         int generation = -1;
         float gain = 0.0f, clip = 0.0f, bias = 0.0f;
-        int normalize = 0;
+        float rangeMin = 0.0f, rangeMax = 0.0f;
+        int displayType = 0, normalize = 0;
         bool operator==(const State&) const = default;
     };
 

@@ -1,5 +1,6 @@
 #include "display/displaymenu.h"
 
+#include "display/displaytype.h"
 #include "display/fitgain.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
@@ -339,6 +340,7 @@ void DisplayMenu::changeScalar(int index)
     const WaitCursor wait;
     applyToPlots([=](SeismicPlot* plot) { plot->setNormalization(Normalize(index)); });
     updateGain();
+    if (!_doUpdate && shownPlot()) showRange(shownPlot());
 }
 
 void DisplayMenu::changeClip()
@@ -457,11 +459,32 @@ void DisplayMenu::changeGain()
 void DisplayMenu::fitShownGain()
 {
     const SeismicPlot* plot = shownPlot();
+    if (!plot) return;
+    if (isColorType(plot->displayType())) return fitShownRange();
     std::vector<float> offsets;
     double db = 0.0;
-    if (!plot || !fitGain(plot->rasterParm(&offsets), &db)) return;
-    _gainEdit->setNumber(std::clamp(db, -200.0, 200.0), 'f', 2);
-    changeGain();
+    if (!fitGain(plot->rasterParm(&offsets), &db)) return;
+    db = std::clamp(db, -200.0, 200.0);
+    _gainEdit->setNumber(db, 'f', 2);
+    const QSignalBlocker quiet(_gainSlider);
+    _gainSlider->setValue(int(db));
+    setGain(db - 1e-4);  // not as rounded as the field: above the gain that fits more would be clipped than is to be
+}
+
+/// Colours show amplitudes by their range; a gain would only whiten them.
+void DisplayMenu::fitShownRange()
+{
+    const SeismicPlot* shown = shownPlot();
+    std::vector<float> offsets;
+    float rangeMin = 0.0f, rangeMax = 0.0f;
+    if (!fitRange(shown->rasterParm(&offsets), &rangeMin, &rangeMax)) return;
+    applyToPlots([=](SeismicPlot* plot) {
+        plot->setAutoGain(false);  // the next ensemble keeps the range, as it would a typed one
+        plot->setRange(rangeMin, rangeMax);
+    });
+    const QScopedValueRollback<bool> showing(_doUpdate, true);
+    _lautoBox->setChecked(false);
+    showRange(shown);
 }
 
 void DisplayMenu::changeRange()
@@ -490,7 +513,7 @@ void DisplayMenu::changeRMS()
     const auto rms = float(_rmsEdit->number());
     applyToPlots([=](SeismicPlot* plot) {
         plot->setRMS(rms);
-        if (plot->isAutoGain() && plot->normalization() != Normalize::None)
+        if (plot->isAutoGain() && plot->normalization() != Normalize::None && !isColorType(plot->displayType()))
             plot->setRange(-plot->peak(), plot->peak());
     });
     const SeismicPlot* plot = shownPlot();

@@ -53,6 +53,7 @@ private slots:
     void changeAutoSample(int state);
     void changeSliderGain(int value);
     void changeGain();
+    /// The gain, or the range where colours show the amplitudes.
     void fitShownGain();
     void changeRange();
     void changeAutoRange(int state);
@@ -75,6 +76,7 @@ private:
     void setTraceSpacing(double tpi);
     void setSampleSpacing(double ips);
     void setGain(double db);
+    void fitShownRange();
     void rebuildAll(bool resetOthers);
     void showRange(const SeismicPlot* plot);
     void showSpacing();

@@ -27,6 +27,7 @@
 #include <qwt_text.h>
 
 #include <algorithm>
+#include <utility>
 
 /// The titles of all that is drawn begin with this, so that other code knows it as drawing.
 static const char drawingPrefix[] = "drwc999999-";
@@ -175,17 +176,25 @@ void DrawDialog::takeInput(bool on)
 }
 
 /// The user may type into other windows meanwhile. A press on a canvas takes the keyboard again: to follow the focus
-/// back would never end, for taking and giving the keyboard moves the focus.
+/// back would never end, for taking and giving the keyboard moves the focus. Only behind a modal dialog it is followed,
+/// once: the news that the dialog has lost the focus, to no window at first, may come after that of its end.
 void DrawDialog::followFocus(QWindow* window)
 {
-    if (_hasInput && !_windows.contains(window)) releaseKeyboard();
+    if (!_hasInput || (_awaitsFocus && !window)) return;
+    if (!_windows.contains(window))
+        releaseKeyboard();
+    else if (std::exchange(_awaitsFocus, false) && QWidget::keyboardGrabber() != this)
+        grabKeyboard();
 }
 
 bool DrawDialog::event(QEvent* event)
 {
     // A modal dialog has come or gone: it has its own keys and cursor.
     if (_isDrawing && event->type() == QEvent::WindowBlocked) takeInput(false);
-    if (_isDrawing && event->type() == QEvent::WindowUnblocked) takeInput(true);
+    if (_isDrawing && event->type() == QEvent::WindowUnblocked) {
+        _awaitsFocus = true;
+        takeInput(true);
+    }
     return QDialog::event(event);
 }
 

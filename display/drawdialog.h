@@ -104,6 +104,7 @@ private:
     bool _useText = false;
     bool _isDrawing = false;
     bool _hasInput = false;   // the cursor is ours
+    bool _awaitsFocus = false;  // a modal dialog has ended, and the focus isn't back yet
     bool _wasCompressing = false;  // moves of the mouse, before they were ours
     bool _isPassing = false;  // a key is on its way to another widget
     int _buttonDown = -1;     // -1 for none

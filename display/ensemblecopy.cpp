@@ -1,6 +1,7 @@
 #include "display/ensemblecopy.h"
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 #include <stdexcept>
 
@@ -31,6 +32,17 @@ void EnsembleCopy::point()
         _traces[i] = _samples.data() + size_t(i) * _nSamples;
         _headers[i] = _words.data() + size_t(i) * _nWords;
     }
+}
+
+bool EnsembleCopy::holds(float* const* traces, int* const* headers, int n, int first, int nSamples, int nWords) const
+{
+    if (n != _nTraces || nSamples != _nSamples || nWords != _nWords) return false;
+    for (int i = 0; i < n; ++i) {
+        // Bits, so that a sample that is no number equals itself.
+        if (std::memcmp(_traces[i], traces[i] + first, size_t(nSamples) * sizeof(float)) != 0) return false;
+        if (std::memcmp(_headers[i], headers[i], size_t(nWords) * sizeof(int)) != 0) return false;
+    }
+    return true;
 }
 
 int EnsembleCopy::copy(float* const* traces, int* const* headers, int n, int first, int nSamples, int nWords,

@@ -16,6 +16,8 @@ public:
     /// former copy is then still whole.
     int copy(float* const* traces, int* const* headers, int n, int first, int nSamples, int nWords,
              std::string* error);
+    /// Whether the same batch was copied last.
+    bool holds(float* const* traces, int* const* headers, int n, int first, int nSamples, int nWords) const;
 
     int traceCount() const { return _nTraces; }
     int sampleCount() const { return _nSamples; }

@@ -1,5 +1,7 @@
 #include "display/fitgain.h"
 
+#include "display/colortable.h"
+#include "display/displaytype.h"
 #include "display/traceraster.h"
 
 #include <algorithm>
@@ -44,13 +46,43 @@ bool fitGain(const RasterParm& parm, double* db)
     return true;
 }
 
+/// The value that so many others, from 0, are not above.
+static float valueAt(std::vector<float>* values, size_t rank)
+{
+    std::nth_element(values->begin(), values->begin() + ptrdiff_t(rank), values->end());
+    return (*values)[rank];
+}
+
+bool fitRange(const RasterParm& parm, float* rangeMin, float* rangeMax)
+{
+    const float bias = parm.applyBias ? parm.bias : 0.0f;
+    std::vector<float> values;
+    forLiveSamples(parm, [&](float v, float divisor) { values.push_back((v * parm.gain + bias) / divisor); });
+    if (values.empty()) return false;
+    const auto [least, largest] = std::minmax_element(values.begin(), values.end());
+    const bool isOneSided = *least >= 0.0f || *largest <= 0.0f;
+    const size_t n = values.size(), beyond = isOneSided ? n / 100 : n / 50;
+    if (!isOneSided)
+        for (float& v : values) v = std::fabs(v);
+    const float high = valueAt(&values, n - 1 - beyond);
+    const float low = isOneSided ? valueAt(&values, beyond) : -high;
+    if (!(high > low) || !std::isfinite(high) || !std::isfinite(low)) return false;
+    *rangeMin = low;
+    *rangeMax = high;
+    return true;
+}
+
 ClipCount clippedSamples(const RasterParm& parm)
 {
     ClipCount count;
     const float bias = parm.applyBias ? parm.bias : 0.0f;
+    const bool isColor = isColorType(parm.displayType) && parm.colors;
+    const float least = isColor ? float(parm.colors->minValue()) : -parm.clip;
+    const float largest = isColor ? float(parm.colors->maxValue()) : parm.clip;
     forLiveSamples(parm, [&](float v, float divisor) {
         ++count.live;
-        if (std::fabs((v * parm.gain + bias) / divisor) > parm.clip) ++count.clipped;
+        const float painted = (v * parm.gain + bias) / divisor;
+        if (painted > largest || painted < least) ++count.clipped;
     });
     return count;
 }

@@ -12,7 +12,12 @@ struct RasterParm;
 /// Returns true; false with *db untouched where no sample is live or the clip isn't above 0.
 bool fitGain(const RasterParm& parm, double* db);
 
-/// Samples beyond the clip, and those that are live.
+/// The range whose ends the colours of 98 of 100 live samples stay inside, as they are painted: gain, bias and scaling
+/// count. As far to either side of 0; of samples with one sign only, one of 100 goes at each end.
+/// Returns true; false with the range untouched where no sample is live or all are alike.
+bool fitRange(const RasterParm& parm, float* rangeMin, float* rangeMax);
+
+/// Samples beyond the clip, or, of a type that shows colours, beyond the ends of these, and those that are live.
 struct ClipCount {
     int64_t clipped = 0;
     int64_t live = 0;

@@ -36,7 +36,7 @@ PictureSize ImageRecorder::presentSize() const
     const QwtScaleMap x = _display->canvasMap(QwtPlot::xTop), y = _display->canvasMap(QwtPlot::yLeft);
     const double ratio = _display->canvas()->devicePixelRatioF();
     const SeismicData& data = *_display->seismicData();
-    const double timeSpan = double(data.sampleCount()) * _display->sampleRate();
+    const double timeSpan = double(data.sampleCount()) * (_display->isSlice() ? 1.0 : _display->sampleRate());
     const QSizeF pixels = _isShown ? _pixelsBefore : QSizeF(x.pDist(), y.pDist());
     const QSizeF units = _isShown ? _viewBefore.size() : QSizeF(x.sDist(), y.sDist());
     return wholePictureSize({pixels.width() * ratio, units.width(), data.traceCount() + 1.0},
@@ -46,7 +46,7 @@ PictureSize ImageRecorder::presentSize() const
 void ImageRecorder::buildMaps()
 {
     const SeismicData& data = *_display->seismicData();
-    const double timeSpan = double(data.sampleCount()) * _display->sampleRate();
+    const double timeSpan = double(data.sampleCount()) * (_display->isSlice() ? 1.0 : _display->sampleRate());
     const double left = _display->canvas()->contentsRect().left();
     _saveMap1.setPaintInterval(left, left + _saveWidth);
     _saveMap1.setScaleInterval(0.0, data.traceCount() + 1.0);
@@ -57,13 +57,21 @@ void ImageRecorder::buildMaps()
         _saveMap2.setScaleInterval(0.0, timeSpan);
 }
 
+/// The times that the picture shows; its own scale starts at 0 also where the data are a later part of the record.
+QwtScaleMap ImageRecorder::timeMap() const
+{
+    QwtScaleMap times = _saveMap2;
+    times.setScaleInterval(times.s1() + _display->shiftTime(), times.s2() + _display->shiftTime());
+    return times;
+}
+
 void ImageRecorder::paintOverlay(const QRectF& area)
 {
     const SeismicPlot* overlay = _display->overlayPlot();
     if (!overlay || !overlay->isVisible() || !overlay->isDataLoaded()) return;
     QPainter painter(&_saveImage);
     painter.setOpacity(overlay->opacity());
-    painter.drawImage(QPoint(0, 0), overlay->saveImage(_saveMap1, _saveMap2, area));
+    painter.drawImage(QPoint(0, 0), overlay->saveImage(_saveMap1, timeMap(), area));
 }
 
 void ImageRecorder::buildImage()
@@ -83,7 +91,7 @@ void ImageRecorder::buildImage()
     _display->seismicPlot()->setOutput(rstore);
     buildMaps();
     const QRectF area(0.0, 0.0, _saveWidth, _saveHeight);
-    _saveImage = _display->seismicPlot()->saveImage(_saveMap1, _saveMap2, area);
+    _saveImage = _display->seismicPlot()->saveImage(_saveMap1, timeMap(), area);
     if (!_saveImage.isNull()) paintOverlay(area);
     _saveImage.setDevicePixelRatio(_display->canvas()->devicePixelRatioF());
     setResizeImage(false);

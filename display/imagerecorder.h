@@ -82,6 +82,7 @@ private:
     bool wantsImage() const;
     PictureSize presentSize() const;
     void buildMaps();
+    QwtScaleMap timeMap() const;
     void paintOverlay(const QRectF& area);
     void put();
     void printStatistics() const;

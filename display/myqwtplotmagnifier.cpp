@@ -1,7 +1,5 @@
 #include "display/myqwtplotmagnifier.h"
 
-#include "display/axisstep.h"
-
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -80,7 +78,7 @@ void MyQwtPlotMagnifier::rescale(double factor)
         const bool isVertical = axis == QwtPlot::yLeft || axis == QwtPlot::yRight;
         // Far out the step would cut the scale into thousands of ticks, more than the axis has pixels.
         const int pixels = isVertical ? canvas()->height() : canvas()->width();
-        const double step = axisStep(2.0 * half, isVertical ? _yIncrement : _xIncrement);
+        const double step = (isVertical ? _yIncrement : _xIncrement).step(2.0 * half);
         plot->setAxisScale(axis, middle - half, middle + half, roomyStep(2.0 * half, step, pixels));
         isChanged = true;
     }

@@ -2,6 +2,8 @@
 #ifndef MYQWTPLOTMAGNIFIER_H
 #define MYQWTPLOTMAGNIFIER_H
 
+#include "display/axisstep.h"
+
 #include <QObject>
 #include <QPoint>
 #include <qwt_plot.h>
@@ -26,8 +28,8 @@ public:
     void setZoomInKey(int key, Qt::KeyboardModifiers state = Qt::NoModifier);
     void setZoomOutKey(int key, Qt::KeyboardModifiers state = Qt::NoModifier);
     void setAxisEnabled(int axis, bool on);
-    void setXIncrement(double step) { _xIncrement = step; }
-    void setYIncrement(double step) { _yIncrement = step; }
+    void setXIncrement(const AxisRule& rule) { _xIncrement = rule; }
+    void setYIncrement(const AxisRule& rule) { _yIncrement = rule; }
 
     /// New range = middle plus and minus factor times the half span, on each enabled axis, then one
     /// replot. 0 and 1 do nothing.
@@ -63,7 +65,7 @@ private:
     bool _isTracking = false;
     bool _hadMouseTracking = false;
     QPoint _mousePos;
-    double _xIncrement = 0.0, _yIncrement = 0.0;
+    AxisRule _xIncrement, _yIncrement;
 };
 
 /// The factor of a turn of the wheel: wheelFactor to the power of the whole notches, inverted for a turn

@@ -1,6 +1,5 @@
 #include "display/myqwtplotpanner.h"
 
-#include "display/axisstep.h"
 #include "tracedata/orvinconstants.h"
 
 #include <qwt_scale_div.h>
@@ -90,7 +89,7 @@ void MyQwtPlotPanner::moveCanvas(int dx, int dy)
         if (axis == QwtPlot::xBottom || axis == QwtPlot::xTop) {
             double lower = map.invTransform(p1 - dx), upper = map.invTransform(p2 - dx);
             limitInterval(_xmin, _xmax, &lower, &upper);
-            plot->setAxisScale(axis, lower, upper, axisStep(upper - lower, _xIncrement));
+            plot->setAxisScale(axis, lower, upper, _xIncrement.step(upper - lower));
             continue;
         }
         const double least = _ymin == noLimit ? noLimit : _ymin + _shift;
@@ -101,7 +100,7 @@ void MyQwtPlotPanner::moveCanvas(int dx, int dy)
             limitInterval(least, largest, &lower, &upper);
         else
             limitInterval(least, largest, &upper, &lower);
-        plot->setAxisScale(axis, lower, upper, axisStep(upper - lower, _yIncrement));
+        plot->setAxisScale(axis, lower, upper, _yIncrement.step(upper - lower));
     }
     plot->setAutoReplot(autoReplot);
     plot->replot();

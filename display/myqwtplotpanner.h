@@ -2,6 +2,8 @@
 #ifndef MYQWTPLOTPANNER_H
 #define MYQWTPLOTPANNER_H
 
+#include "display/axisstep.h"
+
 #include <qwt_panner.h>
 #include <qwt_plot.h>
 
@@ -15,8 +17,8 @@ public:
     /// Ends of the data: traces on x, ms on y counted from shift. 3.4e38 is no limit.
     /// @param direction  not 0: the vertical axes fall upward, as times do; 0: they rise
     void setMinMax(double xmin, double xmax, double ymin, double ymax, double shift, int direction);
-    void setXIncrement(double step) { _xIncrement = step; }
-    void setYIncrement(double step) { _yIncrement = step; }
+    void setXIncrement(const AxisRule& rule) { _xIncrement = rule; }
+    void setYIncrement(const AxisRule& rule) { _yIncrement = rule; }
     void setAxisEnabled(int axis, bool on);
     bool isAxisEnabled(int axis) const;
     /// True unless the left scale begins at the shift and the top one at 0.
@@ -32,7 +34,7 @@ private:
     bool _isEnabled[QwtPlot::axisCnt];
     double _xmin, _xmax, _ymin, _ymax;
     double _shift = 0.0;
-    double _xIncrement = 0.0, _yIncrement = 0.0;
+    AxisRule _xIncrement, _yIncrement;
     int _direction = 1;
 };
 

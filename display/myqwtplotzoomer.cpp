@@ -1,7 +1,5 @@
 #include "display/myqwtplotzoomer.h"
 
-#include "display/axisstep.h"
-
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <qwt_picker_machine.h>
@@ -31,6 +29,13 @@ bool sameRect(const QRectF& a, const QRectF& b)
            sameValue(a.height(), b.height());
 }
 
+bool nearlySameRect(const QRectF& a, const QRectF& b)
+{
+    const double share = 1e-5, dx = share * std::fabs(b.width()), dy = share * std::fabs(b.height());
+    return std::fabs(a.left() - b.left()) <= dx && std::fabs(a.right() - b.right()) <= dx &&
+           std::fabs(a.top() - b.top()) <= dy && std::fabs(a.bottom() - b.bottom()) <= dy;
+}
+
 void MyQwtPlotZoomer::setRange(double xmin, double ymin, double xmax, double ymax)
 {
     _range = QRectF(QPointF(xmin, ymin), QPointF(xmax, ymax));
@@ -45,7 +50,7 @@ QRectF MyQwtPlotZoomer::axesRect() const
 
 bool MyQwtPlotZoomer::isZoomed() const
 {
-    return _zoomRectIndex > (_hasSpareBase ? 1 : 0);
+    return _zoomRectIndex > restIndex();
 }
 
 void MyQwtPlotZoomer::setZoomBase(bool doReplot)
@@ -80,6 +85,7 @@ void MyQwtPlotZoomer::zoom(const QRectF& rect)
     if (_maxStackDepth >= 0 && _zoomRectIndex >= _maxStackDepth) return;
     const QRectF wanted = rect.normalized() & zoomBase();
     const bool isFinite = std::isfinite(rect.left() + rect.top() + rect.width() + rect.height());
+    _zoomStack[restIndex()] = restRect();  // it may have been panned
     if (!isFinite || wanted.isEmpty() || sameRect(wanted, zoomRect())) return;
     _zoomStack.resize(_zoomRectIndex + 1);
     _zoomStack.append(wanted);
@@ -90,15 +96,16 @@ void MyQwtPlotZoomer::zoom(const QRectF& rect)
 
 void MyQwtPlotZoomer::zoom(int offset)
 {
-    _zoomRectIndex = offset == 0 ? 0 : std::clamp(_zoomRectIndex + offset, 0, int(_zoomStack.size()) - 1);
+    _zoomRectIndex =
+        offset == 0 ? restIndex() : std::clamp(_zoomRectIndex + offset, restIndex(), int(_zoomStack.size()) - 1);
     rescale();
     emit zoomed(zoomRect());
 }
 
 /// Sets an axis to an interval in the direction that it has.
-static void setScale(QwtPlot* plot, int axis, double least, double largest, double wantedStep)
+static void setScale(QwtPlot* plot, int axis, double least, double largest, const AxisRule& rule)
 {
-    const double step = axisStep(largest - least, wantedStep);
+    const double step = rule.step(largest - least);
     if (plot->axisScaleDiv(axis).isIncreasing())
         plot->setAxisScale(axis, least, largest, step);
     else

@@ -2,6 +2,8 @@
 #ifndef MYQWTPLOTZOOMER_H
 #define MYQWTPLOTZOOMER_H
 
+#include "display/axisstep.h"
+
 #include <qwt_plot_picker.h>
 
 #include <QRectF>
@@ -19,8 +21,8 @@ public:
     /// @param doReplot  replots after each change of the axes
     MyQwtPlotZoomer(int xAxis, int yAxis, QWidget* canvas, bool doReplot = true);
 
-    void setXIncrement(double step) { _xIncrement = step; }
-    void setYIncrement(double step) { _yIncrement = step; }
+    void setXIncrement(const AxisRule& rule) { _xIncrement = rule; }
+    void setYIncrement(const AxisRule& rule) { _yIncrement = rule; }
     /// Traces and times of the data.
     void setRange(double xmin, double ymin, double xmax, double ymax);
     QRectF range() const { return _range; }
@@ -29,9 +31,11 @@ public:
     /// The axes as they stand become the base.
     void setZoomBase(bool doReplot = true);
     /// This rectangle becomes the base. The axes stay: if they show another part, that one lies above
-    /// the base on the stack and doesn't count as a zoom.
+    /// the base on the stack, doesn't count as a zoom, and is what going back ends at. Where it is panned to counts.
     void setZoomBase(const QRectF& base);
     QRectF zoomBase() const { return _zoomStack.first(); }
+    /// What is shown without a zoom: the base, or the part above it.
+    QRectF restRect() const { return restIndex() > 0 && !isZoomed() ? axesRect() : _zoomStack[restIndex()]; }
     QRectF zoomRect() const { return _zoomStack[_zoomRectIndex]; }
     const QVector<QRectF>& zoomStack() const { return _zoomStack; }
     int zoomRectIndex() const { return _zoomRectIndex; }
@@ -47,7 +51,7 @@ public:
 public slots:
     /// Shows a rectangle, cut to the base. One that is shown already does nothing.
     virtual void zoom(const QRectF& rect);
-    /// Steps through the stack; 0 goes to the base.
+    /// Steps through the stack; 0 goes to what is shown without a zoom.
     virtual void zoom(int offset);
 
 signals:
@@ -66,17 +70,20 @@ protected:
 
 private:
     QRectF axesRect() const;
+    int restIndex() const { return _hasSpareBase ? 1 : 0; }
 
     int _zoomRectIndex = 0;
     QVector<QRectF> _zoomStack;
     int _maxStackDepth = -1;
     bool _hasSpareBase = false;
     QRectF _range;
-    double _xIncrement = 0.0, _yIncrement = 0.0;
+    AxisRule _xIncrement, _yIncrement;
     bool _doReplot;
 };
 
 /// True if each of the four values differs by no more than 1e-12 of the smaller absolute value.
 bool sameRect(const QRectF& a, const QRectF& b);
+/// True if each value differs by no more than single precision does, which spacings are counted in.
+bool nearlySameRect(const QRectF& a, const QRectF& b);
 
 #endif

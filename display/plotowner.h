@@ -11,6 +11,8 @@ public:
     virtual ~PlotOwner() = default;
     /// 0: times rise along with the vertical scale; else they run against it.
     virtual int timeDirection() const = 0;
+    /// The vertical scale counts the samples of a slice, not ms.
+    virtual bool isSlice() const { return false; }
     /// Hears each trace shown, see TraceTap.
     virtual void sendPickTraceChange(const float* trace, int start, int n, int tr) = 0;
     /// Header word OFFSET of the first nTraces traces of data, in the survey's lengths; zeros if there is no

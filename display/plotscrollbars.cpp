@@ -47,10 +47,22 @@ void PlotScrollBars::synchronize(const ScrollExtent& horizontal, const ScrollExt
     place();
 }
 
+bool PlotScrollBars::hasHorizontal() const
+{
+    return !_hscroller->isHidden();
+}
+
+void PlotScrollBars::reserveHorizontal(bool on)
+{
+    if (_isReserved == on) return;
+    _isReserved = on;
+    place();
+}
+
 void PlotScrollBars::place()
 {
     const int right = _vscroller->isHidden() ? 0 : _vscroller->sizeHint().width();
-    const int bottom = _hscroller->isHidden() ? 0 : _hscroller->sizeHint().height();
+    const int bottom = _hscroller->isHidden() && !_isReserved ? 0 : _hscroller->sizeHint().height();
     const QMargins margins(0, 0, right, bottom);
     if (_plot->contentsMargins() != margins) _plot->setContentsMargins(margins);
     _vscroller->setGeometry(_plot->width() - right, 0, right, _plot->height() - bottom);

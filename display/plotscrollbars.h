@@ -27,6 +27,9 @@ public:
     void synchronize(const ScrollExtent& horizontal, const ScrollExtent& vertical);
     /// Puts them at the plot's lower and right edge.
     void place();
+    bool hasHorizontal() const;
+    /// Leaves room for the horizontal bar also while there is none, as a plot beside it has one.
+    void reserveHorizontal(bool on);
 
 signals:
     /// The user moved a bar: the first value to show.
@@ -37,6 +40,7 @@ private:
     QwtPlot* _plot;
     QScrollBar* _hscroller;
     QScrollBar* _vscroller;
+    bool _isReserved = false;
     double _hLeast = 0.0, _vLeast = 0.0;
 };
 

@@ -13,6 +13,9 @@ inline int wholeOf(double value)
     return int(value);
 }
 
+/// No trace is shifted further down; its rows would be far outside any picture.
+constexpr int mostShift = 1 << 24;
+
 /// Below some 100000 values a second thread takes longer to start than it saves.
 inline bool isWorthThreads(int nRows, int nTraces)
 {

@@ -1,64 +1,70 @@
+// Wiggles, areas and colours, row by row: the pixels of all traces of a row are worked out as vectors, then
+// written as spans. A span per trace and row holds all that the trace blackens there: its fill, the end of its
+// line from the row above, and the part of the line to the row below, which begins at that end.
 #include "display/rasterpaint.h"
 
-#include "display/colortable.h"
+#include "display/rasterband.h"
 #include "display/rasternumber.h"
-#include "host/cpuvariant.h"
-#include "host/numeric/intlin.h"
 
-#include <algorithm>
-#include <cstring>
 #include <vector>
 
-static constexpr QRgb black = 0xff000000u;
+#include <immintrin.h>
 
-typedef float FloatBand __attribute__((vector_size(rasterBand * sizeof(float))));
-typedef int IntBand __attribute__((vector_size(rasterBand * sizeof(int))));
-typedef double DoubleBand __attribute__((vector_size(rasterBand * sizeof(double))));
+/// Rows that one thread paints in a go.
+static constexpr int rowsTogether = 64;
 
-/// Excursions in whole pixels, limited; 0 for NaN.
-static inline MERIDUNE_KERNEL IntBand excursions(const float* values, float pixPerTrace, float clipPix)
-{
-    FloatBand v;
-    std::memcpy(&v, values, sizeof v);
-    v *= pixPerTrace;
-    v = v == v ? v : FloatBand{};
-    v = v < -clipPix ? FloatBand{} - clipPix : v;
-    v = v > clipPix ? FloatBand{} + clipPix : v;
-    return __builtin_convertvector(v, IntBand);
-}
-
-static int excursionOf(float value, float pixPerTrace, float clipPix)
-{
-    const float v = value * pixPerTrace;
-    return v == v ? int(std::clamp(v, -clipPix, clipPix)) : 0;
-}
-
-/// As ColorTable::index for each value.
-static inline MERIDUNE_KERNEL IntBand colorIndices(const float* values, const ColorTable& colors)
-{
-    FloatBand v;
-    std::memcpy(&v, values, sizeof v);
-    const double last = colors.numColors() - 1;
-    DoubleBand step = (colors.maxValue() - __builtin_convertvector(v, DoubleBand)) / colors.increment();
-    step = step > 0.0 ? step : DoubleBand{};
-    step = step < last ? step : DoubleBand{} + last;
-    return __builtin_convertvector(step, IntBand);
-}
-
-/// What the traces of one painting have in common.
+/// What the rows of one painting have in common.
 struct TraceGeometry {
     explicit TraceGeometry(const RasterPainting& p);
 
-    std::vector<int> axis;
+    std::vector<int> axis;  // pixel column of each trace, padded to whole bands
+    std::vector<QRgb> colors;
     float clipPix;
 };
 
-TraceGeometry::TraceGeometry(const RasterPainting& p) : axis(p.window.count)
+TraceGeometry::TraceGeometry(const RasterPainting& p)
+    : axis(p.window.count + rasterBand), colors(p.colors->rgbArray(), p.colors->rgbArray() + p.colors->numColors())
 {
     // beyond this every excursion has left the picture, and below it a float holds each pixel
     clipPix = float(std::clamp(p.window.clipPix, 0, 1 << 24));
     for (int k = 0; k < p.window.count; ++k)
         axis[k] = std::clamp(wholeOf(k * p.window.pixPerTrace + p.window.xbase), 0, p.window.width - 1);
+    for (QRgb& color : colors) color |= opaqueBlack;
+}
+
+/// Where each trace stands in a row: its excursion from the axis, in pixels.
+struct RowEnds {
+    void setRoom(int nTraces);
+    const int* at() const { return _at.data() + rasterBand; }
+    int* at() { return _at.data() + rasterBand; }
+    /// Cut to the picture. The one before the first is the first trace's axis.
+    const int* end() const { return _end.data() + rasterBand; }
+    int* end() { return _end.data() + rasterBand; }
+
+private:
+    std::vector<int> _at, _end;
+};
+
+void RowEnds::setRoom(int nTraces)
+{
+    const size_t n = size_t(nTraces) + 2 * rasterBand;
+    if (_at.size() < n) _at.resize(n);
+    if (_end.size() < n) _end.resize(n);
+}
+
+/// Work arrays of one thread.
+struct RowWork {
+    void setRoom(int nTraces);
+
+    RowEnds ends[2];  // of the row that is painted and of the next
+    std::vector<int> first, length, color, lineFirst, lineLength;  // spans, and for colours those of the lines
+};
+
+void RowWork::setRoom(int nTraces)
+{
+    for (RowEnds& row : ends) row.setRoom(nTraces);
+    for (auto* spans : {&first, &length, &color, &lineFirst, &lineLength})
+        if (spans->size() < size_t(nTraces) + rasterBand) spans->resize(size_t(nTraces) + rasterBand);
 }
 
 static constexpr bool hasLines(DisplayType type)
@@ -66,217 +72,195 @@ static constexpr bool hasLines(DisplayType type)
     return type == WiggleVA || type == Wiggle || type == ColorWiggle;
 }
 
-static constexpr bool isBlackLine(DisplayType type)
+static constexpr bool hasColors(DisplayType type)
 {
-    return type == WiggleVA || type == Wiggle;
+    return type == ColorB || type == ColorWiggle;
 }
 
-static inline MERIDUNE_KERNEL void fillRun(QRgb* line, int first, int last, QRgb color)
+static inline MERIDUNE_KERNEL IntBand larger(const IntBand& a, const IntBand& b)
 {
-    for (int x = first; x <= last; ++x) line[x] = color;
+    return a > b ? a : b;
 }
 
-/// As upperRun for the segments from the row above's `at` to each row's `end`. The first row has none above.
-static inline MERIDUNE_KERNEL void upperRuns(IntBand at, IntBand end, int right, IntBand* first, IntBand* last)
+static inline MERIDUNE_KERNEL IntBand smaller(const IntBand& a, const IntBand& b)
 {
-    int excursion[rasterBand + 1] = {};
-    std::memcpy(excursion + 1, &at, sizeof at);
-    IntBand from;
-    std::memcpy(&from, excursion, sizeof from);
-    *first = end < from ? end + 1 : from;
-    *last = end > from ? end - 1 : from;
-    *first = *first < 0 ? IntBand{} : *first;
-    *last = *last > right ? IntBand{} + right : *last;
+    return a < b ? a : b;
 }
 
-/// Fills, and the ends of the line segments, of nRows rows from row r0. Where all is black, and the order
-/// doesn't matter, the rest of the segments too, but for what they take in the row above the band.
-template <DisplayType type>
-static inline MERIDUNE_KERNEL void paintBand(const RasterPainting& p, const TraceGeometry& geometry, int r0,
-                                             int nRows)
+/// Excursions in whole pixels, limited; 0 for NaN.
+static inline MERIDUNE_KERNEL IntBand excursions(FloatBand v, float pixPerTrace, float clipPix)
 {
-    const int right = p.window.width - 1;
-    QRgb* const lines = p.pixels + ptrdiff_t(p.window.top + r0) * p.window.width;
-    const QRgb* const table = p.colors->rgbArray();
-    IntBand prevEnd = IntBand{} + p.window.xbase;
-    for (int k = 0; k < p.window.count; ++k) {
-        const float* const values = p.traces + k * p.stride + r0;
-        const int axis = geometry.axis[k];
-        const IntBand at = excursions(values, p.window.pixPerTrace, geometry.clipPix) + axis;
-        IntBand end = at < 0 ? IntBand{} : at;
-        end = end > right ? IntBand{} + right : end;
-        IntBand first = prevEnd > axis ? prevEnd : IntBand{} + axis;
-        IntBand last = end;
-        IntBand index{}, runFirst{}, runLast{};
-        if constexpr (isBlackLine(type)) upperRuns(at, end, right, &runFirst, &runLast);
-        if constexpr (type == ColorB || type == ColorWiggle) {
-            FloatBand v;
-            std::memcpy(&v, values, sizeof v);
-            const IntBand isPositive = v > 0.0f;
-            first = isPositive ? first : end;
-            last = isPositive ? end : IntBand{} + axis;
-            index = colorIndices(values, *p.colors);
-        }
-        for (int b = 0; b < nRows; ++b) {
-            QRgb* const line = lines + ptrdiff_t(b) * p.window.width;
-            if constexpr (type == ColorB || type == ColorWiggle) {
-                fillRun(line, first[b], last[b], black | table[index[b]]);
-            } else if constexpr (type == WiggleVA || type == VA) {
-                if (values[b] > 0.0f) fillRun(line, first[b], last[b], black);
-            }
-            if constexpr (hasLines(type)) line[end[b]] = black;
-            if constexpr (isBlackLine(type)) {
-                if (b > 0) fillRun(line - p.window.width, runFirst[b], runLast[b], black);
-            }
-        }
-        prevEnd = end;
+    v *= pixPerTrace;
+    v = v == v ? v : FloatBand{};
+    v = v < -clipPix ? FloatBand{} - clipPix : v;
+    v = v > clipPix ? FloatBand{} + clipPix : v;
+    return __builtin_convertvector(v, IntBand);
+}
+
+static inline MERIDUNE_KERNEL void findEnds(const RasterPainting& p, const TraceGeometry& geometry, int r,
+                                            RowEnds* ends)
+{
+    const float* const row = p.rows + r * p.stride;
+    const IntBand right = IntBand{} + (p.window.width - 1);
+    ends->end()[-1] = p.window.xbase;
+    for (int k = 0; k < p.window.count; k += rasterBand) {
+        const IntBand at = excursions(loadBand<FloatBand>(row + k), p.window.pixPerTrace, geometry.clipPix) +
+                           loadBand<IntBand>(&geometry.axis[k]);
+        storeBand(at, ends->at() + k);
+        storeBand(smaller(larger(at, IntBand{}), right), ends->end() + k);
     }
 }
 
-/// The parts that the segments of rows r0 + begin to r0 + end take in the rows above them.
-static inline MERIDUNE_KERNEL void paintUpper(const RasterPainting& p, const TraceGeometry& geometry, int r0,
-                                              int begin, int end)
+struct SpanBand {
+    IntBand first, last;
+};
+
+/// The part in a row of the lines to the next row's ends; empty where these lie outside the picture.
+static inline MERIDUNE_KERNEL SpanBand lineSpans(const IntBand& at, const IntBand& next, int right)
 {
+    return {larger(next < at ? next + 1 : at, IntBand{}), smaller(next > at ? next - 1 : at, IntBand{} + right)};
+}
+
+static inline MERIDUNE_KERNEL void storeSpans(const SpanBand& spans, int* first, int* length)
+{
+    storeBand(spans.first, first);
+    storeBand(larger(spans.last - spans.first + 1, IntBand{}), length);
+}
+
+/// The spans of row r.
+/// @param next  of the row below, null for none
+template <DisplayType type>
+static inline MERIDUNE_KERNEL void findSpans(const RasterPainting& p, const TraceGeometry& geometry, int r,
+                                             const RowEnds& row, const RowEnds* next, RowWork* work)
+{
+    const float* const values = p.rows + r * p.stride;
     const int right = p.window.width - 1;
-    QRgb* const lines = p.pixels + ptrdiff_t(p.window.top + r0 - 1) * p.window.width;
-    for (int k = 0; k < p.window.count; ++k) {
-        const int axis = geometry.axis[k];
-        const float* const values = p.traces + k * p.stride + r0;
-        const IntBand at = excursions(values, p.window.pixPerTrace, geometry.clipPix) + axis;
-        int from = begin > 0 ? at[begin - 1]
-                             : excursionOf(values[-1], p.window.pixPerTrace, geometry.clipPix) + axis;
-        for (int b = begin; b < end; ++b) {
-            const PixelRun run = upperRun(from, std::clamp(at[b], 0, right), p.window.width);
-            fillRun(lines + ptrdiff_t(b) * p.window.width, run.first, run.last, black);
-            from = at[b];
+    for (int k = 0; k < p.window.count; k += rasterBand) {
+        const FloatBand v = loadBand<FloatBand>(values + k);
+        const IntBand axis = loadBand<IntBand>(&geometry.axis[k]), end = loadBand<IntBand>(row.end() + k);
+        const IntBand fill = larger(loadBand<IntBand>(row.end() + k - 1), axis);
+        const IntBand isPositive = v > 0.0f;
+        SpanBand line = {end, end - 1};
+        if (hasLines(type) && next)
+            line = lineSpans(loadBand<IntBand>(row.at() + k), loadBand<IntBand>(next->end() + k), right);
+        if constexpr (hasColors(type)) {
+            storeSpans({isPositive ? fill : end, isPositive ? end : axis}, &work->first[k], &work->length[k]);
+            colorIndices(values + k, rasterBand, *p.colors, &work->color[k]);
+            if constexpr (hasLines(type)) storeSpans(line, &work->lineFirst[k], &work->lineLength[k]);
+        } else if constexpr (type == VA) {
+            storeSpans({fill, isPositive ? end : fill - 1}, &work->first[k], &work->length[k]);
+        } else {
+            line = {smaller(line.first, end), larger(line.last, end)};  // all begin at the end: one span
+            if constexpr (type == WiggleVA) line.first = isPositive ? smaller(line.first, fill) : line.first;
+            storeSpans(line, &work->first[k], &work->length[k]);
         }
     }
 }
 
-/// A band of rows, with the segments' parts inside the band.
-template <DisplayType type>
-static inline MERIDUNE_KERNEL void paintWholeBand(const RasterPainting& p, const TraceGeometry& geometry,
-                                                  int r0, int nRows)
+/// Writes spans of one colour.
+static void writeBlackPlain(QRgb* line, const int* first, const int* length, int n)
 {
-    paintBand<type>(p, geometry, r0, nRows);
-    if constexpr (hasLines(type) && !isBlackLine(type)) paintUpper(p, geometry, r0, 1, nRows);
+    for (int k = 0; k < n; ++k) std::fill_n(line + first[k], length[k], opaqueBlack);
 }
 
-static inline MERIDUNE_KERNEL void paintBandOf(const RasterPainting& p, const TraceGeometry& geometry, int r0,
-                                               int nRows)
+// Most spans are a few pixels long: writing eight under a mask needs no branch that could be guessed wrongly.
+static constexpr int masked = 8;
+alignas(64) static const int masks[2 * masked] = {-1, -1, -1, -1, -1, -1, -1, -1};
+
+MERIDUNE_V3 static inline void writeSpanV3(QRgb* to, int length, __m256i color)
+{
+    for (; __builtin_expect(length > masked, 0); length -= masked, to += masked)
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), color);
+    const auto* const mask = reinterpret_cast<const __m256i*>(masks + masked - length);
+    _mm256_maskstore_epi32(reinterpret_cast<int*>(to), _mm256_loadu_si256(mask), color);
+}
+
+MERIDUNE_V3 static void writeBlackV3(QRgb* line, const int* first, const int* length, int n)
+{
+    const __m256i black = _mm256_set1_epi32(int(opaqueBlack));
+    for (int k = 0; k < n; ++k) writeSpanV3(line + first[k], length[k], black);
+}
+
+/// Writes spans in colours, in the order of the traces.
+/// @param end  of each trace, blackened after its span; null for none
+static void writeColorsPlain(QRgb* line, const QRgb* colors, const RowWork& work, const int* end, int n)
+{
+    for (int k = 0; k < n; ++k) {
+        std::fill_n(line + work.first[k], work.length[k], colors[work.color[k]]);
+        if (end) line[end[k]] = opaqueBlack;
+    }
+}
+
+MERIDUNE_V3 static void writeColorsV3(QRgb* line, const QRgb* colors, const RowWork& work, const int* end, int n)
+{
+    const int *const first = work.first.data(), *const length = work.length.data(), *const color = work.color.data();
+    for (int k = 0; k < n; ++k) {
+        writeSpanV3(line + first[k], length[k], _mm256_set1_epi32(int(colors[color[k]])));
+        if (end) line[end[k]] = opaqueBlack;
+    }
+}
+
+/// The functions of one processor variant.
+struct RowWriters {
+    void (*black)(QRgb* line, const int* first, const int* length, int n);
+    void (*colors)(QRgb* line, const QRgb* colors, const RowWork& work, const int* end, int n);
+};
+
+/// Rows r0 to r1 - 1.
+template <DisplayType type>
+static inline MERIDUNE_KERNEL void paintRows(const RasterPainting& p, const TraceGeometry& geometry, int r0, int r1,
+                                             const RowWriters& write, RowWork* work)
+{
+    findEnds(p, geometry, r0, &work->ends[r0 % 2]);
+    for (int r = r0; r < r1; ++r) {
+        const RowEnds& row = work->ends[r % 2];
+        RowEnds* const next = r + 1 < p.nRows ? &work->ends[(r + 1) % 2] : nullptr;
+        if (next) findEnds(p, geometry, r + 1, next);
+        findSpans<type>(p, geometry, r, row, next, work);
+        QRgb* const line = p.pixels + ptrdiff_t(p.window.top + r) * p.window.width;
+        if constexpr (hasColors(type)) {
+            write.colors(line, geometry.colors.data(), *work, hasLines(type) ? row.end() : nullptr, p.window.count);
+            if constexpr (hasLines(type))
+                write.black(line, work->lineFirst.data(), work->lineLength.data(), p.window.count);
+        } else {
+            write.black(line, work->first.data(), work->length.data(), p.window.count);
+        }
+    }
+}
+
+static inline MERIDUNE_KERNEL void paintRowsOf(const RasterPainting& p, const TraceGeometry& geometry, int r0, int r1,
+                                               const RowWriters& write, RowWork* work)
 {
     switch (p.displayType) {
-    case WiggleVA: return paintWholeBand<WiggleVA>(p, geometry, r0, nRows);
-    case Wiggle: return paintWholeBand<Wiggle>(p, geometry, r0, nRows);
-    case VA: return paintWholeBand<VA>(p, geometry, r0, nRows);
-    case ColorB: return paintWholeBand<ColorB>(p, geometry, r0, nRows);
-    case ColorWiggle: return paintWholeBand<ColorWiggle>(p, geometry, r0, nRows);
+    case WiggleVA: return paintRows<WiggleVA>(p, geometry, r0, r1, write, work);
+    case Wiggle: return paintRows<Wiggle>(p, geometry, r0, r1, write, work);
+    case VA: return paintRows<VA>(p, geometry, r0, r1, write, work);
+    case ColorB: return paintRows<ColorB>(p, geometry, r0, r1, write, work);
+    case ColorWiggle: return paintRows<ColorWiggle>(p, geometry, r0, r1, write, work);
     default: return;
     }
 }
 
-static void paintBandPlain(const RasterPainting& p, const TraceGeometry& geometry, int r0, int nRows)
+static void paintRowsPlain(const RasterPainting& p, const TraceGeometry& geometry, int r0, int r1, RowWork* work)
 {
-    paintBandOf(p, geometry, r0, nRows);
+    paintRowsOf(p, geometry, r0, r1, {writeBlackPlain, writeColorsPlain}, work);
 }
 
-MERIDUNE_V3 static void paintBandV3(const RasterPainting& p, const TraceGeometry& geometry, int r0, int nRows)
+MERIDUNE_V3 static void paintRowsV3(const RasterPainting& p, const TraceGeometry& geometry, int r0, int r1,
+                                    RowWork* work)
 {
-    paintBandOf(p, geometry, r0, nRows);
+    paintRowsOf(p, geometry, r0, r1, {writeBlackV3, writeColorsV3}, work);
 }
 
 void paintTraces(const RasterPainting& p)
 {
     if (p.displayType == Grayscale) return;  // grey is a choice of colours, not a way of painting
     const TraceGeometry geometry(p);
-    const auto paint = cpuVariant() == CpuVariant::V3 ? paintBandV3 : paintBandPlain;
-    const int nBands = (p.nRows + rasterBand - 1) / rasterBand;
+    const auto paint = cpuVariant() == CpuVariant::V3 ? paintRowsV3 : paintRowsPlain;
 #pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
-    for (int band = 0; band < nBands; ++band)
-        paint(p, geometry, band * rasterBand, std::min(rasterBand, p.nRows - band * rasterBand));
-    if (!hasLines(p.displayType)) return;
-#pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
-    for (int band = 1; band < nBands; ++band)  // only now is the last row of each band done
-        paintUpper(p, geometry, band * rasterBand, 0, 1);
-}
-
-/// Positions of a map: of its traces in pixels, and of its pixels.
-struct MapGeometry {
-    explicit MapGeometry(const RasterPainting& p);
-
-    int columns;
-    std::vector<float> traceAt, pixelAt;
-};
-
-MapGeometry::MapGeometry(const RasterPainting& p)
-    : columns(wholeOf(p.window.pixPerTrace * p.window.count)), traceAt(p.window.count),
-      pixelAt(std::max(columns, 0))
-{
-    for (int i = 0; i < p.window.count; ++i) traceAt[i] = float(i) * float(columns) / float(p.window.count);
-    for (int i = 0; i < columns; ++i) pixelAt[i] = float(i);
-}
-
-/// Work arrays of one thread.
-struct MapWork {
-    std::vector<float> traces;  // rasterBand rows of one value a trace
-    std::vector<float> pixels;  // a row, padded to whole bands
-};
-
-/// Up to rasterBand rows from row r0, turned from traces to rows in one go.
-static void gatherRows(const RasterPainting& p, int r0, int nRows, float* rows)
-{
-    const int count = p.window.count;
-    for (int k = 0; k < count; ++k)
-        for (int b = 0; b < nRows; ++b) rows[size_t(b) * count + k] = p.traces[k * p.stride + r0 + b];
-}
-
-static inline MERIDUNE_KERNEL void colorPixels(const RasterPainting& p, const float* values, int begin,
-                                               int end, QRgb* line)
-{
-    const QRgb* const table = p.colors->rgbArray();
-    for (int k = begin; k < end; k += rasterBand) {
-        const IntBand index = colorIndices(values + k, *p.colors);
-        const int n = std::min(rasterBand, end - k);
-        for (int b = 0; b < n; ++b) line[k + b] = black | table[index[b]];
+    for (int r0 = 0; r0 < p.nRows; r0 += rowsTogether) {
+        static thread_local RowWork work;
+        work.setRoom(p.window.count);
+        paint(p, geometry, r0, std::min(r0 + rowsTogether, p.nRows), &work);
     }
-}
-
-static void colorPixelsPlain(const RasterPainting& p, const float* values, int begin, int end, QRgb* line)
-{
-    colorPixels(p, values, begin, end, line);
-}
-
-MERIDUNE_V3 static void colorPixelsV3(const RasterPainting& p, const float* values, int begin, int end,
-                                      QRgb* line)
-{
-    colorPixels(p, values, begin, end, line);
-}
-
-static void paintMapBand(const RasterPainting& p, const MapGeometry& geometry, int r0, int nRows)
-{
-    const auto color = cpuVariant() == CpuVariant::V3 ? colorPixelsV3 : colorPixelsPlain;
-    const int count = p.window.count, columns = geometry.columns;
-    static thread_local MapWork work;
-    work.traces.resize(std::max(work.traces.size(), size_t(count) * rasterBand));
-    work.pixels.resize(std::max(work.pixels.size(), size_t(columns) + rasterBand));
-    gatherRows(p, r0, nRows, work.traces.data());
-    const int begin = std::clamp(-p.window.xbase, 0, columns);
-    const int end = std::clamp(p.window.width - p.window.xbase, begin, columns);
-    for (int b = 0; b < nRows; ++b) {
-        const float* const row = work.traces.data() + size_t(b) * count;
-        intlin(count, geometry.traceAt.data(), row, columns, geometry.pixelAt.data(), work.pixels.data(),
-               row[0], row[count - 1]);
-        QRgb* const line = p.pixels + ptrdiff_t(p.window.top + r0 + b) * p.window.width + p.window.xbase;
-        color(p, work.pixels.data(), begin, end, line);
-    }
-}
-
-void paintMap(const RasterPainting& p)
-{
-    const MapGeometry geometry(p);
-    if (geometry.columns < 1) return;
-    const int nBands = (p.nRows + rasterBand - 1) / rasterBand;
-#pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
-    for (int band = 0; band < nBands; ++band)
-        paintMapBand(p, geometry, band * rasterBand, std::min(rasterBand, p.nRows - band * rasterBand));
 }

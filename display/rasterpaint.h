@@ -10,8 +10,9 @@ class ColorTable;
 
 /// Resampled traces and the picture they go to, all lent.
 struct RasterPainting {
-    /// Trace k, row r is traces[k * stride + r]; behind its rows stand rasterBand floats that may be read.
-    const float* traces = nullptr;
+    /// Trace k, row r is rows[r * stride + k]; behind each row's traces and behind the last row stand traceLanes
+    /// more that may be read.
+    const float* rows = nullptr;
     size_t stride = 0;
     int nRows = 0;  ///< rows to paint, the first of them on pixel row window.top, not below 0
     RasterWindow window;
@@ -19,9 +20,6 @@ struct RasterPainting {
     const ColorTable* colors = nullptr;
     QRgb* pixels = nullptr;  ///< window.height lines of window.width pixels
 };
-
-/// Rows that are painted together.
-constexpr int rasterBand = 16;
 
 /// Paints wiggles, areas and colours of window.count traces. Rows are shared out to threads.
 void paintTraces(const RasterPainting& painting);

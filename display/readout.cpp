@@ -21,6 +21,10 @@ ReadoutPosition readoutPosition(const ReadoutFrame& frame, double x, double y)
     at.trace = clampedInt(frame.rightToLeft ? frame.nTraces + 1 - tn : tn, 1, frame.nTraces) - 1;
 
     const int last = frame.nSamples - 1;
+    const double positions = frame.timeDirection ? y : frame.nSamples - y;
+    const double samples = frame.isSlice ? positions : y / frame.rate - frame.firstSample;
+    const double noise = 1e-6 * (frame.nSamples + frame.firstSample);  // of scales that went through pixels and back
+    at.isInside = x >= 0.0 && x <= frame.nTraces + 1.0 && samples >= -noise && samples < frame.nSamples - noise;
     if (!frame.isSlice) {
         const int onAxis = clampedInt(y / frame.rate, frame.firstSample, frame.firstSample + last);
         at.sample = onAxis - frame.firstSample;

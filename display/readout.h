@@ -24,6 +24,7 @@ struct ReadoutPosition {
     int trace = 0;        ///< from 0, in the order of the data
     int sample = 0;       ///< from 0, into the kept window
     double position = 0;  ///< time in ms, or the slice's position
+    bool isInside = false;  ///< whether the data reach to where that is: 0 to nTraces + 1, and their times
 };
 
 /// @param x  scale value of the trace axis: trace i from 1 stands at i

@@ -1,9 +1,12 @@
 #include "display/recordaxisscaledraw.h"
 
+#include "display/axisstep.h"
+
 #include <QPainter>
 #include <QString>
 #include <qwt_text.h>
 
+#include <algorithm>
 #include <cmath>
 
 void RecordAxisScaleDraw::setAxisArray(const float* values, int num, char type)
@@ -11,6 +14,8 @@ void RecordAxisScaleDraw::setAxisArray(const float* values, int num, char type)
     _values = values;
     _num = num;
     _type = type;
+    _changes.assign(size_t(std::max(num, 0)) + 1, 0);
+    for (int i = 2; i <= num; ++i) _changes[i] = _changes[i - 1] + (values[i] != values[i - 1] ? 1 : 0);
     invalidateCache();
 }
 
@@ -55,15 +60,32 @@ QwtText RecordAxisScaleDraw::label(double value) const
     return QwtText(_type == 'I' ? QString::number(wholeValue(_values[i])) : QString::number(_values[i], 'g', 6));
 }
 
+bool RecordAxisScaleDraw::isLabelPlace(double value) const
+{
+    return std::fabs(value - std::round(value)) < 1e-6;
+}
+
+/// Labels that stand only at some values are thinned out by these.
+long long RecordAxisScaleDraw::labelNumber(double value, double step) const
+{
+    const bool isTrace = _values && value >= 1.0 && value < _num + 1.0;
+    if (isTrace && _method == 1 && _incr > 0) {
+        const double power = roundPower(_incr);  // every fifth of the multiples of 5 would be those of 25
+        return wholeValue(_values[int(value)]) / (power >= 1.0 ? int(power) : _incr);
+    }
+    if (isTrace && _method == 3) return _changes[int(value)];
+    return ThinnedScaleDraw::labelNumber(value, step);
+}
+
 void RecordAxisScaleDraw::drawLabel(QPainter* painter, double value) const
 {
     const bool isVertical = _plotDirection == TopToBottom || _plotDirection == BottomToTop;
     if (!isVertical) {
-        QwtScaleDraw::drawLabel(painter, value);
+        ThinnedScaleDraw::drawLabel(painter, value);
         return;
     }
+    if (!isDrawn(value)) return;
     const QwtText text = tickLabel(painter->font(), value);
-    if (text.isEmpty()) return;
     const QSizeF size = text.textSize(painter->font());
     painter->save();
     painter->translate(labelPosition(value));

@@ -2,11 +2,10 @@
 #ifndef RECORDAXISSCALEDRAW_H
 #define RECORDAXISSCALEDRAW_H
 
+#include "display/thinnedscaledraw.h"
 #include "tracedata/orvinconstants.h"
 
-#include <qwt_scale_draw.h>
-
-class RecordAxisScaleDraw : public QwtScaleDraw
+class RecordAxisScaleDraw : public ThinnedScaleDraw
 {
 public:
     /// @param values  num + 1 values, lent until the next call; the one of trace i (from 1) at index i
@@ -23,6 +22,9 @@ public:
 
 protected:
     void drawLabel(QPainter* painter, double value) const override;
+    /// A label stands on its trace only.
+    bool isLabelPlace(double value) const override;
+    long long labelNumber(double value, double step) const override;
 
 private:
     int _num = 0;
@@ -32,6 +34,7 @@ private:
     int _incr = 1;
     bool _isFake = false;
     int _plotDirection = LeftToRight;
+    std::vector<int> _changes;  // how often the value has changed up to each trace, from 1
 };
 
 #endif

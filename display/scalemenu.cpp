@@ -1,6 +1,5 @@
 #include "display/scalemenu.h"
 
-#include "display/axisstep.h"
 #include "display/rasternumber.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
@@ -21,7 +20,6 @@
 #include <QSlider>
 #include <QVBoxLayout>
 #include <qwt_plot_grid.h>
-#include <qwt_scale_div.h>
 
 #include <cmath>
 
@@ -316,17 +314,12 @@ void ScaleMenu::changeApplyMinorSGrid(int state)
     applyToGrids([=](QwtPlotGrid* grid) { grid->enableXMin(state != 0); });
 }
 
-/// Changes the step of some axes; a part of the data that is zoomed or panned to stays in view.
-static void changeStep(SeismicDisplay* display, const QList<int>& axes, double step,
-                       const std::function<void()>& change)
+/// Changes the step of some axes; the part of the data that is in view stays there.
+static void changeStep(SeismicDisplay* display, const std::function<void()>& change)
 {
-    const bool showsPart = display->isZoomed() || display->isPanned();
-    QList<QwtScaleDiv> shown;
-    for (const int axis : axes) shown.append(display->axisScaleDiv(axis));
+    const QRectF shown = display->visibleRect();
     change();
-    for (int i = 0; showsPart && i < axes.size(); ++i)
-        display->setAxisScale(axes[i], shown[i].lowerBound(), shown[i].upperBound(),
-                              axisStep(shown[i].range(), step));
+    display->setVisibleRect(shown);
     display->rePlot();
 }
 
@@ -334,16 +327,14 @@ void ScaleMenu::changeMajorTGrid()
 {
     const double step = _gridTMajorEdit->number();
     for (SeismicDisplay* display : _selection.mainDisplays())
-        changeStep(display, {QwtPlot::yLeft, QwtPlot::yRight}, step,
-                   [=] { display->setTimeIncrement(float(step)); });
+        changeStep(display, [=] { display->typeTimeIncrement(float(step)); });
 }
 
 void ScaleMenu::changeMajorSGrid()
 {
     const double step = _gridSMajorEdit->number();
     for (SeismicDisplay* display : _selection.mainlist())
-        changeStep(display, {QwtPlot::xTop, QwtPlot::xBottom}, step,
-                   [=] { display->setTraceIncrement(float(step)); });
+        changeStep(display, [=] { display->typeTraceIncrement(float(step)); });
 }
 
 /// The minor division stays the plot's own.

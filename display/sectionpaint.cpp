@@ -1,5 +1,6 @@
 #include "display/sectionpaint.h"
 
+#include "display/displaytype.h"
 #include "display/rasternumber.h"
 
 #include <QFontMetricsF>
@@ -44,11 +45,6 @@ static bool hasWiggle(DisplayType type)
 static bool hasLobes(DisplayType type)
 {
     return type == WiggleVA || type == VA;
-}
-
-static bool hasColors(DisplayType type)
-{
-    return type == ColorB || type == ColorWiggle || type == Map || type == Velocity;
 }
 
 std::vector<std::pair<QString, QString>> foldedSide(const std::vector<std::pair<QString, QString>>& side)
@@ -212,7 +208,7 @@ void paintSection(QPainter* painter, const SectionPage& page, const SectionConte
 {
     // Paper is white, a viewer of pictures may not be.
     painter->fillRect(deviceRect({0.0, 0.0, page.width(), page.height()}), Qt::white);
-    if (hasColors(content.raster.displayType)) paintColors(painter, page, content.raster);
+    if (isColorType(content.raster.displayType)) paintColors(painter, page, content.raster);
     paintTraces(painter, page, content.raster);
     paintTimes(painter, page, content.hasTimeLines);
     painter->setPen(penOf(0.2));

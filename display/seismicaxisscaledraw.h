@@ -2,9 +2,9 @@
 #ifndef SEISMICAXISSCALEDRAW_H
 #define SEISMICAXISSCALEDRAW_H
 
-#include <qwt_scale_draw.h>
+#include "display/thinnedscaledraw.h"
 
-class SeismicAxisScaleDraw : public QwtScaleDraw
+class SeismicAxisScaleDraw : public ThinnedScaleDraw
 {
 public:
     /// Added to every value before it is shown.

@@ -301,14 +301,16 @@ void SeismicDisplay::afterFirstLayout()
 
 int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool replot)
 {
-    _images.forgetStored();
+    const bool isOverlay = n > 0 && _menu->ioverlay != 0 && _loadTraces && !_lastOverlay;
+    _isRepeated = n > 0 && !isOverlay && _loadTraces && _copy.holds(traces, heads, n, _stime, _numsmp, _nth);
+    if (!_isRepeated) _images.forgetStored();  // else its picture stands for it still
     setResizeImage(true);
     setShowImage(false);
     if (n < 1) {
         _lastEnsemble = true;
         return 0;
     }
-    if (_menu->ioverlay != 0 && _loadTraces && !_lastOverlay) return loadOverlayData(traces, heads, n, replot);
+    if (isOverlay) return loadOverlayData(traces, heads, n, replot);
     _lastOverlay = false;
     if (!loadTraces(traces, heads, n)) return 1;
     _loadTraces = true;
@@ -326,6 +328,7 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
         if (_menu->ips != 0.0f)
             _seismicplot->setSampleSpacing(float((1.0 / _menu->ips) / (_samprat / 1000.0)));
         _traceIncr = std::max(_traceIncrMult, 1.0f);
+        _isTraceIncrTyped = false;
     }
     _seismicplot->setSeismicView(0, 0, n, _numsmp, _stime);
     _seismicplot->setDataLoaded(true);

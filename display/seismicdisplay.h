@@ -2,6 +2,7 @@
 #ifndef SEISMICDISPLAY_H
 #define SEISMICDISPLAY_H
 
+#include "display/axisstep.h"
 #include "display/ensemblecopy.h"
 #include "display/headeraxis.h"
 #include "display/imagerecorder.h"
@@ -97,6 +98,9 @@ public:
     void rePlot();
     void setTraceIncrement(float incr);
     void setTimeIncrement(float incr);
+    /// The same for a step that the user typed, which the axis keeps at every zoom; that of traces until another file.
+    void typeTraceIncrement(float incr);
+    void typeTimeIncrement(float incr);
     /// Reads names and values of the keys from the headers. Returns 0, or 1 when memory ran out.
     int buildHeaderAxis();
     void setDisplayTitle();
@@ -120,11 +124,13 @@ public:
     void setTimeZoom(bool timeOnly, bool traceOnly);
     /// Zooms to a rectangle in scale units: traces and ms.
     void setZoomRect(const QRectF& rect);
-    /// Back to the base, this display only.
+    /// Back to what is shown without a zoom, this display only.
     void resetZoom(int index);
-    /// The whole data become the base.
+    /// The whole data become the base; what the axes show is where going back ends.
     void setZoomBase();
     QRectF zoomBase() const;
+    /// What is shown without a zoom: the base, or the part of it that a fixed spacing shows.
+    QRectF restRect() const;
     /// What the axes show, traces and ms.
     QRectF visibleRect() const;
     /// Sets the axes; the zoom's stack stays, nothing is replotted.
@@ -133,6 +139,9 @@ public:
     bool isPanned() const;
     /// Moves the picture down by pixels.
     void panVertically(int dy);
+    bool hasHorizontalBar() const;
+    /// Leaves room for the bar of a display beside this one, so that their times stand in line.
+    void reserveHorizontalBar(bool on);
 
     /// Turns a mouse mode on or off; off is zooming.
     void setMouseMode(MouseMode mode, bool on);
@@ -193,11 +202,16 @@ public:
     /// Time of that sample in ms.
     double shiftTime() const { return _shiftTime; }
     bool lastEnsemble() const { return _lastEnsemble; }
+    /// The last batch was the one on the screen already.
+    bool isRepeated() const { return _isRepeated; }
     int windowNumber() const { return _windowNumber; }
     /// The line under the mouse at a position of the canvas; empty without data.
     QString readoutAt(const QPoint& pos) const;
 
     int timeDirection() const override { return _timeDirection; }
+    bool isSlice() const override;
+    /// Extent of the data on the vertical axis: ms, or the positions of a slice.
+    double wholeHeight() const;
     void sendPickTraceChange(const float* trace, int start, int n, int tr) override;
     void traceOffsets(const SeismicData& data, int nTraces, float* offsets) const override;
 
@@ -233,9 +247,10 @@ private:
     void setTimeWindow();
     void setTimeAxis();
     void setSliceAxis();
-    double wholeHeight() const;
     QSizeF panExtent() const;
-    double timeStep(double span) const;
+    AxisRule traceRule() const;
+    AxisRule timeRule() const;
+    void relayAxes();
     void limitPan();
     void showImageAgain();
     bool trackImage(QEvent* event);
@@ -280,10 +295,12 @@ private:
     int _iskeymod = 0, _iskeyinc = 1;
     float _timeIncr = 500.0f;   // ms
     float _traceIncr = 1.0f;
+    bool _isTimeIncrTyped = false, _isTraceIncrTyped = false;
     float _traceIncrMult = 1.0f;
     int _isTrevia = 1;
     bool _firstTime = true;
     bool _lastEnsemble = false;
+    bool _isRepeated = false;
     bool _loadTraces = false;
     int _stime = 0, _etime = 0;  // samples
     float _dstime = 1.0f;

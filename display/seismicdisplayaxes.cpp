@@ -1,7 +1,6 @@
 /// The axes of a display: their scales and steps, titles, and the base of the zoom.
 #include "display/seismicdisplay.h"
 
-#include "display/axisstep.h"
 #include "display/displayhost.h"
 #include "display/myqwtplotmagnifier.h"
 #include "display/myqwtplotpanner.h"
@@ -18,6 +17,7 @@
 #include <QFontMetrics>
 #include <QResizeEvent>
 #include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
 #include <qwt_text.h>
 
 #include <algorithm>
@@ -37,6 +37,7 @@ int SeismicDisplay::buildHeaderAxis()
     const KeyColumn& labels = _headerAxis.sec();
     _recordaxis->setAxisArray(labels.values.data(), _headerAxis.traceCount(), labels.type);
     _images.forgetLabels();
+    relayAxes();
     return 0;
 }
 
@@ -81,7 +82,14 @@ void SeismicDisplay::setVAxisValues(bool on)
     _recordaxis->setFake(!on);
     _seismicaxisl->setFake(!on);
     _seismicaxisr->setFake(!on);
+    relayAxes();
     rePlot();
+}
+
+/// New labels on the old steps: a scale lays them out and paints them only when it is told to.
+void SeismicDisplay::relayAxes()
+{
+    for (const int axis : {xTop, yLeft, yRight}) axisWidget(axis)->setLabelRotation(0.0);
 }
 
 void SeismicDisplay::axesFollowHeaders()
@@ -115,20 +123,49 @@ void SeismicDisplay::setSecKey(int index)
 void SeismicDisplay::setTraceIncrement(float incr)
 {
     const double plotTraces = _seismicplot->plotTraceCount();
-    _traceIncr = incr;
-    if (!(incr > 0.0f) || plotTraces / incr < 3.0) _traceIncr = float(int(plotTraces / 3.0));
-    _traceIncr = std::max(_traceIncr, 1.0f);
-    for (const int axis : {xTop, xBottom}) setAxisScale(axis, 0.0, plotTraces, _traceIncr);
-    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setXIncrement(_traceIncr);
-    _panner->setXIncrement(_traceIncr);
-    _magnifier->setXIncrement(_traceIncr);
+    _traceIncr = std::max(incr > 0.0f ? incr : 1.0f, 1.0f);
+    if (!_isTraceIncrTyped) _traceIncr = float(axisStep(plotTraces, _traceIncr, 3, 1.0));
+    const AxisRule rule = traceRule();
+    const double step = rule.step(plotTraces);
+    for (const int axis : {xTop, xBottom}) setAxisScale(axis, 0.0, plotTraces, step);
+    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setXIncrement(rule);
+    _panner->setXIncrement(rule);
+    _magnifier->setXIncrement(rule);
+}
+
+void SeismicDisplay::typeTraceIncrement(float incr)
+{
+    _isTraceIncrTyped = true;
+    setTraceIncrement(incr);
+}
+
+void SeismicDisplay::typeTimeIncrement(float incr)
+{
+    _isTimeIncrTyped = true;
+    setTimeIncrement(incr);
+}
+
+/// A step every few pixels at most: labels are thinned out where they stand. Those that stand only at some traces ask
+/// each trace.
+AxisRule SeismicDisplay::traceRule() const
+{
+    constexpr int mostSteps = 10000;  // the plot makes no more
+    const bool asksEach = !_isTraceIncrTyped && (_iskeymod == 1 || _iskeymod == 3);
+    AxisRule rule(_traceIncr);
+    rule.isTyped = _isTraceIncrTyped;
+    rule.smallest = 1.0;
+    rule.most = asksEach ? mostSteps : std::clamp(canvas()->width() / (_isTraceIncrTyped ? 2 : 4), 1, mostSteps);
+    return rule;
 }
 
 /// Half a second is too coarse for short records, whose axis would be bare, and too fine for long ones.
-double SeismicDisplay::timeStep(double span) const
+AxisRule SeismicDisplay::timeRule() const
 {
     const int labelHeight = std::max(1, QFontMetrics(axisFont(yLeft)).height());
-    return roomyStep(span, axisStep(span, _timeIncr), canvas()->height() * 4 / (5 * labelHeight));
+    AxisRule rule(_timeIncr);
+    rule.isTyped = _isTimeIncrTyped;
+    rule.most = std::max(1, _isTimeIncrTyped ? canvas()->height() / 2 : canvas()->height() * 4 / (5 * labelHeight));
+    return rule;
 }
 
 void SeismicDisplay::setTimeIncrement(float incr)
@@ -136,7 +173,8 @@ void SeismicDisplay::setTimeIncrement(float incr)
     _timeIncr = incr;
     const double plotSamples = _seismicplot->plotSampleCount();
     const double plotTime = plotSamples * (_idomain == sliceDomain ? 1.0 : _samprat);
-    const double step = timeStep(plotTime);
+    const AxisRule rule = timeRule();
+    const double step = rule.step(plotTime);
     for (const int axis : {yLeft, yRight}) {
         const double shift = double(_stime) * _samprat;
         if (_idomain != sliceDomain)
@@ -147,26 +185,31 @@ void SeismicDisplay::setTimeIncrement(float incr)
             setAxisScale(axis, std::max(_numsmp - plotSamples, 0.0), _numsmp, -step);
         setAxisMaxMajor(axis, int(std::clamp(plotTime / std::max(step, 1e-9), 1.0, 10000.0)));
     }
-    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setYIncrement(step);
-    _panner->setYIncrement(step);
-    _magnifier->setYIncrement(step);
+    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setYIncrement(rule);
+    _panner->setYIncrement(rule);
+    _magnifier->setYIncrement(rule);
     if (!_firstTime) rePlot();
 }
 
 void SeismicDisplay::setZoomBase()
 {
     replot1();
-    const QwtScaleMap x = canvasMap(xTop), y = canvasMap(yLeft);
-    _panTraces = std::fabs(x.s2() - x.s1());
-    _panSamples = std::fabs(y.s2() - y.s1());
-    const double top = std::min(y.s1(), y.s2());
-    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setZoomBase(QRectF(0.0, top, _panTraces, _panSamples));
+    const QRectF shown = visibleRect();
+    _panTraces = shown.width();
+    _panSamples = shown.height();
+    // A fixed spacing shows a part of the data, or more than there is; zooms reach over the data all the same.
+    const QRectF data(0.0, _shiftTime, _seismicdata->traceCount() + 1.0, wholeHeight());
+    for (MyQwtPlotZoomer* zoomer : _zoomer) zoomer->setZoomBase(nearlySameRect(shown, data) ? shown : data);
 }
 
-/// Extent of the data on the vertical axis: ms, or the positions of a slice.
+bool SeismicDisplay::isSlice() const
+{
+    return _idomain == sliceDomain;
+}
+
 double SeismicDisplay::wholeHeight() const
 {
-    return _idomain == sliceDomain ? double(_numsmp) : double(_numsmp) * _samprat;
+    return isSlice() ? double(_numsmp) : double(_numsmp) * _samprat;
 }
 
 /// What scrolling and panning reach over: the picture on the screen, or the data, also where a fixed spacing shows
@@ -188,6 +231,11 @@ QRectF SeismicDisplay::zoomBase() const
     return _zoomer[0]->zoomBase();
 }
 
+QRectF SeismicDisplay::restRect() const
+{
+    return _zoomer[0]->restRect();
+}
+
 void SeismicDisplay::rebuildDisplay(bool resetOthers)
 {
     if (!_loadTraces) return;
@@ -198,6 +246,7 @@ void SeismicDisplay::rebuildDisplay(bool resetOthers)
     if (resetOthers) _zoomLink.resetOthers(this);
     _timeZoomOnly = _traceZoomOnly = false;
     limitPan();
+    synchronizeScrollBars();
     rebuildPlot();
 }
 

@@ -1,7 +1,6 @@
 /// Stored pictures on a display: the axes, the mouse and the order of things while they are shown.
 #include "display/seismicdisplay.h"
 
-#include "display/axisstep.h"
 #include "display/imagestorage.h"
 #include "display/myqwtplotcanvas.h"
 
@@ -21,7 +20,7 @@ QRectF SeismicDisplay::visibleRect() const
 
 void SeismicDisplay::setVisibleRect(const QRectF& rect)
 {
-    const double xStep = axisStep(rect.width(), _traceIncr, 3, 1.0), yStep = timeStep(rect.height());
+    const double xStep = traceRule().step(rect.width()), yStep = timeRule().step(rect.height());
     for (const int axis : {xTop, xBottom}) setAxisScale(axis, rect.left(), rect.right(), xStep);
     for (const int axis : {yLeft, yRight}) {
         if (axisScaleDiv(axis).isIncreasing())

@@ -107,7 +107,8 @@ void SeismicDisplay::setZoomRect(const QRectF& rect)
 {
     for (MyQwtPlotZoomer* zoomer : {_zoomer[1], _zoomer[0]}) {
         // A sister that zooms out sends its whole times: that is our base, not another step on the stack.
-        if (sameRect(rect & zoomer->zoomBase(), zoomer->zoomBase()))
+        const QRectF rest = zoomer->restRect();
+        if (nearlySameRect(rect, rest) || nearlySameRect(rect & zoomer->zoomBase(), rest))
             zoomer->zoom(0);
         else
             zoomer->zoom(rect);
@@ -144,7 +145,10 @@ void SeismicDisplay::catchZoom(const QRectF& rect)
     if (!_images.isShown()) setImageStored(false);
     setResizeImage(true);
     if (_zoomLink.isSpreading()) return;
-    _zoomLink.spreadZoom(this, rect, _timeZoomOnly, _traceZoomOnly);
+    if (isZoomed())
+        _zoomLink.spreadZoom(this, rect, _timeZoomOnly, _traceZoomOnly);
+    else
+        _zoomLink.spreadReset(this, _timeZoomOnly, _traceZoomOnly);
     const double wholeTime = double(_seismicplot->plotSampleCount()) * (_idomain == sliceDomain ? 1.0 : _samprat);
     if (_timeZoomOnly && std::fabs(rect.height() - wholeTime) <= 1e-6 * wholeTime) _timeZoomOnly = false;
     const double wholeTraces = _seismicplot->plotTraceCount();
@@ -166,6 +170,17 @@ void SeismicDisplay::synchronizeScrollBars()
     const QSizeF extent = panExtent();
     _scrollBars->synchronize({0.0, extent.width(), x.minValue(), x.width()},
                              {_shiftTime, extent.height(), y.minValue(), y.width()});
+    _zoomLink.alignBottoms();
+}
+
+bool SeismicDisplay::hasHorizontalBar() const
+{
+    return _scrollBars->hasHorizontal();
+}
+
+void SeismicDisplay::reserveHorizontalBar(bool on)
+{
+    _scrollBars->reserveHorizontal(on);
 }
 
 /// Moves the axes of one direction, with their steps.
@@ -211,8 +226,9 @@ QString SeismicDisplay::readoutAt(const QPoint& pos) const
     }
     if (frame.nTraces < 1 || frame.nSamples < 1) return QString();
     const ReadoutPosition at = readoutPosition(frame, x, y);
-    QString line = readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis) +
-                   amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
+    QString line = readoutText(at, _headerAxis.pri(), _headerAxis.sec(), _ctaxis);
+    if (!at.isInside) return line;
+    line += amplitudeText("Amp", *_seismicdata->getTraceValues(at.trace, at.sample));
     if (_menu->ioverlay != 0 && _overlaydata && at.trace < _overlaydata->traceCount() &&
         at.sample < _overlaydata->sampleCount())
         line += amplitudeText("Overlay Amp", *_overlaydata->getTraceValues(at.trace, at.sample));

@@ -1,6 +1,8 @@
 #include "display/seismicplot.h"
 
 #include "display/colorbarframe.h"
+#include "display/dataview.h"
+#include "display/displaytype.h"
 #include "display/plotowner.h"
 #include "display/rasternumber.h"
 #include "display/tracetap.h"
@@ -68,32 +70,39 @@ void SeismicPlot::setRange(float rmin, float rmax)
     passRangeToBar();
 }
 
-static bool isColor(DisplayType type)
-{
-    return type == ColorB || type == ColorWiggle || type == Map || type == Velocity;
-}
-
 void SeismicPlot::setColorBar(ColorBarFrame* bar)
 {
     _colorBar = bar;
     if (!_colorBar) return;
-    _colorBar->setColorType(isColor(_displayType) ? ColorYes : ColorNo);
+    _colorBar->setColorType(isColorType(_displayType) ? ColorYes : ColorNo);
     passRangeToBar();
 }
 
 void SeismicPlot::setNormalization(Normalize normalize)
 {
+    const bool wasScaled = isScaled();
     _normalize = normalize;
-    if (!_firstTime) computeNormalizer();
+    if (_firstTime) return;
+    computeNormalizer();
+    if (_autoGain || wasScaled == isScaled()) return;
+    // The same numbers would be amplitudes of another unit.
+    _rangeOf[wasScaled] = QPointF(_rangeMin, _rangeMax);
+    if (_rangeOf[isScaled()])
+        setRange(float(_rangeOf[isScaled()]->x()), float(_rangeOf[isScaled()]->y()));
+    else if (_conditioner.countedTraces() > 0) {
+        takeAutomaticRange();
+        passRangeToBar();
+    }
 }
 
 void SeismicPlot::setDisplayType(DisplayType type)
 {
     _displayType = type;
+    for (auto& range : _rangeOf) range.reset();
     if (!_colorBar) return;
     const bool isAmplitude = type == ColorB || type == ColorWiggle;
     if (isAmplitude && _colorBar->colorType() == ColorNo) setRange(-3.0f, 3.0f);
-    _colorBar->setColorType(isColor(type) ? ColorYes : ColorNo);
+    _colorBar->setColorType(isColorType(type) ? ColorYes : ColorNo);
     if (type == Velocity) _normalize = Normalize::None;
     setAutoGain(!isAmplitude);
     computeNormalizer();
@@ -127,18 +136,30 @@ void SeismicPlot::applyProcessing(float* trace, int num)
     _conditioner.applyProcessing(trace, num, _data->sampleCount(), _data->sampleRate());
 }
 
+/// The range that follows the data. Of scaled colours it is that of what is painted, of others that of the samples.
+void SeismicPlot::takeAutomaticRange()
+{
+    if (_scaleSource) {
+        _rangeMin = _scaleSource->rangeMin();
+        _rangeMax = _scaleSource->rangeMax();
+    } else if (!isScaled()) {
+        _rangeMin = _conditioner.minimum();
+        _rangeMax = _conditioner.maximum();
+    } else {
+        _rangeMax = isColorType(_displayType) ? float(1.4 * _conditioner.meanScaled(_normalize)) : _peak;
+        _rangeMin = -_rangeMax;
+    }
+}
+
 void SeismicPlot::computeNormalizer()
 {
     _conditioner.computeNormalizer(*_data);
-    setRMS(_conditioner.rms());
+    setRMS(_scaleSource ? _scaleSource->rms() : _conditioner.rms());
     const bool isFirstRange =
         _firstTime && _displayType != ColorB && _displayType != ColorWiggle && _displayType != Map;
-    if (_conditioner.countedTraces() > 0 && (_autoGain || isFirstRange)) {
-        const bool isScaled = _normalize != Normalize::None;
-        _rangeMin = isScaled ? -_peak : _conditioner.minimum();
-        _rangeMax = isScaled ? _peak : _conditioner.maximum();
-    }
-    if (_conditioner.countedTraces() == 0 && _autoGain) _rangeMin = _rangeMax = 0.0f;
+    const bool isMeasured = _conditioner.countedTraces() > 0 || _scaleSource;
+    if (isMeasured && (_autoGain || isFirstRange)) takeAutomaticRange();
+    if (!isMeasured && _autoGain) _rangeMin = _rangeMax = 0.0f;
     _firstTime = false;
     if (!_colorBar) return;
     if (_colorBar->colorType() == ColorYes) _colorBar->setMinMaxValue(_rangeMin, _rangeMax);
@@ -206,9 +227,12 @@ RasterParm SeismicPlot::rasterParm(std::vector<float>* offsets) const
     parm.samples = _conditioner.samples();
     parm.nDataTraces = _conditioner.traceCount();
     parm.stride = _conditioner.sampleCount();
-    parm.sampleRate = _data->sampleRate();
-    parm.divTrace = _conditioner.divTrace();
-    parm.divRecord = _conditioner.divRecord();
+    parm.sampleRate = _owner && _owner->isSlice() ? 1.0f : _data->sampleRate();
+    const TraceConditioner& scale = _scaleSource && _scaleSource->conditioner().traceCount() >= parm.nDataTraces
+                                        ? _scaleSource->conditioner()
+                                        : _conditioner;
+    parm.divTrace = scale.divTrace();
+    parm.divRecord = scale.divRecord();
     parm.view = _seisRect;
     parm.startSample = _startSample;
     parm.timeDirection = timeDirection();
@@ -235,15 +259,36 @@ RasterParm SeismicPlot::rasterParm(std::vector<float>* offsets) const
     return parm;
 }
 
+/// A picture of background with `part` from row `first` on.
+static QImage withBackground(const QImage& part, int first, const QSize& size, QRgb background, double pixelRatio)
+{
+    constexpr int64_t mostPixels = 1 << 29;
+    if (size.isEmpty() || int64_t(size.width()) * size.height() > mostPixels) return QImage();
+    QImage picture(size, QImage::Format_RGB32);
+    if (picture.isNull()) return picture;
+    picture.setDevicePixelRatio(pixelRatio);
+    picture.fill(0xff000000u | background);
+    for (int row = 0; row < part.height(); ++row)
+        std::copy_n(part.constScanLine(row), part.bytesPerLine(), picture.scanLine(first + row));
+    return picture;
+}
+
 QImage SeismicPlot::renderMaps(const AxisMap& x, const AxisMap& y, double pixelRatio) const
 {
     std::vector<float> offsets;
     RasterParm parm = rasterParm(&offsets);
     parm.x = x;
-    parm.y = y;
     parm.pixelRatio = pixelRatio;
+    const double least = double(_startSample) * parm.sampleRate;
+    const double largest = least + double(_seisRect.nSamples) * parm.sampleRate;
+    const AxisMap shown = parm.timeDirection != 0 ? y : turnedAxis(y, largest);
+    const DataRows rows = dataRows(shown, parm.timeDirection, least, largest);
+    const QSize size(wholeOf(x.p2 - x.p1), wholeOf(y.p1 - y.p2));
+    const bool isWhole = (rows.first == 0 && rows.end == size.height()) || wholeOf(y.p2) != 0;
+    parm.y = isWhole ? shown : rows.y;
     OwnerTap tap(_owner);
-    return _raster.render(parm, _owner ? &tap : nullptr);
+    const QImage picture = _raster.render(parm, _owner ? &tap : nullptr);
+    return isWhole ? picture : withBackground(picture, rows.first, size, parm.background, pixelRatio);
 }
 
 QImage SeismicPlot::renderImage2(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& area) const
@@ -335,7 +380,7 @@ QRect storedPictureCrop(const QSize& picture, const AxisMap& savedX, const AxisM
 QRect SeismicPlot::storedPart(const QwtScaleMap& xMap, const QwtScaleMap& yMap) const
 {
     const QSize size = _doDrawBitmap ? _bitmap.size() : _doDrawPixmap ? _pixmap.size() : _image.size();
-    const double yStart = timeDirection() == 0 ? yMap.s1() : yMap.s2();
+    const double yStart = timeDirection() == 0 ? std::abs(_yMap.s2() - _yMap.s1()) - yMap.s2() : yMap.s2();
     QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart,
                                    _shiftTime);
     crop.setSize(crop.size().boundedTo(QSize(size.width() - crop.x(), size.height() - crop.y())));

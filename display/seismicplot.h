@@ -15,6 +15,8 @@
 #include <qwt_plot_rasteritem.h>
 #include <qwt_scale_map.h>
 
+#include <optional>
+
 class PlotOwner;
 class SeismicData;
 
@@ -64,6 +66,9 @@ public:
     void setColorBar(ColorBarFrame* bar);
     /// Amplitudes of the colours, given on to the bar.
     void setRange(float rmin, float rmax);
+    /// Divisors and automatic range are those of another plot, so that both are equally loud, with those of its own
+    /// only where that one has fewer traces. Lent: goes after this plot, or is taken back with null.
+    void setScaleSource(const SeismicPlot* source) { _scaleSource = source; }
     /// In dB.
     void setGain(float db);
     float gain() const;
@@ -171,6 +176,8 @@ private:
                     const QRectF& canvasRect) const;
     void setupStored(const QwtScaleMap& xMap, const QwtScaleMap& yMap, bool isPixmap, bool isBitmap);
     void passRangeToBar();
+    void takeAutomaticRange();
+    bool isScaled() const { return _normalize != Normalize::None; }
 
     PlotOwner* _owner;   // lent, may be null
     SeismicData* _data;  // lent
@@ -202,6 +209,8 @@ private:
     bool _applyBias = false;
     float _rangeMin = 0.0f;
     float _rangeMax = 255.0f;
+    std::optional<QPointF> _rangeOf[2];  // ranges left behind: of samples as they are, of scaled ones
+    const SeismicPlot* _scaleSource = nullptr;  // lent
     bool _autoGain = true;
     bool _firstTime = true;  // no computeNormalizer so far
 

@@ -16,18 +16,21 @@
 static constexpr int nLanes = 8;
 typedef float FloatLanes __attribute__((vector_size(nLanes * sizeof(float))));
 typedef int IntLanes __attribute__((vector_size(nLanes * sizeof(int))));
-typedef double DoubleLanes __attribute__((vector_size(nLanes * sizeof(double))));
+typedef float FourFloats __attribute__((vector_size(16)));
+typedef double FourDoubles __attribute__((vector_size(32)));
+typedef double TwoDoubles __attribute__((vector_size(16)));
 
-/// Roots of the squares, in double.
-static inline MERIDUNE_KERNEL DoubleLanes rootsOf(FloatLanes square)
+template <int half> static inline MERIDUNE_KERNEL FourDoubles halfOf(const FloatLanes& v)
 {
-    const DoubleLanes wide = __builtin_convertvector(square, DoubleLanes);
-    __m128d pairs[nLanes / 2];
-    std::memcpy(pairs, &wide, sizeof pairs);
-    for (__m128d& pair : pairs) pair = _mm_sqrt_pd(pair);
-    DoubleLanes roots;
-    std::memcpy(&roots, pairs, sizeof roots);
-    return roots;
+    const FourFloats four = half == 0 ? __builtin_shufflevector(v, v, 0, 1, 2, 3) : __builtin_shufflevector(v, v, 4, 5, 6, 7);
+    return __builtin_convertvector(four, FourDoubles);
+}
+
+static inline MERIDUNE_KERNEL FourDoubles rootsOf(const FourDoubles& v)
+{
+    const TwoDoubles low = _mm_sqrt_pd(__builtin_shufflevector(v, v, 0, 1));
+    const TwoDoubles high = _mm_sqrt_pd(__builtin_shufflevector(v, v, 2, 3));
+    return __builtin_shufflevector(low, high, 0, 1, 2, 3);
 }
 
 /// Running measures in as many lanes as there are samples in one step, added at the end: the order is always
@@ -35,7 +38,7 @@ static inline MERIDUNE_KERNEL DoubleLanes rootsOf(FloatLanes square)
 struct LaneMeasure {
     IntLanes counts{};
     FloatLanes least = FloatLanes{} + nullValue, largest = FloatLanes{} - nullValue;
-    DoubleLanes sums{}, roots{};
+    FourDoubles sums[2] = {}, roots[2] = {};
 };
 
 static inline MERIDUNE_KERNEL void addLanes(FloatLanes v, LaneMeasure* measure)
@@ -45,9 +48,11 @@ static inline MERIDUNE_KERNEL void addLanes(FloatLanes v, LaneMeasure* measure)
     measure->least = (counted & (v < measure->least)) ? v : measure->least;
     measure->largest = (counted & (v > measure->largest)) ? v : measure->largest;
     v = counted ? v : FloatLanes{};
-    const FloatLanes magnitude = v < 0.0f ? -v : v;
-    measure->sums += __builtin_convertvector(magnitude, DoubleLanes);
-    measure->roots += rootsOf(v * v);
+    const FloatLanes magnitude = v < 0.0f ? -v : v, square = v * v;
+    measure->sums[0] += halfOf<0>(magnitude);
+    measure->sums[1] += halfOf<1>(magnitude);
+    measure->roots[0] += rootsOf(halfOf<0>(square));
+    measure->roots[1] += rootsOf(halfOf<1>(square));
 }
 
 static inline MERIDUNE_KERNEL TraceMeasure measureKernel(const float* trace, int n)
@@ -66,8 +71,8 @@ static inline MERIDUNE_KERNEL TraceMeasure measureKernel(const float* trace, int
     TraceMeasure measure;
     for (int lane = 0; lane < nLanes; ++lane) {
         measure.n += lanes.counts[lane];
-        measure.sum1 += lanes.sums[lane];
-        measure.sum2 += lanes.roots[lane];
+        measure.sum1 += lanes.sums[lane / 4][lane % 4];
+        measure.sum2 += lanes.roots[lane / 4][lane % 4];
         measure.minimum = std::min(measure.minimum, lanes.least[lane]);
         measure.maximum = std::max(measure.maximum, lanes.largest[lane]);
     }
@@ -151,6 +156,14 @@ void TraceConditioner::applyProcessing(float* trace, int num, int nSamples, floa
     process(trace, num);
 }
 
+double TraceConditioner::meanScaled(Normalize normalize) const
+{
+    if (_nSamplesCounted == 0) return 0.0;
+    if (normalize == Normalize::Trace) return _scaledSum / double(_nSamplesCounted);
+    const double mean = _absoluteSum / double(_nSamplesCounted);
+    return normalize == Normalize::Dataset && _divRecord > 0.0f ? mean / _divRecord : mean;
+}
+
 void TraceConditioner::computeNormalizer(const SeismicData& data)
 {
     ++_generation;
@@ -174,6 +187,8 @@ void TraceConditioner::computeNormalizer(const SeismicData& data)
 
     double divisors = 0.0, means = 0.0;
     _nCounted = 0;
+    _nSamplesCounted = 0;
+    _absoluteSum = _scaledSum = 0.0;
     _minimum = nullValue;
     _maximum = -nullValue;
     for (int i = 0; i < _nTraces; ++i) {
@@ -186,6 +201,9 @@ void TraceConditioner::computeNormalizer(const SeismicData& data)
         divisors += _divTrace[i];
         if (measure.sum2 != 0.0) means += measure.sum2 / measure.n;
         ++_nCounted;
+        _nSamplesCounted += measure.n;
+        _absoluteSum += measure.sum1;
+        _scaledSum += _divTrace[i] > 0.0f ? measure.sum1 / _divTrace[i] : measure.sum1;
     }
     _divRecord = _nCounted > 0 ? float((divisors + divisors) * 0.5 / _nCounted) : 0.0f;
     _rms = _nCounted > 0 ? float(means / _nCounted) : 0.0f;

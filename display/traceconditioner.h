@@ -2,6 +2,9 @@
 #ifndef TRACECONDITIONER_H
 #define TRACECONDITIONER_H
 
+#include "tracedata/orvinconstants.h"
+
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -59,6 +62,9 @@ public:
     int countedTraces() const { return _nCounted; }
     /// Mean over these of the mean amplitude, 0 with none.
     float rms() const { return _rms; }
+    /// Mean absolute amplitude of the samples of these, scaled so: by the divisor of each trace, the one of all, or
+    /// not at all. 0 with none.
+    double meanScaled(Normalize normalize) const;
     /// Of all counted samples; 3.4e38 and -3.4e38 with none.
     float minimum() const { return _minimum; }
     float maximum() const { return _maximum; }
@@ -87,6 +93,9 @@ private:
     int _nSamples = 0;
     float _divRecord = 0.0f;
     int _nCounted = 0;
+    int64_t _nSamplesCounted = 0;
+    double _absoluteSum = 0.0;
+    double _scaledSum = 0.0;  // of absolute values by their trace's divisor
     float _rms = 0.0f;
     float _minimum = 3.4e38f;
     float _maximum = -3.4e38f;

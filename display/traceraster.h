@@ -7,9 +7,11 @@
 #include <QImage>
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 class ColorTable;
+class ColumnResampler;
 class TraceTap;
 
 /// One axis of a plot: the scale interval s1 to s2 (traces, or ms) and the paint interval p1 to p2 in pixels.
@@ -68,6 +70,15 @@ struct RasterWindow {
 /// samples.
 bool rasterWindow(const RasterParm& parm, RasterWindow* window);
 
+/// A trace that is shown: its samples and where they stand in the work trace.
+struct RasterColumn {
+    int tr = 0;
+    int start = 0;  ///< first sample taken
+    int dest = 0;   ///< its place in the work trace
+    int n = 0;
+    int64_t first = 0;  ///< sample that place 0 of the work trace stands for; may lie before the trace
+};
+
 /// Renders pictures. Its work buffers are kept and only grow; one render at a time.
 ///
 /// Traces are resampled and rows painted in parallel; the picture is the same to the bit whatever the number
@@ -75,6 +86,9 @@ bool rasterWindow(const RasterParm& parm, RasterWindow* window);
 class TraceRaster
 {
 public:
+    TraceRaster();
+    ~TraceRaster();
+
     /// The picture, Format_RGB32; null if there is nothing to paint. The picture's memory is used again at
     /// the next render unless a copy of it is still held then.
     /// @param tap  hears every trace shown; may be null
@@ -86,31 +100,11 @@ public:
     int traceShift(int i) const { return i >= 0 && i < int(_ishift.size()) ? _ishift[i] : 0; }
 
 private:
-    /// A trace that is shown: its samples and where they stand in the work trace.
-    struct Column {
-        int tr = 0;
-        int start = 0;  ///< first sample taken
-        int dest = 0;   ///< its place in the work trace
-        int n = 0;
-        int64_t first = 0;  ///< sample that place 0 of the work trace stands for; may lie before the trace
-    };
-    /// Work traces of one thread.
-    struct Work {
-        std::vector<float> trace, positions, moved, filtered;
-    };
     void collectColumns(const RasterParm& parm, const RasterWindow& window, TraceTap* tap);
-    void resampleColumns(const RasterParm& parm, const RasterWindow& window);
-    void resampleColumn(const RasterParm& parm, const RasterWindow& window, const Column& column, int nOut,
-                        float* out, Work* work) const;
-    int scaleColumn(const RasterParm& parm, const Column& column, int longest, float* trace) const;
 
-    std::vector<Column> _columns;
-    std::vector<float> _outdata;  // resampled traces, _outstride apart
-    size_t _outstride = 0;
+    std::vector<RasterColumn> _columns;
     std::vector<int> _ishift;
-    std::vector<Work> _work;    // one a thread
-    std::vector<float> _nodes;  // pixel rows of the samples, for maps
-    std::vector<float> _rows;
+    std::unique_ptr<ColumnResampler> _resampler;
     QImage _image;
 };
 

@@ -3,6 +3,8 @@
 #include "display/displayhost.h"
 #include "display/seismicdisplay.h"
 
+#include <algorithm>
+
 void ZoomLink::setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others)
 {
     _displaylist = displays;
@@ -28,9 +30,20 @@ void ZoomLink::spreadZoom(SeismicDisplay* from, const QRectF& rect, bool timeOnl
     if (!_host) return;
     _host->setZooming(true);
     for (SeismicDisplay* display : othersOf(from)) {
-        const QRectF whole = display->zoomBase();
+        const QRectF whole = display->restRect();
         display->setTimeZoom(timeOnly, traceOnly);
         display->setZoomRect(QRectF(whole.left(), rect.top(), whole.width(), rect.height()));
+    }
+    _host->setZooming(false);
+}
+
+void ZoomLink::spreadReset(SeismicDisplay* from, bool timeOnly, bool traceOnly) const
+{
+    if (!_host) return;
+    _host->setZooming(true);
+    for (SeismicDisplay* display : othersOf(from)) {
+        display->resetZoom(0);
+        display->setTimeZoom(timeOnly, traceOnly);
     }
     _host->setZooming(false);
 }
@@ -38,6 +51,15 @@ void ZoomLink::spreadZoom(SeismicDisplay* from, const QRectF& rect, bool timeOnl
 void ZoomLink::spreadPan(SeismicDisplay* from, int dy) const
 {
     for (SeismicDisplay* display : othersOf(from)) display->panVertically(dy);
+}
+
+void ZoomLink::alignBottoms() const
+{
+    if (!_displaylist) return;
+    const bool isAny = std::any_of(_displaylist->cbegin(), _displaylist->cend(), [](const SeismicDisplay* display) {
+        return !display->isHidden() && display->hasHorizontalBar();
+    });
+    for (SeismicDisplay* display : qAsConst(*_displaylist)) display->reserveHorizontalBar(isAny);
 }
 
 void ZoomLink::resetOthers(SeismicDisplay* from) const

@@ -20,8 +20,12 @@ public:
     bool isSpreading() const;
     /// Every other display takes the times of rect and keeps all of its own traces.
     void spreadZoom(SeismicDisplay* from, const QRectF& rect, bool timeOnly, bool traceOnly) const;
+    /// Every other display goes back to what it shows without a zoom.
+    void spreadReset(SeismicDisplay* from, bool timeOnly, bool traceOnly) const;
     /// Every other display is moved down by dy pixels.
     void spreadPan(SeismicDisplay* from, int dy) const;
+    /// All main displays leave room below for the bar that one of them has.
+    void alignBottoms() const;
     /// Every other display goes back to its base.
     void resetOthers(SeismicDisplay* from) const;
 

@@ -40,6 +40,7 @@ void IndexBar::setLoader(SegyLoader* loader)
     _loader = loader;
     _timer->stop();
     hide();
+    if (!loader) return;
     connect(loader, &SegyLoader::indexBuildStarted, this, &IndexBar::showBuild);
     connect(loader, &SegyLoader::indexBuildEnded, this, [this] {
         _timer->stop();

@@ -144,7 +144,7 @@ void MainWindow::buildMainPlot()
 int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
 {
     if (screen < 0 || screen >= _displaylist.size()) return 0;
-    _displaylist[screen]->loadSeismicData(traces, heads, n, true);
+    _isEnsembleShown = _displaylist[screen]->loadSeismicData(traces, heads, n, true) == 0;
     endViewing();
     if (_showDifference && _actions->box("differBox")->isChecked() && screen == _menu->iscreens - 1) loadDifference();
     if (_parmmenu) _parmmenu->update();
@@ -310,6 +310,8 @@ ColorBarFrame* MainWindow::overlayColorBarFrame()
 void MainWindow::setOverlayMode(bool on)
 {
     overlayColorBarFrame()->setVisible(on);
+    // The room below a bar that isn't shown would push the other one up.
+    for (int i = 0; i < _cvLayout->count(); i += 2) _cvLayout->setStretch(i, i < 4 || on ? 1 : 0);
     if (_parmmenu) _parmmenu->setOverlayMode(on);
 }
 

@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class AssumptionsPanel;
@@ -159,7 +160,6 @@ private:
 
     void makeCentre();
     void makeImageStorage();
-    void keepStoredImages();
     void storeImages();
     void endViewing();
     QPixmap wholePicture();
@@ -189,6 +189,9 @@ private:
     void showRecord(bool found);
     void setNavigation();
     void takeLoaderKeys();
+    bool takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadParm& parm);
+    void showLoader(const SegyLoadParm& parm, const QString& name);
+    bool showLoaded(const std::function<bool()>& load);
     void tellNotBuilt(const QString& what);
     void refuseMode(const char* box, const QString& what);
     void fillGlobalRuntime() const;
@@ -227,6 +230,7 @@ private:
     bool _isViewing = false;       // stored pictures are shown
     bool _couldGoForward = false;  // before they were
     bool _isSegy = false;
+    bool _isEnsembleShown = true;  // of the last ensemble handed to a display: there was memory for it
     bool _isStandAlone = true;
     bool _dataReady = false;
     int _firstEntry = -1;       // of the index: the ensemble on the first screen

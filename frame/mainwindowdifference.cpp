@@ -37,6 +37,8 @@ void MainWindow::makeDifference()
     display->setMenu(_menu);
     display->takeLook(*_displaylist.first());
     display->setDifferenceFlag(true);
+    // As loud as the data: a small difference looks small.
+    display->seismicPlot()->setScaleSource(_displaylist.first()->seismicPlot());
     _displaylist.append(display);
     display->setLists(&_displaylist, &_otherlist);
     _showDifference = true;
@@ -62,11 +64,5 @@ void MainWindow::loadDifference()
                        b->getTraceValues(i, 0), traces[i] + first, std::minus<float>());
     }
     SeismicDisplay* difference = _displaylist[last];
-    difference->setImageStorage(nullptr);  // at the load it has a scale of its own
     difference->loadSeismicData(traces.data(), b->getTraceHeaders(), nTraces, true);
-    difference->seismicPlot()->setRMS(_displaylist.first()->seismicPlot()->rms());
-    difference->seismicPlot()->computeNormalizer();
-    difference->rePlot();
-    difference->setImageStorage(_imgstore.get());
-    difference->storeImage(false);
 }

@@ -17,10 +17,7 @@ void MainWindow::makeImageStorage()
 {
     _imgstore = std::make_unique<ImageStorage>();
     QCheckBox* box = _actions->box("savImageBox");
-    connect(_imgstore.get(), &ImageStorage::storedChanged, this, [this, box](bool on) {
-        box->setChecked(on);
-        if (!on) keepStoredImages();
-    });
+    connect(_imgstore.get(), &ImageStorage::storedChanged, box, &QCheckBox::setChecked);
     // Not at once: an ensemble is being loaded.
     connect(_imgstore.get(), &ImageStorage::full, this, [this] {
         QMessageBox::critical(this, "Image Error",
@@ -46,12 +43,6 @@ bool MainWindow::isCollectImage(int* n) const
 void MainWindow::setCollecting(bool on)
 {
     if (_imgstore) _imgstore->setCollect(on);
-}
-
-/// What is stored of the ensembles on the screens stays as it is, whatever is stored later.
-void MainWindow::keepStoredImages()
-{
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->images().forgetStored();
 }
 
 void MainWindow::storeImages()

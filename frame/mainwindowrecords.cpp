@@ -61,9 +61,10 @@ void MainWindow::showEntry(int entry)
     storeImages();
     {
         const WaitCursor wait;
-        _segyloader->setEnsemble(entry);
-        _segyloader->loadNextEnsemble(0);
-        showRecord(_segyloader->numTraces() > 0);
+        showLoaded([this, entry] {
+            _segyloader->setEnsemble(entry);
+            return _segyloader->loadNextEnsemble(0);
+        });
     }
     setLastEnsemble(false);
     enableBackKey(true);

@@ -29,7 +29,25 @@
 #include <QStatusBar>
 
 #include <algorithm>
+#include <new>
 #include <vector>
+
+/// Runs a step of a load. False after a box when there is not enough memory for it; `back` then undoes it.
+template <class Step, class Back>
+static bool runLoad(Report* report, Step step, Back back)
+{
+    try {
+        step();
+        return true;
+    } catch (const std::bad_alloc&) {
+        try {
+            back();
+        } catch (const std::bad_alloc&) {  // not even for what was there: the display is then empty
+        }
+        report->box("SEGY Memory", "There is not enough memory to show this data. Nothing has been changed.");
+        return false;
+    }
+}
 
 /// How the record says that its file is to be read.
 static SegyLoadParm loadParm(const parmmenu& menu)
@@ -107,21 +125,17 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
                                                littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
                                                parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
                                                _report.get(), _progress.get(), &_headerTable);
+    loader->setLayout(parm.layout);
     if (_segy) loader->setRemapTable(parm.iremap, _segy->remapTable());
-    if (!loader->openFiles()) {
+    // The index and the first ensemble may be refused, too: all is read before anything is let go.
+    if (!loader->openFiles() || !loader->buildAskedIndex() || !loader->loadNextEnsemble(1)) {
+        _progress->close();
         _assumptionsPanel->setLines(assumedBefore);
         QGuiApplication::restoreOverrideCursor();
         QMessageBox::critical(this, "SEGY Load Error", "Error while open or read from file: " + parm.files);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         return 0;
     }
-    // The new file is open and sound: only now does the old one go.
-    const int screens = _menu->iscreens, difference = _menu->idifference;
-    loader->setMenu(_menu);
-    _menu->iscreens = screens;  // the window has as many as before
-    _menu->idifference = difference;
-    if (_segy) _segy->buildConnections(loader.get());
-    loader->initBuild();
     _progress->close();
     connect(loader.get(), &SegyLoader::indexBuilt, this, [this] {
         // The loader stands at the last screen.
@@ -130,30 +144,96 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
         listRecords();
         tellRecord();
     });
-    _segyloader = std::move(loader);
-    _indexBar->setLoader(_segyloader.get());
-    _segyParm = parm;
-    _segyParm.iremap = _segyloader->applyRemap();  // a useless table has switched itself off
-    if (_segy) _segy->setLoadParm(_segyParm);
-    _isSegy = true;
-    _dataReady = false;
-    if (_isStandAlone) fillGlobalRuntime();
-    saveHeader();
-    _segyloader->saveHeaders();
-    _segyloader->loadNextEnsemble(1);
-    endViewing();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
-    _fileName = QFileInfo(parm.files.section(',', 0, 0)).fileName();
-    setAreaLineTitle(_showAreaLine);
-    _nRead = _nShown = 0;
-    showRecord(_segyloader->numTraces() > 0);
-    listRecords();
-    if (_parmmenu) _parmmenu->updateAll();
+    if (!takeLoader(&loader, parm)) {
+        _assumptionsPanel->setLines(assumedBefore);
+        return 0;
+    }
     setNavigation();
     _dataReady = true;
     keepFileName(parm.files);
     emit fileShown(parm.files);
     return 1;
+}
+
+/// Puts a loader that stands on its first ensemble in place of the present one. When there is no memory to show
+/// it, the old one and its record come back; false.
+bool MainWindow::takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadParm& parm)
+{
+    const parmmenu menuBefore = *_menu;
+    const SegyLoadParm parmBefore = _segyParm;
+    const QString nameBefore = _fileName;
+    std::swap(_segyloader, *loader);
+    const auto takeNew = [&] {
+        _segyloader->setMenu(_menu);
+        _menu->iscreens = menuBefore.iscreens;  // the window has as many as before
+        _menu->idifference = menuBefore.idifference;
+        _isSegy = true;
+        _dataReady = false;
+        SegyLoadParm taken = parm;
+        taken.iremap = _segyloader->applyRemap();  // a useless table has switched itself off
+        showLoader(taken, QFileInfo(parm.files.section(',', 0, 0)).fileName());
+    };
+    const auto takeOld = [&] {
+        std::swap(_segyloader, *loader);
+        *_menu = menuBefore;
+        _isSegy = _segyloader != nullptr;
+        if (_segyloader) _segyloader->reloadEnsemble();
+        showLoader(parmBefore, nameBefore);
+        _dataReady = true;
+    };
+    return runLoad(_report.get(), takeNew, takeOld);
+}
+
+/// Menu, titles and displays follow the loader, which may be none.
+void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
+{
+    _segyParm = parm;
+    _fileName = name;
+    _nRead = _nShown = 0;
+    if (_segy) _segy->buildConnections(_segyloader.get());
+    if (_segyloader) _segyloader->initBuild();
+    _indexBar->setLoader(_segyloader.get());
+    if (_segy) _segy->setLoadParm(_segyParm);
+    if (_isStandAlone) fillGlobalRuntime();
+    if (_segyloader) {
+        saveHeader();
+        _segyloader->saveHeaders();
+    }
+    endViewing();
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
+    setAreaLineTitle(_showAreaLine);
+    if (_segyloader) {
+        showRecord(_segyloader->numTraces() > 0);
+        listRecords();
+    }
+    if (_parmmenu) _parmmenu->updateAll();
+}
+
+/// Shows the ensemble that `load` brings. False with the old one in place when it was refused, or when there is
+/// no memory to show it.
+bool MainWindow::showLoaded(const std::function<bool()>& load)
+{
+    const SegyLoader::Place before = _segyloader->place();
+    const int entryBefore = _firstEntry, readBefore = _nRead;
+    bool isLoaded = false;
+    const auto show = [&] {
+        isLoaded = load();
+        if (isLoaded) showRecord(_segyloader->numTraces() > 0);
+    };
+    const auto back = [&] {
+        _segyloader->setPlace(before);
+        bool isBack = false;
+        if (_menu->iscreens > 1 && _segyloader->canSeek()) {  // the loader stood at the last screen
+            _segyloader->setEnsemble(entryBefore);
+            isBack = _segyloader->loadNextEnsemble(0);
+        } else {
+            isBack = _segyloader->reloadEnsemble();
+        }
+        if (isBack) showRecord(_segyloader->numTraces() > 0);
+        _nRead = readBefore;
+        tellRecord();
+    };
+    return runLoad(_report.get(), show, back) && isLoaded;
 }
 
 /// What the host's own routines ask of the data at hand. Where a flow runs, the host fills it.
@@ -175,7 +255,8 @@ void MainWindow::saveHeader()
     _segyloader->fillHeaderTable(&_headerTable);
 }
 
-/// Shows the loader's present ensemble, or says that there is none.
+/// Shows the loader's present ensemble, or says that there is none. Throws std::bad_alloc when there is no memory
+/// to show it.
 void MainWindow::showRecord(bool found)
 {
     if (found) {
@@ -183,6 +264,7 @@ void MainWindow::showRecord(bool found)
         _nRead += std::max(1, _nShown);
         _nShown = 1;
         loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), 0);
+        if (!_isEnsembleShown) throw std::bad_alloc();
         fillScreens(1);
         return;
     }
@@ -212,9 +294,9 @@ void MainWindow::nextRecord()
     enableBackKey(_segyloader->canSeek());
     {
         WaitCursor wait;
-        _segyloader->loadNextEnsemble(_menu->moveup);
-        showRecord(_segyloader->numTraces() > 0);
+        showLoaded([this] { return _segyloader->loadNextEnsemble(_menu->moveup); });
     }
+    if (_segyloader->canSeek() && _segyloader->numTraces() > 0 && display()->isRepeated()) statusBar()->showMessage("Last record");
     _dataReady = true;
 }
 
@@ -226,12 +308,12 @@ void MainWindow::previousRecord()
     _run.pressPrevious();
     {
         WaitCursor wait;
-        if (_menu->iscreens > 1) _segyloader->setEnsemble(_firstEntry);
-        if (_segyloader->loadLastEnsemble(_menu->moveup * _menu->iscreens) && _segyloader->numTraces() > 0) {
-            showRecord(true);
-            setLastEnsemble(false);
-        } else {
+        if (!_segyloader->canSeek() || _segyloader->numEnsembles() == 0) {
             enableBackKey(false);
+        } else {
+            if (_menu->iscreens > 1) _segyloader->setEnsemble(_firstEntry);
+            if (showLoaded([this] { return _segyloader->loadLastEnsemble(_menu->moveup * _menu->iscreens); }))
+                setLastEnsemble(false);
         }
     }
     _dataReady = true;
@@ -250,14 +332,30 @@ void MainWindow::seekRecord()
     SegyRecDialog dialog(_segyloader.get(), this);
     if (dialog.exec() != QDialog::Accepted) return;
     WaitCursor wait;
-    if (dialog.getSortKey() != _segyloader->currentSortKey()) {
-        _segyloader->buildNewSort(dialog.getSortKey());
+    const int sortBefore = _segyloader->currentSortKey();
+    const SegyLoader::Place before = _segyloader->place();
+    const bool isNewSort = dialog.getSortKey() != sortBefore;
+    if (isNewSort) _segyloader->buildNewSort(dialog.getSortKey());
+    bool isTaken = false;
+    const auto seek = [&] {
+        if (!_segyloader->seekEnsemble(dialog.prikey())) return false;
+        isTaken = isNewSort;
+        if (!isTaken) return true;
         takeLoaderKeys();
         _segyloader->dataLoaded();  // the trace tab counts in the new order
         listRecords();
+        return true;
+    };
+    if (!showLoaded(seek)) {
+        if (!isNewSort) return;
+        _segyloader->buildNewSort(sortBefore);
+        _segyloader->setPlace(before);
+        if (!isTaken) return;
+        takeLoaderKeys();
+        listRecords();
+        showLoaded([this] { return _segyloader->reloadEnsemble(); });
+        return;
     }
-    _segyloader->seekEnsemble(dialog.prikey());
-    showRecord(_segyloader->numTraces() > 0);
     storeImages();
     setLastEnsemble(false);
     enableBackKey(true);

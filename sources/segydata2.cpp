@@ -20,6 +20,8 @@ static const struct {
 
 /// The largest data that a trace of variable length may tell, in usual trace lengths.
 constexpr int largestLengthFactor = 40;
+/// Lines of one kind that are printed as they come; the rest is counted.
+constexpr int64_t mostAlikeLines = 10;
 
 segyData2::segyData2(const SegyReadParm& parm, Report* report, ProgressSink* progress)
     : _parm(parm), _report(report), _progress(progress), doSwap(parm.iswap != 0), doRemap(parm.iremap != 0),
@@ -69,6 +71,7 @@ bool segyData2::closeFile()
     if (_out.isOpen()) _out.close();
     _pos = 0;
     isOpen = false;
+    _nBadLengths = _nBadLengthsUntold = 0;
     return true;
 }
 
@@ -106,6 +109,7 @@ bool segyData2::readReel()
             return false;
         }
     }
+    _pos = firstTrace();
     if (doSwap) swapReelFields(&reel);
     if (_parm.iformat != 2 && _parm.iformat != 4) {
         if (isAsciiText(reel.ebcdic)) _report->assumed("segyData2: the text header is ASCII, but is read as EBCDIC");
@@ -137,10 +141,12 @@ bool segyData2::writeReel()
 bool segyData2::takeUnsigned(uint16_t word)
 {
     if (variable || word <= INT16_MAX || !_source) return false;
-    const int64_t record =
-        segyTraceHeaderBytes +
-        int64_t(word) * segySampleBytes(_parm.formatCode > 0 ? _parm.formatCode : reel.format);
-    const int64_t traces = _source->size() - segyReelBytes;
+    const SegyReadLayout& layout = _parm.layout;
+    const int format = layout.sampleFormat > 0 ? layout.sampleFormat
+                       : _parm.formatCode > 0  ? _parm.formatCode
+                                               : reel.format;
+    const int64_t record = layout.headerBytes + int64_t(word) * segySampleBytes(format);
+    const int64_t traces = _source->size() - layout.firstTrace;
     if (traces < record || traces % record != 0) return false;
     setNumSamples(word);
     _report->line("\nsegyData2: WARNING, Incorrect SEGY binary header values.\n");
@@ -218,10 +224,14 @@ void segyData2::setTraceBytes()
 {
     // The reel may have been changed since; the count behind its short word wins while both agree.
     if (int16_t(uint16_t(_nSamples)) != reel.nsamp) _nSamples = reel.nsamp;
-    nbytes = segySampleBytes(reel.format);
-    const int64_t length = segyTraceHeaderBytes + int64_t(std::max(0, _nSamples)) * nbytes;
+    nbytes = segySampleBytes(sampleFormat());
+    const int64_t length = _parm.layout.headerBytes + int64_t(std::max(0, _nSamples)) * nbytes;
     segytrclength = int(std::min(length, int64_t(INT_MAX)));
     _maxBytes = int(std::min(length * largestLengthFactor, int64_t(INT_MAX)));
+    // A trace tells its length in a short word, and no read brings more than the file has.
+    const int64_t told = variable ? std::min<int64_t>(int64_t(INT16_MAX) * nbytes, fileSize()) : 0;
+    const int64_t samples = int64_t(std::max(0, _nSamples)) * std::max(4, nbytes);
+    _bufferBytes = int(std::min<int64_t>(segyTraceHeaderBytes + std::max(samples, told), _maxBytes));
 }
 
 void segyData2::swapTraceHeader(segyTrace* trace) const
@@ -249,8 +259,31 @@ int segyData2::readTrace(void* data)
     return nRead;
 }
 
+/// Reads the first 240 bytes of a trace header, zeros for what the file has not, and passes its extensions.
+/// Returns the bytes present, 0 at the end, below 0 on failure.
+int64_t segyData2::readHeader(char* record)
+{
+    std::memset(record, 0, segyTraceHeaderBytes);
+    const int64_t got = readBytes(segyTraceHeaderBytes, record);
+    const int64_t extensions = _parm.layout.headerBytes - segyTraceHeaderBytes;
+    if (got == segyTraceHeaderBytes && extensions > 0) _pos = std::min(_pos + extensions, _source->size());
+    return got;
+}
+
 int segyData2::readFixed(char* record)
 {
+    if (_parm.layout.headerBytes > segyTraceHeaderBytes) {
+        const int64_t start = _pos;
+        const int64_t gotHeader = readHeader(record);
+        const int64_t got = gotHeader < segyTraceHeaderBytes
+                                ? gotHeader
+                                : readBytes(int64_t(_nSamples) * nbytes, record + segyTraceHeaderBytes);
+        if (gotHeader < 0 || got < 0) {
+            reportReadError();
+            return -1;
+        }
+        return int(_pos - start);
+    }
     const int64_t got = readBytes(segytrclength, record);
     if (got < 0) reportReadError();
     if (got > 0 && got < segyTraceHeaderBytes)
@@ -273,7 +306,7 @@ segyData2::DataLength segyData2::dataLength(const void* rawHeader) const
     DataLength length = {};
     // Without a count of its own a trace is taken to be shorter by its header: so it stands in old files.
     length.declared =
-        nsampt > 0 ? int64_t(nsampt) * nbytes : int64_t(_nSamples) * nbytes - segyTraceHeaderBytes;
+        nsampt > 0 ? int64_t(nsampt) * nbytes : int64_t(_nSamples) * nbytes - _parm.layout.headerBytes;
     length.isBad = length.declared <= 0 || length.declared > _maxBytes;
     length.wanted = length.isBad ? int64_t(_nSamples) * 4 : length.declared;
     return length;
@@ -281,41 +314,52 @@ segyData2::DataLength segyData2::dataLength(const void* rawHeader) const
 
 void segyData2::reportBadLength(const void* rawHeader, const DataLength& length)
 {
+    if (++_nBadLengths > mostAlikeLines) {
+        ++_nBadLengthsUntold;
+        return;
+    }
     _report->line(formatted("segyData2: error while reading variable length trace: %d, num samples=%d\n",
                             headerField<int32_t>(rawHeader, offsetof(segyTrace, tsln), doSwap),
                             int(length.declared / nbytes)));
 }
 
+void segyData2::tellRepeated()
+{
+    if (_nBadLengthsUntold == 0) return;
+    _report->line(formatted("segyData2: error while reading variable length trace: %lld more, %lld so far\n",
+                            static_cast<long long>(_nBadLengthsUntold), static_cast<long long>(_nBadLengths)));
+    _nBadLengthsUntold = 0;
+}
+
 int segyData2::readVariable(char* record)
 {
-    std::memset(record, 0, segyTraceHeaderBytes);
-    const int64_t gotHeader = readBytes(segyTraceHeaderBytes, record);
+    const int64_t gotHeader = readHeader(record);
     if (gotHeader < 0) reportReadError();
     if (gotHeader <= 0) return int(gotHeader);
     const DataLength length = dataLength(record);
     if (length.isBad) reportBadLength(record, length);
     const int64_t start = _pos;
     // What doesn't fit into the buffer is counted but not kept; no caller takes that many samples.
-    const int64_t room = std::max<int64_t>(0, _maxBytes - segyTraceHeaderBytes);
+    const int64_t room = std::max<int64_t>(0, _bufferBytes - segyTraceHeaderBytes);
     const int64_t kept = readBytes(std::min(length.wanted, room), record + segyTraceHeaderBytes);
     if (kept < 0) reportReadError();
     const int64_t got = kept < room ? kept : std::min(length.wanted, std::max(kept, _source->size() - start));
     _pos = length.isBad ? std::max<int64_t>(0, start + length.declared) : start + std::max<int64_t>(0, got);
-    return got <= 0 ? int(got) : int(std::min(got + segyTraceHeaderBytes, int64_t(INT_MAX)));
+    return got <= 0 ? int(got) : int(std::min(got + _parm.layout.headerBytes, int64_t(INT_MAX)));
 }
 
 void segyData2::convertTrace(char* record, int nRead)
 {
     if (doRemap) std::memcpy(_segyHeader.data(), record, segyTraceHeaderBytes);
     int count = _nSamples;
-    if (nRead < segytrclength) count = std::max(0, (nRead - segyTraceHeaderBytes) / nbytes);
+    if (nRead < segytrclength) count = std::max(0, (nRead - _parm.layout.headerBytes) / nbytes);
     char* samples = record + segyTraceHeaderBytes;
     if (doSwap && _parm.iformat != 4) {
         swapTraceFields(record);
         if (nbytes >= 2) endianSwap(samples, nbytes, count);
     }
     const int weightFactor = headerField<int16_t>(record, offsetof(segyTrace, weightFactor), false);
-    convertSegySamples(reel.format, weightFactor, samples, count, &_tempData);
+    convertSegySamples(sampleFormat(), weightFactor, samples, count, &_tempData);
     if (count < _nSamples) std::memset(samples + size_t(count) * 4, 0, size_t(_nSamples - count) * 4);
 }
 

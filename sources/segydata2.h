@@ -4,6 +4,7 @@
 
 #include "sources/bytesource.h"
 #include "sources/segymap.h"
+#include "sources/segyreadlayout.h"
 #include "sources/segyrecords.h"
 #include "sources/segyremaptable.h"
 
@@ -31,6 +32,7 @@ struct SegyReadParm {
     int icscale = 0;     ///< the one scalar switch of the map
     int formatCode = 0;  ///< sample format in place of the reel's; 0 is the reel's
     SegyRemapTable remapTable;
+    SegyReadLayout layout;  ///< for reading; its byte order is for those who set iswap
 };
 
 /// Touches a SEG-Y file: opens it, reads or writes headers and traces, and lists all traces in a map.
@@ -66,7 +68,7 @@ public:
     void swapTrace(segyTrace* trace) const;
 
     /// Reads the next trace and converts it: header in machine order, then at least numSamples() floats, zero
-    /// where the trace has none. @param data room for maxBytes() bytes. Returns the bytes that the trace has in
+    /// where the trace has none. @param data room for bufferBytes() bytes. Returns the bytes that the trace has in
     /// the file, 0 at its end, below 0 on failure. A trace cut by the end counts; missing header bytes are 0.
     int readTrace(void* data);
     /// Swaps the samples in place if the file wants it, and writes one trace.
@@ -85,8 +87,17 @@ public:
     void setPos(uint64_t pos) { _pos = int64_t(pos); }
 
     /// Lists all traces, in file order, by their headers alone; appends to what the map holds. The result, and
-    /// the lines told, are those of reading trace by trace. False only when the sink cancelled it.
+    /// the lines told, are those of reading trace by trace. False when the sink cancelled it, or when the map
+    /// passed its limit: mapBytesNeeded() then tells about how much it would take, and the map is empty.
+    /// Throws std::bad_alloc when there is no memory for it.
     bool buildMap(bool show);
+    /// The most memory that a map and its sort may take; without it there is no limit.
+    void setMapLimit(int64_t bytes) { _mapLimit = bytes; }
+    int64_t mapLimit() const { return _mapLimit; }
+    /// Of a build that was given up for its size, else 0.
+    int64_t mapBytesNeeded() const { return _mapBytesNeeded; }
+    /// Sums up the lines that were told so often that only the first ones were printed.
+    void tellRepeated();
     int totalTraces() const { return _map.count(); }
     segyMapItem* mapItem(int i);
     SegyMap& map() { return _map; }
@@ -102,9 +113,16 @@ public:
 
     /// The 240 bytes of the last trace header in file order; kept while remapping is on.
     int* segyRawHeader() { return _segyHeader.data(); }
-    /// Largest trace data that a trace of variable length may tell, and the size of a trace buffer.
+    /// Largest trace data that a trace of variable length may tell.
     int maxBytes() const { return _maxBytes; }
+    /// Room that readTrace uses: a trace as long as its count can tell, or numSamples() floats; at most maxBytes().
+    int bufferBytes() const { return _bufferBytes; }
+    /// Of a trace record in the file, in bytes.
     int traceLength() const { return segytrclength; }
+    /// Byte of the first trace, which readTrace begins with.
+    int64_t firstTrace() const { return _parm.layout.firstTrace; }
+    /// The format in force: the layout's, or the reel's.
+    int sampleFormat() const { return _parm.layout.sampleFormat > 0 ? _parm.layout.sampleFormat : reel.format; }
     int64_t fileSize() const { return _source ? _source->size() : 0; }
     const QString& curFile() const { return _curFile; }
     const SegyReadParm& parm() const { return _parm; }
@@ -126,10 +144,12 @@ private:
 
     int64_t readBytes(int64_t n, void* out);
     int readFixed(char* record);
+    int64_t readHeader(char* record);
     int readVariable(char* record);
     DataLength dataLength(const void* rawHeader) const;
     void reportBadLength(const void* rawHeader, const DataLength& length);
     void reportReadError();
+    void giveUpMap(int64_t offset);
     void convertTrace(char* record, int nBytes);
     bool readReel();
     bool writeReel();
@@ -151,6 +171,11 @@ private:
     int nbytes = 4;          // of a sample
     int segytrclength = 0;   // of a trace record
     int _maxBytes = 0;
+    int _bufferBytes = 0;
+    int64_t _mapLimit = INT64_MAX;
+    int64_t _mapBytesNeeded = 0;
+    int64_t _nBadLengths = 0;         // traces of variable length that told no possible one
+    int64_t _nBadLengthsUntold = 0;   // of these, the ones since the last sum
     int _nSamples = 0;
     std::vector<char> _tempData;
     std::vector<int> _segyHeader;

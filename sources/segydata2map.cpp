@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
+#include <new>
 
 constexpr int tracesAStep = 1000;
 
@@ -76,7 +77,7 @@ void segyData2::MapBuild::beginProgress(bool show)
     const QString name = _data->_curFile;
     _data->_progress->begin(_data->_parm.imode == 0 ? "Read SEGY File" : "Write SEGY File",
                             "File: " + name.toStdString() + "\n\nBuilding Index Map ......... Please Wait");
-    const float steps = float(_data->fileSize() - segyReelBytes) / (float(_data->segytrclength) * float(tracesAStep));
+    const float steps = float(_data->fileSize() - _data->firstTrace()) / (float(_data->segytrclength) * float(tracesAStep));
     _data->_progress->setRange(0, int(std::clamp(steps, 0.0f, 1e9f)));
 }
 
@@ -89,9 +90,18 @@ bool segyData2::MapBuild::step(int nTraces)
     return !_data->_progress || !_data->_progress->cancelled();
 }
 
+/// The rest of the file is taken to go on as its beginning has.
+void segyData2::giveUpMap(int64_t offset)
+{
+    const double share = double(_source->size() - firstTrace()) / double(std::max<int64_t>(1, offset - firstTrace()));
+    _mapBytesNeeded = int64_t(double(_map.count()) * double(SegyMap::bytesAnItem) * std::max(1.0, share));
+    _map = SegyMap();
+}
+
 bool segyData2::buildMap(bool show)
 {
     _isRemapRejected = false;
+    _mapBytesNeeded = 0;
     if (!_source) return true;
     MapBuild build(this);
     if (doRemap && !build.hasUsableRemap()) {
@@ -101,12 +111,13 @@ bool segyData2::buildMap(bool show)
     }
     build.beginProgress(show);
     const int64_t size = _source->size();
-    const int64_t traceBytes = std::max<int64_t>(0, size - segyReelBytes);
+    const int64_t traceBytes = std::max<int64_t>(0, size - firstTrace());
     const int64_t nFixed = variable ? 0 : (traceBytes + segytrclength - 1) / segytrclength;
-    if (nFixed > 0 && !_map.reserve(std::min<int64_t>(_map.count() + nFixed, INT_MAX))) return true;
+    const int64_t mostItems = std::min<int64_t>(_mapLimit / SegyMap::bytesAnItem, INT_MAX);
+    if (nFixed > 0 && !_map.reserve(std::min<int64_t>(_map.count() + nFixed, mostItems))) throw std::bad_alloc();
     SegyHeaderReader reader(*_source, segytrclength);
     const auto ifile = uint32_t(_map.fileIndex(_curFile));
-    int64_t offset = segyReelBytes;
+    int64_t offset = firstTrace();
     bool isWanted = true;
     for (;;) {
         int nPresent = 0;
@@ -117,14 +128,18 @@ bool segyData2::buildMap(bool show)
         if (variable) {
             const DataLength length = dataLength(raw);
             if (length.isBad) reportBadLength(raw, length);
-            const int64_t dataStart = offset + segyTraceHeaderBytes;
+            const int64_t dataStart = offset + _parm.layout.headerBytes;
             if (nPresent < segyTraceHeaderBytes || dataStart >= size || length.wanted <= 0) break;
             next = length.isBad ? dataStart + length.declared : std::min(dataStart + length.declared, size);
         }
         isWanted = build.step(_map.count());
         if (!isWanted) break;
+        if (_map.count() >= mostItems) {
+            giveUpMap(offset);
+            break;
+        }
         segyMapItem* item = _map.append();
-        if (!item) break;
+        if (!item) throw std::bad_alloc();
         item->itrace = uint32_t(_map.count() - 1);
         item->offset = uint64_t(offset);
         item->ifile = ifile;
@@ -133,5 +148,6 @@ bool segyData2::buildMap(bool show)
     }
     _map.shrinkToFit();
     _pos = offset;
-    return isWanted;
+    tellRepeated();
+    return isWanted && _mapBytesNeeded == 0;
 }

@@ -52,14 +52,17 @@ private:
     const SegyReelClaims& claims() const { return _search.claims[_layout.isBigEndian]; }
     void sayWhatItIs();
     void addByteOrder();
+    void addOrderBesideText(bool isAscii);
     int addText();
     void addPlace();
     void addSize();
     void addHeaders();
     int addFormat();
     void addFormatOfFloats(const SegySampleStatistics& statistics);
+    void setOtherSamples(const std::string& evidence, int format);
     void addSamples();
     void addInterval();
+    SegyHeaderSample withCutTrace() const;
     void addSortAndEnsembles();
     void addScalar(const char* what, int scalarByte, const std::vector<int>& bytes, int SegyLoadParm::*field);
     void addDelay();
@@ -148,13 +151,26 @@ int Guesser::addText()
     const bool isText = _text.kind == SegyTextKind::Ascii || _text.kind == SegyTextKind::Ebcdic;
     if (!isText && _text.kind != SegyTextKind::Unclear && _text.hasLetters)
         choice = (_text.kind == SegyTextKind::Nul ? "NUL" : choice) + ", but for a few letters";
+    if (_text.isSeg2) choice = "ASCII, the strings of a SEG-2 record padded with NUL";
     // The file type is one choice for both: the byte order has to win, since it decides over the samples.
-    if (isAscii && _layout.isBigEndian)
-        choice += ": the type Standard will show it garbled; the traces are not touched by that";
-    if (isEbcdic && !_layout.isBigEndian)
-        choice += ": the type MSDOS will show it garbled; the traces are not touched by that";
+    const bool isOther = (isAscii && _layout.isBigEndian) || (isEbcdic && !_layout.isBigEndian);
+    if (isOther && !claims().isOrderTold)
+        choice += formatted(": the type %s will show it garbled; the traces are not touched by that",
+                            isAscii ? "Standard" : "MSDOS");
     add("Text header", _text.evidence, choice);
+    if (isOther && claims().isOrderTold) addOrderBesideText(isAscii);
     return 1;
+}
+
+/// The file tells its byte order by a constant: so the type can follow the text.
+void Guesser::addOrderBesideText(bool isAscii)
+{
+    _guess->parm.itype = isAscii ? 1 : 0;
+    _guess->parm.layout.byteOrder =
+        _layout.isBigEndian ? SegyByteOrder::HighestFirst : SegyByteOrder::LowestFirst;
+    add("Text and byte order", "the constant at byte 3297 tells the byte order, whatever the text is",
+        std::string("SEGY file type ") + (isAscii ? "MSDOS" : "Standard") + " for the text; " +
+            orderName(_layout.isBigEndian) + " by the field Byte order of the group Layout");
 }
 
 /// First trace and header length, where these are not the usual ones.
@@ -176,16 +192,11 @@ void Guesser::addPlace()
                    : "byte 3600, header 240 bytes");
         return;
     }
+    _guess->parm.layout.firstTrace = _layout.firstTrace;
+    _guess->parm.layout.headerBytes = _layout.headerBytes;
     add("First trace", evidence,
-        formatted("byte %lld, header %d bytes: the reader can't follow, it reads traces from byte 3600 on "
-                  "with headers of 240 "
-                  "bytes",
-                  wide(_layout.firstTrace), _layout.headerBytes));
-    if (_layout.firstTrace != segyReelBytes)
-        cannotFollow(formatted("the first trace stands at byte %lld, behind extended text headers",
-                               wide(_layout.firstTrace)));
-    if (_layout.headerBytes != segyTraceHeaderBytes)
-        cannotFollow(formatted("trace headers are %d bytes long", _layout.headerBytes));
+        formatted("byte %lld, header %d bytes: set in the group Layout", wide(_layout.firstTrace),
+                  _layout.headerBytes));
 }
 
 void Guesser::addSize()
@@ -243,8 +254,9 @@ void Guesser::addFormatOfFloats(const SegySampleStatistics& statistics)
                      : code == SegyIeee        ? ChooseIeee
                      : code == 10              ? ChooseInteger4
                                                : FromData;
-    const SegySampleKind kind =
-        code == SegyIntegerGain ? SegySampleKind::Undecided : segySampleKind(statistics);
+    SegySampleKind kind = segySampleKind(statistics);
+    // A gain in the upper half looks like a small integer: that says nothing against it.
+    if (code == SegyIntegerGain && kind == SegySampleKind::Integer4) kind = SegySampleKind::Undecided;
     const int seen = kind == SegySampleKind::Ibm        ? ChooseIbm
                      : kind == SegySampleKind::Ieee     ? ChooseIeee
                      : kind == SegySampleKind::Integer4 ? ChooseInteger4
@@ -274,9 +286,16 @@ void Guesser::addFormatOfFloats(const SegySampleStatistics& statistics)
         choice = formatted("%s: against the code, which says %s", name,
                            told == FromData ? "nothing" : segyFormatChoices()[size_t(told)].c_str());
     add("Sample format", evidence, choice);
-    if (code == 10)
-        add("Unsigned samples", "code 10: 4-byte integers without sign",
-            "values above 2147483647 will be read as negative");
+    if (code == 10 && seen == ChooseInteger4) setOtherSamples("code 10: 4-byte integers without sign", SegyUnsigned4);
+}
+
+/// Samples that only the group Layout has an entry for.
+void Guesser::setOtherSamples(const std::string& evidence, int format)
+{
+    const auto& list = segyLayoutSamples();
+    const auto entry = std::find_if(list.begin(), list.end(), [=](const auto& e) { return e.format == format; });
+    _guess->parm.layout.sampleFormat = format;
+    add("Other samples", evidence, std::string(entry->name) + ": set in the group Layout");
 }
 
 int Guesser::addFormat()
@@ -296,14 +315,21 @@ int Guesser::addFormat()
         std::string choice = segyFormatChoices()[size_t(_guess->parm.iformat)];
         if (told != _layout.sampleBytes && !(code == SegyInteger1 && _layout.sampleBytes == 1))
             choice += ": against the code";
-        if (code == 11 || code == 16) choice += "; these have no sign, large values will be read as negative";
         add("Sample format", evidence, choice);
+        const bool isUnsigned = told == _layout.sampleBytes && (code == 11 || code == 16);
+        if (isUnsigned)
+            setOtherSamples(formatted("code %d: integers without sign", code), code == 11 ? SegyUnsigned2 : SegyUnsigned1);
         return 1;
     }
+    const bool isThree = _layout.sampleBytes == 3;
     add("Sample format", evidence,
-        formatted("%d-byte samples: the reader has none, and no setting reads them right",
-                  _layout.sampleBytes));
-    cannotFollow(formatted("its samples have %d bytes each", _layout.sampleBytes));
+        formatted("%d-byte samples%s: no sample format has them", _layout.sampleBytes,
+                  told == _layout.sampleBytes ? "" : ", against the code"));
+    setOtherSamples(formatted("code %d", code), code == 15        ? SegyUnsigned3
+                                                : isThree         ? SegyInteger3
+                                                : code == 9       ? SegyInteger8
+                                                : code == 12      ? SegyUnsigned8
+                                                                  : SegyReal8);
     return 1;
 }
 
@@ -343,9 +369,9 @@ void Guesser::addInterval()
         _guess->sample.count() > 0 ? _guess->sample.headers[0].uint16(116, _layout.isBigEndian) : 0;
     const int inReel = reel.interval & 0xffff;
     // A negative word is a large number or a mistake; where the trace header tells another one, a mistake.
-    const bool isReelGood =
-        reel.interval > 0 || (inTrace == 0 && inReel > 0) || (inReel > 0 && inReel == inTrace);
-    const int us = isReelGood ? inReel : inTrace;
+    const bool isReelGood = reel.interval > 0 || (inTrace == 0 && inReel > 0);
+    // Two negative words are two mistakes: no interval is made out of them.
+    const int us = isReelGood ? inReel : inTrace <= INT16_MAX ? inTrace : 0;
     const std::string evidence = formatted("reel %d us, first trace header %d us", reel.interval, inTrace);
     if (us < 1 && _guess->parm.srate > 0.0f) {
         add("Sample interval", evidence, formatted("%.7g ms, as it was typed", double(_guess->parm.srate)));
@@ -377,12 +403,25 @@ void Guesser::addInterval()
     add("Sample interval", evidence, choice);
 }
 
+/// The headers, with that of a trace that the end of the file cuts: the reader shows it, so it needs room.
+SegyHeaderSample Guesser::withCutTrace() const
+{
+    SegyHeaderSample sample = _guess->sample;
+    if (_layout.tailBytes == 0) return sample;
+    SegyRawHeader cut;
+    const int64_t offset = _source.size() - _layout.tailBytes;
+    if (readSegyRawHeader(_source, offset, &cut, _error) < 1) return sample;
+    cut.rank = sample.nTraces++;
+    if (sample.headers.empty() || sample.headers.back().rank < cut.rank) sample.headers.push_back(cut);
+    return sample;
+}
+
 void Guesser::addSortAndEnsembles()
 {
     const SegyReelClaims& reel = claims();
     if (_guess->sample.count() == 0) return;
     const SegySortGuess sort = _layout.plausibility >= leastPlausible
-                                   ? guessSegySort(_guess->sample)
+                                   ? guessSegySort(_guess->sample, reel.sort)
                                    : SegySortGuess{0, "the trace headers are doubtful"};
     _guess->parm.isort = sort.code;
     const std::string name = sort.code > 0 ? segySortNames()[sort.code - 1].toStdString() : "Get From Data";
@@ -390,7 +429,7 @@ void Guesser::addSortAndEnsembles()
         sort.code > 0 ? name : name + ": the headers don't decide");
     const SegySortKeys keys = segySortKeys(sort.code, reel.sort);
     const int keyByte = std::clamp(keys.ipkey - 1, 0, segyTraceHeaderBytes / 4 - 1) * 4;
-    const SegyEnsembleGuess ensembles = guessSegyEnsembles(_guess->sample, keyByte);
+    const SegyEnsembleGuess ensembles = guessSegyEnsembles(withCutTrace(), keyByte);
     int64_t capacity = reel.nTraces + int64_t(std::max(0, reel.nAux));
     if (capacity < 1) capacity = usualMaxTraces;
     // Part of a file may not show its largest ensemble; room is made only for traces that come.

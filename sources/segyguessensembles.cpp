@@ -34,7 +34,7 @@ struct Word {
 /// What the sort is decided by.
 struct Keys {
     explicit Keys(const SegyHeaderSample& sample)
-        : ffid(sample, 8), channel(sample, 12), cdp(sample, 20), offset(sample, 36), receiverX(sample, 80),
+        : ffid(sample, 8), channel(sample, 12), point(sample, 16), cdp(sample, 20), offset(sample, 36), receiverX(sample, 80),
           receiverY(sample, 84), inLine(sample, 188), crossLine(sample, 192)
     {
         int64_t nSame = 0;
@@ -43,7 +43,7 @@ struct Keys {
                      crossLine.values[i] == crossLine.values[i - 1];
         isBinFilled = nSame * 4 > int64_t(sample.count());
     }
-    Word ffid, channel, cdp, offset, receiverX, receiverY, inLine, crossLine;
+    Word ffid, channel, point, cdp, offset, receiverX, receiverY, inLine, crossLine;
     bool isBinFilled; // several traces in a row in one bin of a 3D survey
 };
 
@@ -51,7 +51,8 @@ constexpr double leastRun = 1.5;
 
 SegySortGuess volumeSort(const Keys& keys)
 {
-    const bool isInline = keys.inLine.run >= keys.crossLine.run;
+    // A word that is 0 everywhere groups nothing.
+    const bool isInline = keys.crossLine.isZero || (!keys.inLine.isZero && keys.inLine.run >= keys.crossLine.run);
     const bool isGather = keys.isBinFilled && keys.offset.isVarying;
     SegySortGuess guess;
     guess.code = isGather ? (isInline ? SortInline : SortCrossline)
@@ -62,9 +63,19 @@ SegySortGuess volumeSort(const Keys& keys)
     return guess;
 }
 
+/// One trace a CMP and a shot point, all of one field record and without offset: a stacked line. The receiver
+/// words then hold places along it.
+bool isStackedLine(const Keys& keys, int reelSort)
+{
+    constexpr int reelStack = 4;
+    const auto isCounting = [](const Word& word) { return word.isVarying && word.run < leastRun; };
+    return reelSort == reelStack && !keys.ffid.isVarying && keys.offset.isZero && isCounting(keys.cdp) &&
+           isCounting(keys.point);
+}
+
 } // namespace
 
-SegySortGuess guessSegySort(const SegyHeaderSample& sample)
+SegySortGuess guessSegySort(const SegyHeaderSample& sample, int reelSort)
 {
     const Keys keys(sample);
     SegySortGuess guess;
@@ -79,7 +90,11 @@ SegySortGuess guessSegySort(const SegyHeaderSample& sample)
                               keys.receiverY.isVarying;
     if (isVolume && lineRun >= leastRun && (lineRun >= keys.ffid.run || !keys.ffid.isVarying))
         return volumeSort(keys);
-    if (!keys.ffid.isZero && keys.ffid.run >= leastRun && isShotWithin &&
+    if (isStackedLine(keys, reelSort)) {
+        guess.code = SortStack;
+        guess.evidence = "CMP at byte 21 and shot point at byte 17 change from trace to trace, the field record at "
+                         "byte 9 doesn't, no offset is told, and the reel says stack";
+    } else if (!keys.ffid.isZero && keys.ffid.run >= leastRun && isShotWithin &&
         (keys.ffid.run >= keys.cdp.run || keys.cdp.isZero)) {
         guess.code = SortFfid;
         guess.evidence =
@@ -96,6 +111,9 @@ SegySortGuess guessSegySort(const SegyHeaderSample& sample)
         guess.evidence =
             formatted("CMP number at byte 21 changes after %.3g traces on average, %s", keys.cdp.run,
                       keys.offset.isVarying ? "one trace each" : "one offset only");
+    } else if ((keys.inLine.isVarying && keys.inLine.run >= leastRun) ||
+               (keys.crossLine.isVarying && keys.crossLine.run >= leastRun)) {
+        return volumeSort(keys);
     } else {
         guess.evidence = "neither field record, CMP, inline nor crossline group the traces";
     }

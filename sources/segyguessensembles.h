@@ -15,8 +15,9 @@ struct SegyEnsembleGuess {
     std::string evidence;
 };
 
-/// @param sample  at least one header
-SegySortGuess guessSegySort(const SegyHeaderSample& sample);
+/// @param sample    at least one header
+/// @param reelSort  the reel's sort word
+SegySortGuess guessSegySort(const SegyHeaderSample& sample, int reelSort = 0);
 /// @param keyByte  of the primary key word in the trace header, from 0
 SegyEnsembleGuess guessSegyEnsembles(const SegyHeaderSample& sample, int keyByte);
 

@@ -197,6 +197,9 @@ void LayoutTrial::tryRecord(const SegyLayout& trial, double merit)
     layout.tailBytes = bytes % layout.recordBytes();
     const bool isCutInFirst = layout.nTraces == 0 && bytes > segyTraceHeaderBytes;
     if (layout.nTraces < 1 && !isCutInFirst) return;
+    // One trace that is mostly missing is believed only as far as the loader would make room for it.
+    constexpr int64_t most = int64_t(16) << 20;
+    if (layout.nTraces < 1 && int64_t(layout.nSamples) * 4 > most + 2 * bytes) return;
     const SegyReelClaims& claims = _search->claims[layout.isBigEndian];
     std::vector<SegyRawHeader> probes;
     std::vector<double> scores;
@@ -371,7 +374,8 @@ void LayoutTrial::tryVariable()
             layout.isVariable = true;
             layout.formatCode = claims.format;
             layout.sampleBytes = width;
-            if (claims.nExtendedText > 0) layout.firstTrace += int64_t(claims.nExtendedText) * segyTextBytes;
+            const int nTexts = claims.nExtendedText < 0 ? _search->endStanzaBlocks : claims.nExtendedText;
+            layout.firstTrace += int64_t(nTexts) * segyTextBytes;
             if (!walk(&layout, claims.interval)) continue;
             // Against the code, or a fixed length that fits, only lengths that lead to the very end count.
             if ((isDivided || width != told) && layout.tailBytes > 0) continue;

@@ -1,6 +1,7 @@
 #include "sources/segyguesssettings.h"
 
 #include "sources/formatted.h"
+#include "sources/segysamples.h"
 #include "sources/segysortkeys.h"
 
 #include <algorithm>
@@ -19,6 +20,10 @@ std::vector<SegySettingText> segySettingTexts(const SegyLoadParm& parm)
     const auto number = [](double value) {
         return value > 0.0 ? formatted("%.7g", value) : std::string("from the reel");
     };
+    static const char* const orders[] = {"By the file type", "Highest byte first", "Lowest byte first"};
+    std::string other = "As the sample format says";
+    for (const SegyLayoutSample& sample : segyLayoutSamples())
+        if (sample.format == parm.layout.sampleFormat) other = sample.name;
     const bool isSort = parm.isort >= 1 && parm.isort <= segySortNames().size();
     const size_t format = size_t(std::clamp(parm.iformat, 0, int(segyFormatChoices().size()) - 1));
     return {{"Data sort order", isSort ? segySortNames()[parm.isort - 1].toStdString() : "Get From Data"},
@@ -30,7 +35,11 @@ std::vector<SegySettingText> segySettingTexts(const SegyLoadParm& parm)
             {"Variable trace length", yes(parm.ivariable)},
             {"Apply coordinate scalar", yes(parm.icscale)},
             {"Apply depth/elev scalar", yes(parm.iescale)},
-            {"Build index map", yes(parm.indexbuilt)}};
+            {"Build index map", yes(parm.indexbuilt)},
+            {"First trace at byte", std::to_string(parm.layout.firstTrace)},
+            {"Trace header length", std::to_string(parm.layout.headerBytes) + " bytes"},
+            {"Other samples", other},
+            {"Byte order", orders[int(parm.layout.byteOrder)]}};
 }
 
 std::string segyGuessText(const std::string& name, const SegyGuess& guess, const SegyLoadParm& before)

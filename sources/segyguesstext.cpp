@@ -44,6 +44,18 @@ static std::string formatLine(const std::string& text)
     return std::string();
 }
 
+/// Keywords of SEG-2 records (S. Pullan, Recommended standard for seismic (/radar) data files in the personal
+/// computer environment, Geophysics 55, 1990), which converters copy into the text.
+static bool hasSeg2Word(const std::string& text)
+{
+    for (const char* word : {"ACQUISITION_DATE ", "ACQUISITION_TIME ", "CLIENT ", "COMPANY ", "INSTRUMENT ",
+                             "JOB_ID ", "LINE_ID ", "OBSERVER ", "TRACE_SORT ", "UNITS "})
+        for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1))
+            // The strings end with NUL: words of a running text stand behind a blank.
+            if (at == 0 || text[at - 1] != ' ') return true;
+    return false;
+}
+
 SegyTextGuess guessSegyText(const char* bytes)
 {
     const std::string raw(bytes, segyTextBytes);
@@ -65,7 +77,9 @@ SegyTextGuess guessSegyText(const char* bytes)
     constexpr int fewLetters = 16;
     const bool hasText = std::max(nAscii, nEbcdic) >= fewLetters;
     guess.hasLetters = std::max(nAscii, nEbcdic) > 0;
-    if (nNul > segyTextBytes * 9 / 10)
+    guess.isSeg2 = nNul > segyTextBytes / 2 && hasSeg2Word(raw);
+    const bool isWords = guess.isSeg2 || (hasText && nAscii > nEbcdic && nHigh == 0);
+    if (nNul > segyTextBytes * 9 / 10 && !isWords)
         guess.kind = SegyTextKind::Nul;
     else if (nEbcdicBlank > segyTextBytes * 49 / 50)
         guess.kind = SegyTextKind::BlankEbcdic;
@@ -73,7 +87,7 @@ SegyTextGuess guessSegyText(const char* bytes)
         guess.kind = SegyTextKind::BlankAscii;
     else if (hasText && nEbcdic > nAscii && nEbcdicBlank >= nAsciiBlank)
         guess.kind = SegyTextKind::Ebcdic;
-    else if (hasText && nAscii > nEbcdic && nHigh == 0)
+    else if (isWords)
         guess.kind = SegyTextKind::Ascii;
     const bool isEbcdic = guess.kind == SegyTextKind::Ebcdic || guess.kind == SegyTextKind::BlankEbcdic;
     guess.formatLine = formatLine(isEbcdic ? translated : raw);

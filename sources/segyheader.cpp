@@ -339,26 +339,57 @@ static void placeOf(const QString& format, int startByte, SegyRemapRow* row)
     row->length = std::max(0, format.mid(1).toInt());
 }
 
+/// A row of the table in the terms of the header. False for one that can't be used, with the reason in *fault.
+bool SegyHeader::readRemapRow(const std::array<QString, SegyRemapTable::nColumns>& cells, SegyRemapRow* row,
+                              QString* fault)
+{
+    const QString word = cells[SegyRemapTable::HeaderWord].toUpper();
+    const QString format = cells[SegyRemapTable::Format].toUpper();
+    const int startByte = cells[SegyRemapTable::StartByte].toInt();
+    *fault = word.isEmpty()                                  ? "no header word: skipped"
+             : format.isEmpty()                              ? "no format: skipped"
+             : startByte < 1 || startByte > rawHeaderBytes ? "the start byte must be 1 to 240: skipped"
+                                                             : "";
+    if (!fault->isEmpty()) return false;
+    const QString name = word.leftJustified(8, ' ');
+    row->index = OrvinHeaderIndex(name);
+    if (row->index < 0 || row->index >= totalHeaderWords) {
+        *fault = "no header word \"" + word + "\": skipped";
+        return false;
+    }
+    row->format = OrvinHeaderFormat(name);
+    row->isIbm = cells[SegyRemapTable::Type].toUpper() == "IBM";
+    placeOf(format, startByte, row);
+    if (row->length > rawHeaderBytes - row->start) {
+        *fault = "its bytes would pass the 240th: skipped";
+        return false;
+    }
+    // These rows count, for they are rules: only what they do is not what they seem to say.
+    if (!OrvinHeaderExists(name)) *fault = "no header word \"" + word + "\": it overwrites CHAN";
+    if (row->source == SegyRemapRow::Nothing) *fault = "no format \"" + format + "\": the word stays as it is";
+    return true;
+}
+
 std::vector<SegyRemapRow> SegyHeader::buildRemapIndex(const SegyRemapTable& table)
 {
     std::vector<SegyRemapRow> rows;
+    QString fault;
     for (const auto& cells : table.cells) {
-        const QString word = cells[SegyRemapTable::HeaderWord].toUpper();
-        const QString format = cells[SegyRemapTable::Format].toUpper();
-        const QString type = cells[SegyRemapTable::Type].toUpper();
-        const int startByte = cells[SegyRemapTable::StartByte].toInt();
-        if (word.isEmpty() || format.isEmpty() || startByte < 1 || startByte > rawHeaderBytes) continue;
-        const QString name = word.leftJustified(8, ' ');
         SegyRemapRow row;
-        row.index = OrvinHeaderIndex(name);
-        if (row.index < 0 || row.index >= totalHeaderWords) continue;
-        row.format = OrvinHeaderFormat(name);
-        row.isIbm = type == "IBM";
-        placeOf(format, startByte, &row);
-        if (row.length > rawHeaderBytes - row.start) continue;
-        rows.push_back(row);
+        if (readRemapRow(cells, &row, &fault)) rows.push_back(row);
     }
     return rows;
+}
+
+QString SegyHeader::remapRowFault(const SegyRemapTable& table, int row)
+{
+    const auto& cells = table.cells[size_t(row)];
+    QString fault;
+    SegyRemapRow read;
+    if (std::all_of(cells.begin(), cells.end(), [](const QString& cell) { return cell.trimmed().isEmpty(); }))
+        return fault;
+    readRemapRow(cells, &read, &fault);
+    return fault;
 }
 
 void SegyHeader::performRemap(const SegyRemapTable& table, int iswap)

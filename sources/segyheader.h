@@ -80,6 +80,9 @@ public:
     /// The usable rows of a table, in order. Rows with an empty word, format, or a start byte outside 1 to
     /// 240, or whose bytes would pass the 240th, are left out. A name of fewer than eight characters is padded.
     std::vector<SegyRemapRow> buildRemapIndex(const SegyRemapTable& table);
+    /// What is wrong with a row: why it is skipped, or does another thing than it says. Empty for a good row, and
+    /// for an empty one.
+    QString remapRowFault(const SegyRemapTable& table, int row);
     /// Overwrites words from the raw header.
     void performRemap(const SegyRemapTable& table, int iswap);
     void performRemapFast(const std::vector<SegyRemapRow>& rows, int iswap);
@@ -95,6 +98,7 @@ private:
     bool isStandAlone() const { return _itrevia == 1; }
     int wordInt(int index) const;
     float wordFloat(int index) const;
+    bool readRemapRow(const std::array<QString, SegyRemapTable::nColumns>& cells, SegyRemapRow* row, QString* fault);
     void storeRemapped(const SegyRemapRow& row, double value);
 
     int* _segyheader = nullptr;     // lent, in machine order

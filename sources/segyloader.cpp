@@ -2,6 +2,7 @@
 
 #include "host/globals.h"
 #include "host/report.h"
+#include "host/signal/bytes.h"
 #include "sources/formatted.h"
 #include "sources/segymapthread.h"
 #include "sources/segysamples.h"
@@ -12,6 +13,8 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstring>
+#include <new>
 
 /// Reel format codes of the format choices 1 to 6.
 static const int formatChoices[] = {
@@ -32,9 +35,9 @@ SegyLoader::SegyLoader(int ifile, const QString& cfiles, int imode, int isort, i
                        const HeaderTable* headerTable)
     : _cfiles(cfiles), _ifile(ifile - 1), _imode(imode), _isort(isort), _iformat(iformat),
       _ivariable(ivariable), _iswap(iswap), _icscale(icscale), _iescale(iescale), _userSamples(nsamp),
-      _userTraces(maxtr), _userRate(srate), _nsamp(nsamp), _maxtr(maxtr), _srate(srate), _iremap(iremap),
+      _userTraces(maxtr), _userSort(isort), _userRate(srate), _nsamp(nsamp), _maxtr(maxtr), _srate(srate), _iremap(iremap),
       _itype(itype), _itform(0), _iStandAlone(isstandalone ? 1 : 0), _report(report), _progress(progress),
-      _segyheader(nullptr, 0, headerTable), _isIndexBuilt(indexbuilt != 0)
+      _segyheader(nullptr, 0, headerTable), _isIndexAsked(indexbuilt != 0), _isIndexBuilt(indexbuilt != 0)
 {
     if (_itype == 1) {
         _itform = 2;
@@ -105,6 +108,7 @@ SegyReadParm SegyLoader::readParm() const
     parm.icscale = _icscale;
     parm.formatCode = formatOfChoice(_iformat);
     parm.remapTable = _table;
+    parm.layout = _layout;
     return parm;
 }
 
@@ -112,8 +116,13 @@ bool SegyLoader::openFiles()
 {
     _thread.reset();
     _isIndexBuilding = false;
-    for (const QString& name : cfileList)
-        if (!openOneFile(name)) return false;
+    try {
+        for (const QString& name : cfileList)
+            if (!openOneFile(name)) return false;
+    } catch (const std::bad_alloc&) {
+        reportNoMemory();
+        _isOpen = false;
+    }
     return _isOpen;
 }
 
@@ -155,11 +164,13 @@ bool SegyLoader::takeReelValues()
             formatted("\n\nSEGYLOADER: Error, sample rate is less than zero. value=%d\n\n", reel.nsr));
         return false;
     }
+    _isort = _userSort;
     buildSortKeys();
     if (formatOfChoice(_iformat) > 0) reel.format = int16_t(formatOfChoice(_iformat));
-    if (reel.format < SegyIbm || reel.format > SegyInteger1)
-        _report->assumed(formatted(
-            "SegyLoader: sample format code %d is unknown: samples are taken as 4-byte IEEE", reel.format));
+    if (_layout.sampleFormat == 0 && (reel.format < SegyIbm || reel.format > SegyInteger1))
+        assume({.name = formatted("sample format code %d is unknown", reel.format),
+                .consequence = "samples are taken as 4-byte IEEE",
+                .control = "Data sample format:"});
     return true;
 }
 
@@ -178,30 +189,100 @@ bool SegyLoader::openOneFile(const QString& name)
         _report->line("SegyLoader: Error while reading reel headers.\n");
         return false;
     }
+    _assumptions = SegyAssumptions();
     if (!takeReelValues()) return failReelValues();
+    _assumptions.setContext(assumptionContext());
     _segydata->setTraceBytes();
     reportCutTrace();
-    _traces.clear();
-    _headers.clear();
-    _traceStore.clear();
-    _headerStore.clear();
-    _itempTrc.assign((size_t(_segydata->maxBytes()) + 3) / 4, 0);
+    assumeOfReel();
+    assumeOfRemap();
+    freeBuffers();
+    _itempTrc = {};
+    const int64_t needed = _segydata->bufferBytes() + narrowBytes() + bytesOfTraces(1);
+    if (!isJustified(needed)) {
+        reportTooLarge("One trace", needed);
+        return _isOpen = false;
+    }
+    _itempTrc.assign((size_t(_segydata->bufferBytes()) + 3) / 4, 0);
     _numtraces = 0;
     _curTrace = 0;
     _hasEnsemble = false;
-    _segydata->setPos(segyReelBytes);
+    _segydata->setPos(uint64_t(_segydata->firstTrace()));
     return true;
 }
 
 void SegyLoader::reportCutTrace()
 {
-    const int64_t traceBytes = _segydata->fileSize() - segyReelBytes;
+    const int64_t traceBytes = _segydata->fileSize() - _segydata->firstTrace();
     const int64_t record = _segydata->traceLength();
     if (_ivariable || traceBytes <= 0 || traceBytes % record == 0) return;
-    _report->assumed(
-        formatted("SegyLoader: 1 trace is cut by the end of the file, trace %lld (%d bytes of %d): "
-                  "the rest counts as 0",
-                  static_cast<long long>(traceBytes / record + 1), int(traceBytes % record), int(record)));
+    assume({.name = formatted("1 trace is cut by the end of the file, trace %lld (%d bytes of %d)",
+                              static_cast<long long>(traceBytes / record + 1), int(traceBytes % record), int(record)),
+            .consequence = "the rest counts as 0",
+            .control = "Num samples per trace:"});
+}
+
+void SegyLoader::assume(const SegyAssumption& assumption)
+{
+    if (_assumptions.note(assumption)) _report->assumed(assumption.line());
+}
+
+SegyAssumptionContext SegyLoader::assumptionContext() const
+{
+    return {_iescale != 0, _icscale != 0, _ivariable != 0, _nsamp, _segydata->reel.nsr};
+}
+
+/// What the standard's later editions put between the reel and the samples, and the settings don't follow.
+void SegyLoader::assumeOfReel()
+{
+    const auto* reel = reinterpret_cast<const char*>(&_segydata->reel);
+    const auto word = [&](int byte) {
+        int16_t value;
+        std::memcpy(&value, reel + byte, sizeof value);
+        if (_segydata->parm().iswap) endianSwap(&value, 2, 1);
+        return int(value);
+    };
+    constexpr int textCountByte = 3504, extraHeadersByte = 3506, revisionByte = 3500, mostTexts = 1000;
+    const int nTexts = word(textCountByte);
+    const bool isText = nTexts == -1 || (nTexts >= 1 && nTexts <= mostTexts);
+    const int64_t textEnd = segyReelBytes + int64_t(std::max(1, nTexts)) * segyTextBytes;
+    if (isText && _layout.firstTrace == segyReelBytes && textEnd <= _segydata->fileSize())
+        assume({.name = nTexts < 0 ? std::string("extended text headers are told")
+                                   : formatted("%d extended text header%s told", nTexts, nTexts == 1 ? " is" : "s are"),
+                .consequence = "their bytes are read as traces",
+                .control = "First trace at byte:"});
+    const auto revision = static_cast<unsigned char>(std::max(reel[revisionByte], reel[revisionByte + 1]));
+    int nExtra = word(extraHeadersByte);
+    if (nExtra == 0) nExtra = word(extraHeadersByte + 2);  // as a word of four bytes
+    if (revision == 2 && nExtra >= 1 && nExtra <= mostSegyHeaderBytes / segyTraceHeaderBytes - 1 &&
+        _layout.headerBytes == segyTraceHeaderBytes)
+        assume({.name = formatted("trace headers of %d bytes are told", segyTraceHeaderBytes * (1 + nExtra)),
+                .consequence = "what is behind the first 240 is read as samples",
+                .control = "Trace header length:"});
+}
+
+void SegyLoader::assumeOfRemap()
+{
+    if (!_iremap) return;
+    for (int row = 0; row < SegyRemapTable::nRows; ++row) {
+        const QString fault = _segyheader.remapRowFault(_table, row);
+        if (fault.isEmpty()) continue;
+        assume({.name = formatted("row %d of the remap table", row + 1),
+                .consequence = fault.toStdString(),
+                .control = "Re-map Table"});
+    }
+}
+
+/// Key numbers without a slot of the map sort by the first slot.
+void SegyLoader::assumeOfSort()
+{
+    if (_keys.ipkey < 0 || !segyData2::getHeaderName(_keys.ipkey).isEmpty()) return;
+    const std::string name = _isort >= 1 && _isort <= segySortNames().size()
+                                 ? segySortNames()[_isort - 1].toStdString()
+                                 : std::string(_keys.priWord);
+    assume({.name = "the index has no key for the sort \"" + name + "\"",
+            .consequence = "it is sorted by the channel",
+            .control = "Data sort order:"});
 }
 
 bool SegyLoader::failReelValues()
@@ -219,17 +300,22 @@ void SegyLoader::buildSortKeys()
 {
     _keys = segySortKeys(_isort, _segydata ? _segydata->reel.sort : 0);
     _isort = _keys.code;
+    _iepkey = _ieskey = 0;
     if (_keys.ipkey < 0) return;
     _iepkey = _segyheader.OrvinHeaderIndex(_keys.priWord) + 1;
     _ieskey = _segyheader.OrvinHeaderIndex(_keys.secWord) + 1;
 }
 
+bool SegyLoader::buildAskedIndex()
+{
+    if (_isIndexBuilt && getTotalTraces() == 0) _isIndexBuilt = buildIndex(true);
+    return _isIndexBuilt || !_isIndexAsked;
+}
+
 void SegyLoader::initBuild()
 {
-    if (_isIndexBuilt)
-        indexBuild(true);
-    else
-        dataLoaded();
+    buildAskedIndex();
+    dataLoaded();
     _isStacked = _keys.mysort == 4 || _keys.mysort == 10 || _keys.mysort == 11;
     if (!_menu || !_segydata) return;
     orvinRuntimeStruct& runtime = _menu->_orvinruntime;
@@ -242,6 +328,15 @@ void SegyLoader::initBuild()
     runtime.ipsort = _keys.ipsort;
     runtime.idomain = _menu->idomain;
     runtime.idtyp = _isStacked ? 7 : 0;
+}
+
+void SegyLoader::setLayout(const SegyReadLayout& layout)
+{
+    _layout = layout;
+    _layout.firstTrace = std::max(layout.firstTrace, int64_t(segyReelBytes));
+    _layout.headerBytes = std::clamp(layout.headerBytes, segyTraceHeaderBytes, mostSegyHeaderBytes);
+    if (layout.byteOrder != SegyByteOrder::OfType)
+        _iswap = (layout.byteOrder == SegyByteOrder::HighestFirst) == littleEndian();
 }
 
 void SegyLoader::setRemapTable(int iremap, const SegyRemapTable& table)

@@ -43,13 +43,19 @@ public:
     ~SegyLoader() override;
 
     void setMenu(parmmenu* menu);
+    /// Where the files' parts stand; before openFiles. Bounded to what can be.
+    void setLayout(const SegyReadLayout& layout);
+    const SegyReadLayout& layout() const { return _layout; }
     /// Opens and checks all files; the last one stays in use. On failure says why and returns false; the
     /// loader is then of no further use.
     bool openFiles();
-    /// After openFiles: builds the map if an index was asked for, and puts the keys into the menu record.
+    /// Builds the map if an index was asked for and isn't there yet. False after a box: the file is then as
+    /// without an index.
+    bool buildAskedIndex();
+    /// After openFiles: buildAskedIndex, and puts the keys into the menu record.
     void initBuild();
-    /// Builds the map, sorts it and lists the primary keys.
-    void indexBuild(bool show);
+    /// Builds the map, sorts it and lists the primary keys. False after a box when the memory doesn't suffice.
+    bool indexBuild(bool show);
     /// The same on a thread of its own, with a file and a map of its own; indexBuilt() tells when the loader
     /// has taken it over, on the main thread. Returns the thread, which the loader owns; null when no file is
     /// open. While one runs no second one starts.
@@ -59,13 +65,29 @@ public:
     /// Lets a background build end before it is through; all stays as it was.
     void stopIndexBuild();
 
-    /// Loads an ensemble moveup steps on; without an index the next one in the file. Always true: an ensemble
-    /// without traces is the end.
+    /// Loads an ensemble moveup steps on; without an index the next one in the file. An ensemble without
+    /// traces is the end. False after a box when it takes more memory than the file's size can justify, or than
+    /// there is: the loader then stands where it stood, without traces.
     bool loadNextEnsemble(int moveup);
-    /// False without an index.
+    /// The same backward. False without an index, too.
     bool loadLastEnsemble(int moveup);
-    /// Loads the ensemble with this primary value, the last one if there is none. False without an index.
+    /// Loads the ensemble with this primary value, the last one if there is none. False as loadLastEnsemble.
     bool seekEnsemble(int pkey);
+    /// Loads the ensemble that was loaded last once more.
+    bool reloadEnsemble();
+
+    /// Where the loader stands, to go back to after a load that came to nothing.
+    struct Place {
+        int entry;          ///< of priList
+        int value;          ///< primary value
+        uint64_t position;  ///< in the file
+        uint64_t first;     ///< of the ensemble's first trace in the file
+        int64_t trace;      ///< running count of traces
+        int64_t firstTrace; ///< the same before the ensemble
+        bool hasEnsemble;
+    };
+    Place place() const;
+    void setPlace(const Place& place);
     bool canSeek() const { return _keys.ipkey >= 0 && _isIndexBuilt; }
     /// Changes the sort; with an index sorts anew, without touching the file.
     void buildNewSort(int isort);
@@ -74,7 +96,7 @@ public:
     /// Sorts the map and lists the distinct primary values.
     QStringList priKeyList();
 
-    /// See segyData2::seekTrace; data has room for maxBytes().
+    /// See segyData2::seekTrace; data has room for bufferBytes().
     int seekTrace(int itrace, void* data, bool force);
     /// Reads a trace by map index: numHeaderWords() words, then numSamples() samples. Uses the first header
     /// buffer as work space. Returns as seekTrace.
@@ -96,6 +118,10 @@ public:
     int numSamples() const { return _nsamp; }
     float sampleRate() const { return _srate; }
     int maxBytes() const { return _segydata ? _segydata->maxBytes() : 0; }
+    int bufferBytes() const { return _segydata ? _segydata->bufferBytes() : 0; }
+    /// The most memory that the file's size justifies for map, ensemble and work space, and what they take.
+    int64_t mostBytes() const;
+    int64_t bytesInUse() const;
     QString currentFile() const { return _cText; }
     /// The 3200 characters of the text header.
     QByteArray getEbcdic() const;
@@ -129,6 +155,8 @@ public:
     bool isIndexBuilt() const { return _isIndexBuilt; }
     /// True from the start of a background build until its result has been taken over, or it was given up.
     bool isIndexBuilding() const { return _isIndexBuilding; }
+    /// All that was taken for granted of the file so far; each kind is told to the report at its first place.
+    std::vector<SegyAssumption> assumptions() const { return _assumptions.all(); }
     int numEnsembles() const { return int(_priValues.size()); }
     /// Primary value and traces of an entry of priList, counted from 0; 0 where there is none.
     int ensembleValue(int entry) const;
@@ -142,6 +170,8 @@ signals:
     void indexBuildStarted();
     /// A background build has been taken over: previous and seek work from now on.
     void indexBuilt();
+    /// assumptions() has grown, or a count of it.
+    void assumptionsChanged();
     /// A background build has ended, well or not.
     void indexBuildEnded();
 
@@ -155,6 +185,11 @@ private:
     bool failReelValues();
     void reportComma(const QString& name);
     void reportCutTrace();
+    void assume(const SegyAssumption& assumption);
+    void assumeOfReel();
+    void assumeOfRemap();
+    void assumeOfSort();
+    SegyAssumptionContext assumptionContext() const;
     SegyReadParm readParm() const;
     void buildSortKeys();
     void takeBuiltMap();
@@ -164,12 +199,22 @@ private:
     void appendTrace(int64_t rank);
     void convertHeader(int* words);
     void growBuffers(int nTraces);
+    int64_t bytesOfTraces(int64_t nTraces) const;
+    /// Work space of a trace of narrow integers.
+    int64_t narrowBytes() const;
+    bool isJustified(int64_t nBytes) const { return nBytes <= mostBytes(); }
+    void reportTooLarge(const char* what, int64_t nBytes);
+    void reportNoMemory();
+    void freeBuffers();
+    bool buildIndex(bool show);
+    int64_t readEnsemble(int iTrace);
+    bool loadEntry(int64_t entry);
     void rejectRemapIfUseless();
 
     const QString _cfiles;
     QStringList cfileList;
     int _ifile, _imode, _isort, _iformat, _ivariable, _iswap, _icscale, _iescale;
-    const int _userSamples, _userTraces;
+    const int _userSamples, _userTraces, _userSort;
     const float _userRate;
     int _nsamp, _maxtr;
     float _srate;
@@ -181,11 +226,13 @@ private:
 
     std::unique_ptr<segyData2> _segydata;
     SegyRemapTable _table;
+    SegyReadLayout _layout;
     std::vector<SegyRemapRow> _remapRows;
     SegyHeader _segyheader;
     int _headerIndex[SegyHeader::nMappedWords];
     int _orvinheaderwords = 85;
     bool _isOpen = false;
+    const bool _isIndexAsked;
     bool _isIndexBuilt;
     bool _isLoaded = false;
     bool _isStacked = false;
@@ -199,6 +246,7 @@ private:
     std::vector<int> _itempTrc;  // one raw trace
     int _numtraces = 0;
     int64_t _curTrace = 0;
+    int64_t _firstTrace = 0;    // _curTrace before the ensemble on screen
     uint64_t _firstOffset = 0;  // of the first trace of the ensemble on screen, which stays there at the end of the data
     bool _hasEnsemble = false;
     SegyAssumptions _assumptions;

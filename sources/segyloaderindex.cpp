@@ -2,31 +2,53 @@
 #include "sources/segyloader.h"
 
 #include "host/report.h"
+#include "sources/formatted.h"
 #include "sources/segymapthread.h"
+#include "sources/segysamples.h"
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 void SegyLoader::rejectRemapIfUseless()
 {
     if (_segydata->isRemapRejected()) setRemapTable(0, SegyRemapTable());
 }
 
-void SegyLoader::indexBuild(bool show)
+bool SegyLoader::indexBuild(bool show)
 {
-    if (!_segydata) return;
-    _segydata->buildMap(show);
-    rejectRemapIfUseless();
-    allocTraces(longestStackRun(_segydata->map(), _keys.mysort));
-    priKeyList();
-    dataLoaded();
+    if (!buildIndex(show)) return false;
     _isIndexBuilt = true;
+    dataLoaded();
+    return true;
+}
+
+bool SegyLoader::buildIndex(bool show)
+{
+    if (!_segydata) return false;
+    try {
+        _segydata->setMapLimit(mostBytes() - bytesInUse());
+        _segydata->buildMap(show);
+        if (_segydata->mapBytesNeeded() > 0) {
+            reportTooLarge("The index map", bytesInUse() + _segydata->mapBytesNeeded());
+            return false;
+        }
+        rejectRemapIfUseless();
+        allocTraces(longestStackRun(_segydata->map(), _keys.mysort));
+        priKeyList();
+    } catch (const std::bad_alloc&) {
+        _segydata->setMap(SegyMap());
+        reportNoMemory();
+        return false;
+    }
+    return true;
 }
 
 SegyMapThread* SegyLoader::startIndexBuild()
 {
     if (!_segydata || !_isOpen) return nullptr;
     if (isIndexBuilding()) return _thread.get();
+    _segydata->setMapLimit(mostBytes() - bytesInUse());
     _thread = std::make_unique<SegyMapThread>(*_segydata, _keys);
     connect(_thread.get(), &QThread::finished, this, &SegyLoader::endIndexBuild);
     _isIndexBuilding = true;
@@ -69,6 +91,10 @@ void SegyLoader::takeBuiltMap()
 {
     const std::string lines = _thread->takeLines();
     if (!lines.empty()) _report->line(lines);
+    if (_thread->mapBytesNeeded() > 0)
+        reportTooLarge("The index map", bytesInUse() + _thread->mapBytesNeeded());
+    else if (_thread->isOutOfMemory())
+        reportNoMemory();
     if (!_thread->isComplete()) return;
     // The ensemble on screen was read without an index: it is known by the place of its first trace.
     _segydata->setMap(_thread->takeMap());
@@ -138,6 +164,7 @@ void SegyLoader::listPrimaryKeys()
         const int slot = segyData2::getItemKey(_keys.ipkey);
         _priName = segyData2::getHeaderName(_keys.ipkey);
         _secName = segyData2::getHeaderName(_keys.iskey);
+        assumeOfSort();
         for (int i = 0; i < _segydata->totalTraces(); ++i) {
             const int value = segyKeyValue(_segydata->map().items()[i].item[slot]);
             if (!_priValues.empty() && value == _priValues.back()) {
@@ -166,12 +193,75 @@ void SegyLoader::allocTraces(int maxtr)
     _maxtr = std::max(_maxtr, maxtr);
 }
 
+int64_t SegyLoader::mostBytes() const
+{
+    constexpr int64_t factor = 8, base = int64_t(64) << 20;
+    return base + factor * (_segydata ? _segydata->fileSize() : 0);
+}
+
+int64_t SegyLoader::bytesOfTraces(int64_t nTraces) const
+{
+    constexpr int64_t pointers = 4 * sizeof(void*) + 32;  // and what an allocation takes besides
+    return nTraces * (4 * int64_t(_nsamp) + 4 * std::max(1, _orvinheaderwords) + pointers);
+}
+
+int64_t SegyLoader::narrowBytes() const
+{
+    const bool isThree = _segydata && segySampleBytes(_segydata->sampleFormat()) == 3;
+    return int64_t(isThree ? 3 : 2) * _nsamp;
+}
+
+int64_t SegyLoader::bytesInUse() const
+{
+    return int64_t(_itempTrc.size()) * 4 + narrowBytes() + bytesOfTraces(int64_t(_traceStore.size())) +
+           getTotalTraces() * SegyMap::bytesAnItem;
+}
+
+static double mebibytes(int64_t nBytes)
+{
+    return double(nBytes) / double(1 << 20);
+}
+
+void SegyLoader::reportTooLarge(const char* what, int64_t nBytes)
+{
+    _report->box("SEGY Memory",
+                 formatted("%s of this file would need about %.0f MiB of memory, with what else the file takes.\n"
+                           "A file of %.4g MiB justifies at most %.0f MiB, so these settings can't be right.\n\n"
+                           "Check the number of samples, the sample format and the trace length, or press "
+                           "\"Guess Settings\". Nothing has been changed.",
+                           what, mebibytes(nBytes), mebibytes(_segydata->fileSize()), mebibytes(mostBytes())));
+}
+
+void SegyLoader::reportNoMemory()
+{
+    _report->box("SEGY Memory", "There is not enough memory to load this file. Nothing has been changed.");
+}
+
+void SegyLoader::freeBuffers()
+{
+    std::vector<float*>().swap(_traces);
+    std::vector<int*>().swap(_headers);
+    std::vector<std::unique_ptr<float[]>>().swap(_traceStore);
+    std::vector<std::unique_ptr<int[]>>().swap(_headerStore);
+    _numtraces = 0;
+}
+
 /// Buffers are made as traces come: a capacity may be far more than a file has.
 void SegyLoader::growBuffers(int nTraces)
 {
+    // Room for the pointers first: what fails behind that leaves all four alike.
+    if (size_t(nTraces) > _traces.capacity()) {
+        const size_t room = std::max(size_t(nTraces), 2 * _traces.size());
+        _traceStore.reserve(room);
+        _headerStore.reserve(room);
+        _headers.reserve(room);
+        _traces.reserve(room);
+    }
     while (int(_traceStore.size()) < nTraces) {
-        _traceStore.push_back(std::make_unique_for_overwrite<float[]>(size_t(_nsamp)));
-        _headerStore.push_back(std::make_unique<int[]>(size_t(std::max(1, _orvinheaderwords))));
+        auto trace = std::make_unique_for_overwrite<float[]>(size_t(_nsamp));
+        auto header = std::make_unique<int[]>(size_t(std::max(1, _orvinheaderwords)));
+        _traceStore.push_back(std::move(trace));
+        _headerStore.push_back(std::move(header));
         _traces.push_back(_traceStore.back().get());
         _headers.push_back(_headerStore.back().get());
     }
@@ -193,20 +283,71 @@ int SegyLoader::rawWord(int key) const
     return key >= 1 && key <= segyTraceHeaderBytes / 4 ? _itempTrc[size_t(key) - 1] : 0;
 }
 
+SegyLoader::Place SegyLoader::place() const
+{
+    return {_priCurKey, _priCurValue, _segydata ? _segydata->getPos() : 0, _firstOffset, _curTrace, _firstTrace,
+            _hasEnsemble};
+}
+
+void SegyLoader::setPlace(const Place& place)
+{
+    _priCurKey = place.entry;
+    _priCurValue = place.value;
+    _firstOffset = place.first;
+    _curTrace = place.trace;
+    _firstTrace = place.firstTrace;
+    _hasEnsemble = place.hasEnsemble;
+    _numtraces = 0;
+    if (_segydata) _segydata->setPos(place.position);
+}
+
 bool SegyLoader::loadNextEnsemble(int moveup)
+{
+    return loadEntry(int64_t(_priCurKey) + moveup);
+}
+
+/// @param entry  of priList; without an index the next ensemble of the file is loaded whatever it says
+bool SegyLoader::loadEntry(int64_t entry)
 {
     _numtraces = 0;
     if (!_segydata) return true;
-    _assumptions.start(_iescale != 0, _icscale != 0);
+    const Place before = place();
     int iTrace = 0;
     if (_isIndexBuilt) {
         if (_priValues.empty()) return true;
-        const int64_t wanted = int64_t(_priCurKey) + moveup;
-        _priCurKey = int(std::clamp<int64_t>(wanted, 0, int64_t(_priValues.size()) - 1));
+        _priCurKey = int(std::clamp<int64_t>(entry, 0, int64_t(_priValues.size()) - 1));
         iTrace = ensembleStart();
     }
     if (_iremap) _segyheader.setSegyRawHeader(_segydata->segyRawHeader());
+    bool isLoaded = false;
+    try {
+        const int64_t nWanted = readEnsemble(iTrace);
+        _segydata->tellRepeated();
+        isLoaded = nWanted == _numtraces;
+        if (!isLoaded) {
+            const int64_t needed = bytesInUse() + bytesOfTraces(nWanted - int64_t(_traceStore.size()));
+            setPlace(before);
+            freeBuffers();
+            reportTooLarge("The ensemble", needed);
+        }
+    } catch (const std::bad_alloc&) {
+        setPlace(before);
+        freeBuffers();
+        reportNoMemory();
+    }
+    if (!isLoaded) return false;
+    _assumptions.endEnsemble();
+    for (const SegyAssumption& assumption : _assumptions.takeNew()) _report->assumed(assumption.line());
+    if (!_assumptions.all().empty()) emit assumptionsChanged();
+    return true;
+}
+
+/// Reads from a map index, or from the position on, to the end of the ensemble. Returns its number of traces;
+/// it is above _numtraces when the buffers for them are not justified: those are only counted.
+int64_t SegyLoader::readEnsemble(int iTrace)
+{
     int recorded = 0;
+    int64_t nWanted = 0;
     for (;; ++iTrace) {
         const uint64_t before = _segydata->getPos();
         const int nRead = _isIndexBuilt ? _segydata->seekTrace(iTrace, _itempTrc.data(), true)
@@ -214,21 +355,24 @@ bool SegyLoader::loadNextEnsemble(int moveup)
         if (nRead < 0) _report->line("\nSegyLoader: Error, while reading trace data\n");
         if (nRead <= 0) break;
         const int value = rawWord(_keys.ipkey);
-        if (_numtraces == 0) {
+        if (nWanted == 0) {
             recorded = _isIndexBuilt ? _priCurValue : value;
             _firstOffset = _isIndexBuilt ? _segydata->mapItem(iTrace)->offset : before;
+            _firstTrace = _curTrace;
             _hasEnsemble = true;
         } else if (value != recorded) {
             if (!_isIndexBuilt) _segydata->setPos(before);
             break;
         }
         ++_curTrace;
-        appendTrace(_isIndexBuilt ? int64_t(_segydata->mapItem(iTrace)->itrace) + 1 : _curTrace);
-        if (_numtraces >= _maxtr) break;
+        ++nWanted;
+        const bool isRoom = nWanted <= int64_t(_traceStore.size()) || isJustified(bytesInUse() + bytesOfTraces(1));
+        if (isRoom && nWanted == _numtraces + 1)
+            appendTrace(_isIndexBuilt ? int64_t(_segydata->mapItem(iTrace)->itrace) + 1 : _curTrace);
+        if (nWanted >= _maxtr) break;
     }
     if (!_isIndexBuilt) _priCurValue = recorded;
-    for (const std::string& text : _assumptions.lines()) _report->assumed(text);
-    return true;
+    return nWanted;
 }
 
 void SegyLoader::convertHeader(int* words)
@@ -252,17 +396,21 @@ void SegyLoader::appendTrace(int64_t rank)
 
 bool SegyLoader::loadLastEnsemble(int moveup)
 {
-    if (!canSeek() || _priValues.empty()) return false;
-    const int64_t wanted = int64_t(_priCurKey) - moveup;
-    _priCurKey = int(std::clamp<int64_t>(wanted, 0, int64_t(_priValues.size()) - 1));
-    return loadNextEnsemble(0);
+    return canSeek() && !_priValues.empty() && loadEntry(int64_t(_priCurKey) - moveup);
 }
 
 bool SegyLoader::seekEnsemble(int pkey)
 {
-    if (!canSeek()) return false;
-    _priCurKey = int(std::find(_priValues.begin(), _priValues.end(), pkey) - _priValues.begin());
-    return loadNextEnsemble(0);
+    return canSeek() && loadEntry(std::find(_priValues.begin(), _priValues.end(), pkey) - _priValues.begin());
+}
+
+bool SegyLoader::reloadEnsemble()
+{
+    if (_segydata && !_isIndexBuilt && _hasEnsemble) {
+        _segydata->setPos(_firstOffset);
+        _curTrace = _firstTrace;
+    }
+    return loadEntry(_priCurKey);
 }
 
 int SegyLoader::seekTrace(int itrace, void* data, bool force)

@@ -2,6 +2,8 @@
 #ifndef SEGYLOADPARM_H
 #define SEGYLOADPARM_H
 
+#include "sources/segyreadlayout.h"
+
 #include <QString>
 
 /// What the load menu's fields say; zeros are "from the data".
@@ -18,6 +20,7 @@ struct SegyLoadParm {
     float srate = 0.0f;    ///< ms
     int iremap = 0;        ///< apply the remap table
     int indexbuilt = 0;    ///< build the index map when the file opens
+    SegyReadLayout layout; ///< where the parts of the file stand
 };
 
 #endif

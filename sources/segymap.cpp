@@ -154,14 +154,34 @@ bool CycleWalkers::step(uint32_t* to)
 
 }  // namespace
 
+static RankedKey rankedKey(const segyMapItem* items, int i, int segymapkey1, int segymapkey2)
+{
+    return {orderedBits(items[i].item[segymapkey1]), orderedBits(items[i].item[segymapkey2]), uint32_t(i)};
+}
+
+/// The keys in file order, from which a stable sort begins.
+static std::vector<RankedKey> keysInFileOrder(const segyMapItem* items, int nItems, int segymapkey1, int segymapkey2)
+{
+    std::vector<RankedKey> keys(static_cast<size_t>(nItems), RankedKey{0, 0, UINT32_MAX});
+    const auto isFree = [&](uint32_t place) { return place < uint32_t(nItems) && keys[place].rank == UINT32_MAX; };
+    int i = 0;
+    for (; i < nItems && isFree(items[i].itrace); ++i)
+        keys[items[i].itrace] = rankedKey(items, i, segymapkey1, segymapkey2);
+    if (i == nItems) return keys;
+    // Items of several maps, or of a part of one: their ranks are not the places from 0 on.
+    for (i = 0; i < nItems; ++i) keys[size_t(i)] = rankedKey(items, i, segymapkey1, segymapkey2);
+    std::stable_sort(keys.begin(), keys.end(), [items](const RankedKey& a, const RankedKey& b) {
+        return items[a.rank].itrace < items[b.rank].itrace;
+    });
+    return keys;
+}
+
 void sortSegyMap(segyMapItem* items, int nItems, int segymapkey1, int segymapkey2)
 {
     if (nItems < 2) return;
     std::vector<uint32_t> from(nItems);  // the item that belongs at each place
     {
-        std::vector<RankedKey> keys(nItems);
-        for (int i = 0; i < nItems; ++i)
-            keys[i] = {orderedBits(items[i].item[segymapkey1]), orderedBits(items[i].item[segymapkey2]), uint32_t(i)};
+        std::vector<RankedKey> keys = keysInFileOrder(items, nItems, segymapkey1, segymapkey2);
         radixSort(&keys);
         for (int i = 0; i < nItems; ++i) from[i] = keys[i].rank;
     }

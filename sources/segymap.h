@@ -13,8 +13,8 @@
 /// -1, 0 or 1. A NaN sorts behind all numbers, and equals a NaN.
 int segyMapCompare(const segyMapItem& a, const segyMapItem& b, int segymapkey1, int segymapkey2);
 
-/// Sorts nItems items by the two slots; items with equal keys keep their order. Takes 28 bytes an item of
-/// work space.
+/// Sorts nItems items by the two slots; items with equal keys stand in file order (by itrace), whatever the order
+/// before. Takes 28 bytes an item of work space.
 void sortSegyMap(segyMapItem* items, int nItems, int segymapkey1, int segymapkey2);
 
 /// A key value as the integer that lists and searches use: truncated, clamped, 0 for NaN.
@@ -25,6 +25,9 @@ int segyKeyValue(float value);
 class SegyMap
 {
 public:
+    /// Memory that an item takes, with the work space of a sort.
+    static constexpr int64_t bytesAnItem = int64_t(sizeof(segyMapItem)) + 28;
+
     int count() const { return _count; }
     segyMapItem* items() { return _items.get(); }
     const segyMapItem* items() const { return _items.get(); }

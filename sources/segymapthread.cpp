@@ -4,6 +4,7 @@
 #include "host/report.h"
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -56,7 +57,8 @@ int longestStackRun(const SegyMap& map, int mysort)
 }
 
 SegyMapThread::SegyMapThread(const segyData2& opened, const SegySortKeys& keys)
-    : _file(opened.curFile()), _parm(opened.parm()), _reel(opened.reel), _nSamples(opened.numSamples()), _keys(keys)
+    : _file(opened.curFile()), _parm(opened.parm()), _reel(opened.reel), _nSamples(opened.numSamples()), _keys(keys),
+      _mapLimit(opened.mapLimit())
 {
 }
 
@@ -80,7 +82,11 @@ SegyMap SegyMapThread::takeMap()
 
 void SegyMapThread::run()
 {
-    build();
+    try {
+        build();
+    } catch (const std::bad_alloc&) {
+        _isOutOfMemory = true;
+    }
     _isDone = true;
 }
 
@@ -93,7 +99,10 @@ void SegyMapThread::build()
     data.reel = _reel;
     data.setNumSamples(_nSamples);
     data.setTraceBytes();
-    if (!data.buildMap(true)) return;
+    data.setMapLimit(_mapLimit);
+    const bool isBuilt = data.buildMap(true);
+    _mapBytesNeeded = data.mapBytesNeeded();
+    if (!isBuilt) return;
     _longestRun = longestStackRun(data.map(), _keys.mysort);
     if (_keys.ipkey >= 0)
         sortSegyMap(data.map().items(), data.totalTraces(), segyData2::getItemKey(_keys.ipkey),

@@ -29,6 +29,9 @@ public:
     int percent() const;
     bool isComplete() const { return _isComplete; }
     bool isRemapRejected() const { return _isRemapRejected; }
+    /// Of a build that was given up because its map would take too much; else 0.
+    int64_t mapBytesNeeded() const { return _mapBytesNeeded; }
+    bool isOutOfMemory() const { return _isOutOfMemory; }
     /// The sorted map; it can be taken once.
     SegyMap takeMap();
     const SegySortKeys& keys() const { return _keys; }
@@ -50,6 +53,9 @@ private:
     SegyMap _map;
     std::string _lines;
     int _longestRun = 0;
+    int64_t _mapLimit;
+    int64_t _mapBytesNeeded = 0;
+    bool _isOutOfMemory = false;
     bool _isComplete = false;
     std::atomic<int> _nSteps = 0, _step = 0;
     std::atomic<bool> _isDone = false;  // written last, read first: it orders all of the above

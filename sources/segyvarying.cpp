@@ -261,13 +261,17 @@ int64_t largest(const SegyVaryingWord& word)
     return std::max(std::llabs(int64_t(word.least)), std::llabs(int64_t(word.most)));
 }
 
-/// Coordinates come in twos of 4 bytes each, are large, and step by more than 1 but by little of their size.
+/// Steps by more than 1, as a mere count doesn't, but by little of its size.
+bool isSmooth(const Candidate& candidate)
+{
+    const double mean = candidate.steps.mean;
+    return candidate.word.nDistinct >= 2 && mean > 1.0 && mean <= 0.2 * double(largest(candidate.word));
+}
+
+/// Coordinates come in twos of 4 bytes each, are large, and step smoothly.
 bool isLikeCoordinate(const Candidate& candidate)
 {
-    const SegyVaryingWord& word = candidate.word;
-    if (word.width != 4 || word.nDistinct < 2) return false;
-    const bool isSmooth = candidate.steps.mean > 1.0 && candidate.steps.mean <= 0.2 * double(largest(word));
-    return isSmooth && largest(word) >= 10000;
+    return candidate.word.width == 4 && largest(candidate.word) >= 10000 && isSmooth(candidate);
 }
 
 /// Three digits, but whole numbers whole.
@@ -285,7 +289,7 @@ void classify(Candidate* candidate, bool hasPartner)
     if (word.nDistinct == 1) {
         word.behaviour = SegyBehaviour::Constant;
         word.evidence = "never changes";
-    } else if (isGiven || (isLikeCoordinate(*candidate) && hasPartner)) {
+    } else if ((isGiven && isSmooth(*candidate)) || (isLikeCoordinate(*candidate) && hasPartner)) {
         word.behaviour = SegyBehaviour::Coordinates;
         word.share = isLikeCoordinate(*candidate) ? 1.0 : 0.5;
         word.evidence = "steps of " + average(steps.mean);
@@ -336,6 +340,22 @@ void addCandidates(const SegyHeaderSample& sample, int byte, std::vector<Candida
         if (!isZero(word)) list->push_back(word);
 }
 
+/// The upper half of a word holds still where the word counts or wanders: it says less than the word, and never
+/// stands above it.
+void keepHalvesBehind(bool isBigEndian, std::vector<SegyVaryingWord>* ranking)
+{
+    for (size_t i = ranking->size(); i-- > 0;) {
+        const SegyVaryingWord word = (*ranking)[i];
+        if (word.width != 4) continue;
+        const int upper = isBigEndian ? word.byte : word.byte + 2;
+        const auto end = ranking->begin() + int64_t(i);
+        const auto half = std::find_if(ranking->begin(), end, [=](const SegyVaryingWord& other) {
+            return other.width == 2 && other.byte == upper;
+        });
+        if (half != end) std::rotate(half, half + 1, end + 1);
+    }
+}
+
 } // namespace
 
 std::vector<SegyVaryingWord> rankSegyWords(const SegyHeaderSample& sample)
@@ -355,5 +375,6 @@ std::vector<SegyVaryingWord> rankSegyWords(const SegyHeaderSample& sample)
     std::stable_sort(ranking.begin(), ranking.end(), [](const SegyVaryingWord& a, const SegyVaryingWord& b) {
         return a.behaviour != b.behaviour ? a.behaviour < b.behaviour : a.share > b.share;
     });
+    keepHalvesBehind(sample.isBigEndian, &ranking);
     return ranking;
 }

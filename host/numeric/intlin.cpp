@@ -18,6 +18,16 @@ static int nodeBelow(int n, const float* x, float position, int guess)
     return int(std::upper_bound(x, x + n, position) - x) - 1;
 }
 
+/// @param guess  the node found before; the one found now
+static LinearPlace placeAmong(int n, const float* x, float position, int* guess)
+{
+    if (n < 1 || !(position >= x[0])) return {-1, 0.0};
+    if (position > x[n - 1]) return {n, 0.0};
+    const int node = *guess = nodeBelow(n, x, position, *guess);
+    const double step = position == x[node] ? 1.0 : double(x[node + 1]) - x[node];
+    return {node, (double(position) - x[node]) / step};
+}
+
 void intlin(int n, const float* x, const float* y, int m, const float* xout, float* yout, float ylow, float yhigh)
 {
     static thread_local std::vector<float> copies;
@@ -26,19 +36,21 @@ void intlin(int n, const float* x, const float* y, int m, const float* xout, flo
         std::copy_n(y, n, copies.data());
         y = copies.data();
     }
-    int node = 0;
+    int guess = 0;
     for (int i = 0; i < m; ++i) {
-        const float position = xout[i];
-        if (n < 1 || !(position >= x[0])) {
-            yout[i] = ylow;
-        } else if (position > x[n - 1]) {
-            yout[i] = yhigh;
-        } else {
-            node = nodeBelow(n, x, position, node);
-            const double below = counted(y[node]);
-            const double step = position == x[node] ? 1.0 : double(x[node + 1]) - x[node];
-            const double part = (double(position) - x[node]) / step;
-            yout[i] = float(part == 0.0 ? below : below + part * (counted(y[node + 1]) - below));
+        const LinearPlace place = placeAmong(n, x, xout[i], &guess);
+        if (place.node < 0 || place.node >= n) {
+            yout[i] = place.node < 0 ? ylow : yhigh;
+            continue;
         }
+        const double below = counted(y[place.node]);
+        yout[i] = float(place.part == 0.0 ? below
+                                          : below + place.part * (counted(y[place.node + 1]) - below));
     }
+}
+
+void linearPlaces(int n, const float* x, int m, const float* xout, LinearPlace* places)
+{
+    int guess = 0;
+    for (int i = 0; i < m; ++i) places[i] = placeAmong(n, x, xout[i], &guess);
 }

@@ -2,83 +2,18 @@
 
 #include "host/cpuvariant.h"
 #include "host/numeric/scratch.h"
+#include "host/numeric/sinctable.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <numbers>
 #include <xmmintrin.h>
 
-constexpr int nTaps = 8;
-constexpr int nFractions = 513;
-constexpr int firstTap = 3;   // taps before the sample below the position
-constexpr int margin = 16;    // positions are followed this far outside, where all taps are alike
 constexpr int blockSize = 64;
 
 typedef float Four __attribute__((vector_size(16)));
 typedef float AnyFour __attribute__((vector_size(16), aligned(4), may_alias));
 typedef int FourInt __attribute__((vector_size(16)));
-
-struct SincTable {
-    alignas(64) float taps[nFractions][nTaps];
-    SincTable();
-};
-
-static double sinc(double x)
-{
-    return x == 0.0 ? 1.0 : std::sin(std::numbers::pi * x) / (std::numbers::pi * x);
-}
-
-/// Solves the symmetric Toeplitz system with first row r for the right side g (Levinson 1947).
-static void solveToeplitz(const double* r, const double* g, double* f)
-{
-    double a[nTaps] = {1.0};
-    double v = r[0];
-    f[0] = g[0] / r[0];
-    for (int j = 1; j < nTaps; ++j) {
-        double e = 0.0;
-        for (int i = 0; i < j; ++i) e += a[i] * r[j - i];
-        const double c = e / v;
-        v -= e * c;
-        a[j] = 0.0;
-        for (int i = 0; i <= j / 2; ++i) {
-            const double low = a[i] - c * a[j - i], high = a[j - i] - c * a[i];
-            a[i] = low;
-            a[j - i] = high;
-        }
-        double w = 0.0;
-        f[j] = 0.0;
-        for (int i = 0; i < j; ++i) w += f[i] * r[j - i];
-        const double scale = (g[j] - w) / v;
-        for (int i = 0; i <= j; ++i) f[i] += scale * a[j - i];
-    }
-}
-
-SincTable::SincTable()
-{
-    const double fm = 0.066 + 0.265 * std::log(double(nTaps));
-    double row[nTaps];
-    for (int j = 0; j < nTaps; ++j) row[j] = sinc(fm * j);
-    for (int k = 0; k < nFractions; ++k) {
-        const double d = double(k) / (nFractions - 1);
-        double right[nTaps], solution[nTaps], sum = 0.0;
-        for (int j = 0; j < nTaps; ++j) right[j] = sinc(fm * (firstTap - j + d));
-        solveToeplitz(row, right, solution);
-        for (double s : solution) sum += s;
-        for (int j = 0; j < nTaps; ++j) taps[k][j] = float(solution[j] / sum);
-    }
-    // Solved numerically these two miss the unit vectors by some 1e-16.
-    for (int j = 0; j < nTaps; ++j) {
-        taps[0][j] = j == firstTap ? 1.0f : 0.0f;
-        taps[nFractions - 1][j] = j == firstTap + 1 ? 1.0f : 0.0f;
-    }
-}
-
-static const SincTable& sincTable()
-{
-    static const SincTable table;
-    return table;
-}
 
 static inline MERIDUNE_KERNEL Four halfSums(const float* y, const float* taps)
 {
@@ -91,10 +26,10 @@ static inline MERIDUNE_KERNEL Four halfSums(const float* y, const float* taps)
 /// One output at the edge, or with samples that are not finite: the same sum as in the middle.
 static float edgeSum(int nin, const float* yin, float yinl, float yinr, int first, const float* taps)
 {
-    if (first + nTaps <= 0) return yinl;
+    if (first + sincTaps <= 0) return yinl;
     if (first >= nin) return yinr;
-    float p[nTaps];
-    for (int j = 0; j < nTaps; ++j) {
+    float p[sincTaps];
+    for (int j = 0; j < sincTaps; ++j) {
         const int i = first + j;
         const float y = i < 0 ? yinl : i >= nin ? yinr : yin[i];
         p[j] = (std::isfinite(y) ? y : 0.0f) * taps[j];
@@ -102,7 +37,7 @@ static float edgeSum(int nin, const float* yin, float yinl, float yinr, int firs
     return ((p[0] + p[4]) + (p[2] + p[6])) + ((p[1] + p[5]) + (p[3] + p[7]));
 }
 
-/// Splits positions in samples, counted from -margin so that truncation rounds down, into first tap and
+/// Splits positions in samples, counted from -sincMargin so that truncation rounds down, into first tap and
 /// row of the table.
 static inline MERIDUNE_KERNEL void splitPositions(const double* position, double last, int n, int* first, int* row)
 {
@@ -111,8 +46,8 @@ static inline MERIDUNE_KERNEL void splitPositions(const double* position, double
         double p = position[i] > 0.0 ? position[i] : 0.0;  // NaN goes to the left end
         p = p < last ? p : last;
         const int whole = int(p);
-        first[i] = whole - margin - firstTap;
-        row[i] = int((p - double(whole)) * double(nFractions - 1) + 0.5);
+        first[i] = whole - sincMargin - sincBefore;
+        row[i] = int((p - double(whole)) * double(sincFractions - 1) + 0.5);
     }
 }
 
@@ -122,12 +57,12 @@ struct Input {
     float yinl, yinr;
 };
 
-static inline MERIDUNE_KERNEL void sumBlock(const Input& in, const float (*table)[nTaps], const int* first,
+static inline MERIDUNE_KERNEL void sumBlock(const Input& in, const float (*table)[sincTaps], const int* first,
                                             const int* row, int n, float* yout)
 {
-    const unsigned lastFirst = unsigned(in.nin - nTaps);
+    const unsigned lastFirst = unsigned(in.nin - sincTaps);
     int i = 0;
-    for (; i + 4 <= n && in.nin >= nTaps; i += 4) {
+    for (; i + 4 <= n && in.nin >= sincTaps; i += 4) {
         const bool inside = (unsigned(first[i]) <= lastFirst) & (unsigned(first[i + 1]) <= lastFirst) &
                             (unsigned(first[i + 2]) <= lastFirst) & (unsigned(first[i + 3]) <= lastFirst);
         if (inside) {
@@ -161,7 +96,7 @@ static inline MERIDUNE_KERNEL void uniformKernel(const Input& in, double start, 
         const int n = std::min(blockSize, nout - begin);
 #pragma omp simd
         for (int i = 0; i < n; ++i) position[i] = start + step * double(begin + i);
-        splitPositions(position, double(in.nin) + 2 * margin, n, first, row);
+        splitPositions(position, double(in.nin) + 2 * sincMargin, n, first, row);
         sumBlock(in, table, first, row, n, yout + begin);
     }
 }
@@ -175,8 +110,8 @@ static inline MERIDUNE_KERNEL void listKernel(const Input& in, double dxin, doub
     for (int begin = 0; begin < nout; begin += blockSize) {
         const int n = std::min(blockSize, nout - begin);
 #pragma omp simd
-        for (int i = 0; i < n; ++i) position[i] = (double(xout[begin + i]) - fxin) / dxin + margin;
-        splitPositions(position, double(in.nin) + 2 * margin, n, first, row);
+        for (int i = 0; i < n; ++i) position[i] = (double(xout[begin + i]) - fxin) / dxin + sincMargin;
+        splitPositions(position, double(in.nin) + 2 * sincMargin, n, first, row);
         sumBlock(in, table, first, row, n, yout + begin);
     }
 }
@@ -216,7 +151,7 @@ void ress8r(int nin, float dxin, float fxin, const float* yin, float yinl, float
             float fxout, float* yout)
 {
     const Input in = inputBeside(nin, yin, yinl, yinr, nout, yout);
-    const double start = (double(fxout) - double(fxin)) / double(dxin) + margin;
+    const double start = (double(fxout) - double(fxin)) / double(dxin) + sincMargin;
     const double step = double(dxout) / double(dxin);
     (cpuVariant() == CpuVariant::V3 ? uniformV3 : uniformPlain)(in, start, step, nout, yout);
 }

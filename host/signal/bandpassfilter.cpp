@@ -1,6 +1,5 @@
 #include "host/signal/bandpassfilter.h"
 
-#include "host/cpuvariant.h"
 #include "host/signal/realtransform.h"
 #include "host/signal/spectralfilter.h"
 
@@ -70,25 +69,6 @@ static void shortenOperator(const RealTransform& transform, const BandPassCorner
     for (int k = 0; k < count; ++k) (*factors)[k] = work.spectrum[2 * k];
 }
 
-static inline MERIDUNE_KERNEL void scaleKernel(float* spectrum, const float* factors, int count)
-{
-#pragma omp simd
-    for (int k = 0; k < count; ++k) {
-        spectrum[2 * k] *= factors[k];
-        spectrum[2 * k + 1] *= factors[k];
-    }
-}
-
-static void scalePlain(float* spectrum, const float* factors, int count)
-{
-    scaleKernel(spectrum, factors, count);
-}
-
-MERIDUNE_V3 static void scaleV3(float* spectrum, const float* factors, int count)
-{
-    scaleKernel(spectrum, factors, count);
-}
-
 BandPassFilter::BandPassFilter(int type, int phase, int inverse, float lag, float lc, float lp, float hp, float hc,
                                int nSamples, float sampleRate)
     : _type(type),
@@ -113,34 +93,27 @@ void BandPassFilter::buildFilter(float lc, float lp, float hp, float hc)
     _corners.hc = inRange(hc);
     _builtInTime = _timeDomain;
     _build = ++builds;
-    _response = makeResponse(_nSamples);
+    _filter = makeFilter(_nSamples);
 }
 
-BandPassFilter::Response BandPassFilter::makeResponse(int n) const
+ZeroPhaseFilter BandPassFilter::makeFilter(int n) const
 {
-    Response response;
-    response.transform = &RealTransform::ofLength(paddedLength(n));
-    response.factors = trapezoid(*response.transform, _corners);
-    if (_builtInTime) shortenOperator(*response.transform, _corners, _corners.halfLength(n), &response.factors);
-    return response;
+    const RealTransform& transform = RealTransform::ofLength(paddedLength(n));
+    std::vector<float> factors = trapezoid(transform, _corners);
+    if (_builtInTime) shortenOperator(transform, _corners, _corners.halfLength(n), &factors);
+    return ZeroPhaseFilter(factors);
 }
 
 void BandPassFilter::applyFilter(float* trace, int n) const
 {
     if (n < 1) return;
-    const Response* response = &_response;
-    if (n != _nSamples) {
-        struct Other {
-            int64_t build = 0;
-            int n = 0;
-            Response response;
-        };
-        static thread_local Other other;
-        if (other.build != _build || other.n != n) other = {_build, n, makeResponse(n)};
-        response = &other.response;
-    }
-    float* spectrum = startFiltering(*response->transform, trace, n);
-    (cpuVariant() == CpuVariant::V3 ? scaleV3 : scalePlain)(spectrum, response->factors.data(),
-                                                            response->transform->complexCount());
-    finishFiltering(*response->transform, trace, n);
+    if (n == _nSamples) return _filter.apply(trace, n);
+    struct Other {
+        int64_t build = 0;
+        int n = 0;
+        ZeroPhaseFilter filter;
+    };
+    static thread_local Other other;
+    if (other.build != _build || other.n != n) other = {_build, n, makeFilter(n)};
+    other.filter.apply(trace, n);
 }

@@ -2,10 +2,9 @@
 #ifndef BANDPASSFILTER_H
 #define BANDPASSFILTER_H
 
-#include <cstdint>
-#include <vector>
+#include "host/signal/zerophasefilter.h"
 
-class RealTransform;
+#include <cstdint>
 
 /// Corners of a band-pass in Hz, and the sampling.
 struct BandPassCorners {
@@ -44,14 +43,8 @@ public:
     /// thread's last such length is kept. May run in several threads, but not during buildFilter.
     void applyFilter(float* trace, int n) const;
 
-    /// The factor of each frequency, with the 1/length of the transform.
-    struct Response {
-        const RealTransform* transform = nullptr;
-        std::vector<float> factors;
-    };
-
 private:
-    Response makeResponse(int n) const;
+    ZeroPhaseFilter makeFilter(int n) const;
 
     int _type, _phase, _inverse;
     float _lag;
@@ -61,7 +54,7 @@ private:
     bool _builtInTime = false;
     BandPassCorners _corners;
     int64_t _build = 0;   // which buildFilter of the program made the present state
-    Response _response;  // for traces of _nSamples
+    ZeroPhaseFilter _filter;  // for traces of _nSamples
 };
 
 #endif

@@ -1,23 +1,13 @@
 #include "host/signal/realtransform.h"
 
-#include <fftw3.h>
+#include "host/signal/fftwplanner.h"
 
 #include <algorithm>
 #include <map>
-#include <mutex>
-
-// The planner of FFTW is not thread-safe; its execution is.
-static std::mutex plannerMutex;
 
 struct RealTransform::Plans {
     fftwf_plan forward, back;
 };
-
-/// Floats with FFTW's alignment, freed with their owner.
-struct FftwFree {
-    void operator()(float* p) const { fftwf_free(p); }
-};
-using FftwFloats = std::unique_ptr<float, FftwFree>;
 
 RealTransform::RealTransform(int n) : _n(n), _plans(std::make_unique<Plans>())
 {
@@ -37,7 +27,7 @@ const RealTransform& RealTransform::ofLength(int n)
 {
     static std::map<int, std::unique_ptr<RealTransform>> transforms;
     n = std::max(n, 1);
-    const std::lock_guard<std::mutex> lock(plannerMutex);
+    const std::lock_guard<std::mutex> lock(fftwPlannerMutex());
     std::unique_ptr<RealTransform>& transform = transforms[n];
     if (!transform) transform.reset(new RealTransform(n));
     return *transform;
@@ -55,14 +45,8 @@ void RealTransform::back(float* complexIn, float* real) const
 
 TransformWork TransformWork::ofThread(int n)
 {
-    static thread_local FftwFloats real, spectrum;
-    static thread_local int room = 0;
-    if (n > room) {
-        real.reset(fftwf_alloc_real(size_t(n) + 2));
-        spectrum.reset(fftwf_alloc_real(size_t(n) + 2));
-        room = n;
-    }
-    return {real.get(), spectrum.get()};
+    static thread_local FftwRoom real, spectrum;
+    return {real.atLeast(n + 2), spectrum.atLeast(n + 2)};
 }
 
 int quickTransformLength(int n)

@@ -16,7 +16,7 @@
 
 #include <algorithm>
 
-constexpr int nSettingRows = 10;
+constexpr int nSettingRows = 14;
 
 static QString text(const std::string& words)
 {

@@ -148,7 +148,7 @@ void SegyHeaderMenu::startFile()
     _spinBox->setRange(_istart, std::max(_istart, _iend));
     _spinBox->setValue(_icurrent);
     _trcLabel->setText(tr("Total traces: ") + QString::number(_iend));
-    _idata.assign(_iend > 0 ? (size_t(_segyloader->maxBytes()) + 3) / 4 : 0, 0);
+    _idata.assign(_iend > 0 ? (size_t(_segyloader->bufferBytes()) + 3) / 4 : 0, 0);
 }
 
 void SegyHeaderMenu::loadHeader()

@@ -5,6 +5,7 @@
 #include "sources/menus/segyremapdialog.h"
 #include "sources/segyguesssettings.h"
 #include "sources/segyloader.h"
+#include "sources/segysamples.h"
 #include "widgets/bringup.h"
 
 #include <QApplication>
@@ -15,13 +16,16 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 
+#include <algorithm>
 #include <cfloat>
+#include <climits>
 
 /// Smallest sample interval in ms that counts as one.
 constexpr double leastRate = 1e-7;
@@ -39,6 +43,7 @@ SegyLoadMenu::SegyLoadMenu(SegyMenuHost* host, QWidget* parent) : QWidget(parent
     makeIndexRow(grid);
     makeRemapRow(grid);
     makeGuessRow(grid);
+    makeLayoutGroup(grid);
     grid->setRowStretch(grid->rowCount(), 1);
     orderTabs();
     setFocusProxy(_fileField);
@@ -176,11 +181,35 @@ void SegyLoadMenu::makeGuessRow(QGridLayout* grid)
     connect(_guessButton, &QPushButton::clicked, this, &SegyLoadMenu::guessSettings);
 }
 
+/// Files that keep to the standard's first edition leave all of these alone.
+void SegyLoadMenu::makeLayoutGroup(QGridLayout* grid)
+{
+    _layoutGroup = new QGroupBox(tr("Layout"));
+    _layoutGroup->setObjectName("layoutGroup");
+    auto* inner = new QGridLayout(_layoutGroup);
+    inner->setColumnStretch(1, 1);
+    _firstTraceVal = addNumber(inner, tr("First trace at byte:"), "firstTraceVal", QString(),
+                               tr("From 3600; each extended text header moves it by 3200. Empty is 3600"));
+    _headerVal = addNumber(inner, tr("Trace header length:"), "headerVal", tr(" bytes"),
+                           tr("From 240; each trace header extension adds 240. Empty is 240"));
+    QStringList formats = {tr("As the sample format says")};
+    for (const SegyLayoutSample& sample : segyLayoutSamples()) formats += tr(sample.name);
+    _layoutFormatBox = addCombo(inner, tr("Other samples:"), "layoutFormatBox", formats,
+                                tr("Samples that the sample formats have no entry for; goes before these"));
+    _orderBox = addCombo(inner, tr("Byte order:"), "orderBox",
+                         {tr("By the file type"), tr("Highest byte first"), tr("Lowest byte first")},
+                         tr("For files whose text is of one type and whose numbers are of the other"));
+    grid->addWidget(_layoutGroup, grid->rowCount(), 0, 1, 3);
+    connect(_firstTraceVal, &QLineEdit::editingFinished, this, &SegyLoadMenu::changeFirstTrace);
+    connect(_headerVal, &QLineEdit::editingFinished, this, &SegyLoadMenu::changeHeaderLength);
+}
+
 void SegyLoadMenu::orderTabs()
 {
     QWidget* const order[] = {_fileField, _browseButton, _sortBox, _typeBox, _formatBox,   _maxVal,   _nsampVal,
                               _srateVal,  _variBox,      _coorBox, _elevBox, _indexBox,    _buttonBuild,
-                              _remapBox,  _remapButton,  _guessButton};
+                              _remapBox,  _remapButton,  _guessButton, _firstTraceVal, _headerVal,
+                              _layoutFormatBox, _orderBox};
     for (size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
@@ -194,6 +223,14 @@ static void showNumber(QLineEdit* edit, QString* kept, double value)
 {
     *kept = value > 0.0 ? QString::number(value, 'g', 10) : QString();
     edit->setText(*kept);
+}
+
+/// Entry of the list of other samples; 0 for none of them.
+static int layoutFormatIndex(int format)
+{
+    const std::vector<SegyLayoutSample>& list = segyLayoutSamples();
+    const auto found = std::find_if(list.begin(), list.end(), [=](const auto& entry) { return entry.format == format; });
+    return found == list.end() ? 0 : int(found - list.begin()) + 1;
 }
 
 void SegyLoadMenu::setParm(const SegyLoadParm& parm)
@@ -212,6 +249,10 @@ void SegyLoadMenu::setParm(const SegyLoadParm& parm)
     showNumber(_nsampVal, &_nsampText, parm.nsamp);
     // Seven digits are what a float carries: 0.3 shall not read 0.300000012.
     showNumber(_srateVal, &_srateText, QString::number(double(parm.srate), 'g', 7).toDouble());
+    showNumber(_firstTraceVal, &_firstTraceText, double(parm.layout.firstTrace));
+    showNumber(_headerVal, &_headerText, parm.layout.headerBytes);
+    choose(_layoutFormatBox, layoutFormatIndex(parm.layout.sampleFormat));
+    choose(_orderBox, int(parm.layout.byteOrder));
     _remapBox->setChecked(parm.iremap != 0);
 }
 
@@ -230,6 +271,11 @@ SegyLoadParm SegyLoadMenu::parm() const
     parm.nsamp = _nsampText.toInt();
     parm.srate = _srateText.toFloat();
     parm.iremap = _remapBox->isChecked() ? 1 : 0;
+    if (!_firstTraceText.isEmpty()) parm.layout.firstTrace = _firstTraceText.toLongLong();
+    if (!_headerText.isEmpty()) parm.layout.headerBytes = _headerText.toInt();
+    const int other = _layoutFormatBox->currentIndex();
+    parm.layout.sampleFormat = other > 0 ? segyLayoutSamples()[size_t(other) - 1].format : 0;
+    parm.layout.byteOrder = SegyByteOrder(_orderBox->currentIndex());
     return parm;
 }
 
@@ -242,7 +288,8 @@ bool SegyLoadMenu::checkFields()
 {
     if (_fileField->text().trimmed().isEmpty()) return refuse(_fileField, QString(), tr("No file to load is named."));
     return checkCount(_maxVal, &_maxText, tr("The number of traces")) &&
-           checkCount(_nsampVal, &_nsampText, tr("The number of samples")) && checkRate();
+           checkCount(_nsampVal, &_nsampText, tr("The number of samples")) && checkRate() &&
+           checkFirstTrace() && checkHeaderLength();
 }
 
 /// Puts the old text back before the box comes up, for that takes the focus and so ends the entry once more.
@@ -262,6 +309,30 @@ bool SegyLoadMenu::checkCount(QLineEdit* edit, QString* kept, const QString& wha
         return refuse(edit, *kept, tr("%1 must be a whole number from 1, or empty.").arg(what));
     *kept = text;
     return true;
+}
+
+bool SegyLoadMenu::checkPlace(QLineEdit* edit, QString* kept, const QString& what, int least, int most)
+{
+    const QString text = edit->text().trimmed();
+    bool isNumber = false;
+    const int value = text.toInt(&isNumber);
+    if (!text.isEmpty() && (!isNumber || value < least || value > most))
+        return refuse(edit, *kept,
+                      most == INT_MAX ? tr("%1 must be a whole number from %2, or empty.").arg(what).arg(least)
+                                      : tr("%1 must be a whole number from %2 to %3, or empty.").arg(what).arg(least).arg(most));
+    *kept = text;
+    return true;
+}
+
+bool SegyLoadMenu::checkFirstTrace()
+{
+    return checkPlace(_firstTraceVal, &_firstTraceText, tr("The byte of the first trace"), segyReelBytes, INT_MAX);
+}
+
+bool SegyLoadMenu::checkHeaderLength()
+{
+    return checkPlace(_headerVal, &_headerText, tr("The trace header length"), segyTraceHeaderBytes,
+                      mostSegyHeaderBytes);
 }
 
 bool SegyLoadMenu::checkRate()

@@ -10,6 +10,7 @@
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -58,6 +59,8 @@ private slots:
     void changeMaxTraces() { checkCount(_maxVal, &_maxText, tr("The number of traces")); }
     void changeSamples() { checkCount(_nsampVal, &_nsampText, tr("The number of samples")); }
     void changeRate() { checkRate(); }
+    void changeFirstTrace() { checkFirstTrace(); }
+    void changeHeaderLength() { checkHeaderLength(); }
 
 private:
     void makeFileRow(QGridLayout* grid);
@@ -66,6 +69,7 @@ private:
     void makeIndexRow(QGridLayout* grid);
     void makeRemapRow(QGridLayout* grid);
     void makeGuessRow(QGridLayout* grid);
+    void makeLayoutGroup(QGridLayout* grid);
     void makeRemapDialog();
     void orderTabs();
     QComboBox* addCombo(QGridLayout* grid, const QString& label, const char* name, const QStringList& values,
@@ -74,6 +78,9 @@ private:
                          const QString& tip);
     bool checkCount(QLineEdit* edit, QString* kept, const QString& what);
     bool checkRate();
+    bool checkFirstTrace();
+    bool checkHeaderLength();
+    bool checkPlace(QLineEdit* edit, QString* kept, const QString& what, int least, int most);
     bool refuse(QLineEdit* edit, const QString& kept, const QString& text);
 
     SegyMenuHost* _host;
@@ -84,6 +91,9 @@ private:
     QComboBox *_variBox, *_coorBox, *_elevBox, *_indexBox;
     QPushButton* _buttonBuild;
     QLabel* _buildLabel;
+    QGroupBox* _layoutGroup;
+    QLineEdit *_firstTraceVal, *_headerVal;
+    QComboBox *_layoutFormatBox, *_orderBox;
     QCheckBox* _remapBox;
     QPushButton* _remapButton;
     QPushButton* _guessButton;
@@ -92,7 +102,7 @@ private:
     SegyRemapDialog* _smt = nullptr;  // child, made when the table is first asked for
     QString _homePath;
     int _buildIndex = 0;
-    QString _maxText, _nsampText, _srateText;  // the texts last found right
+    QString _maxText, _nsampText, _srateText, _firstTraceText, _headerText;  // the texts last found right
 };
 
 #endif

@@ -89,8 +89,9 @@ void SegyMenuDialog::buildConnections(SegyLoader* loader)
     _segyebcdicmenu->newLoader(loader);
     _segybinarymenu->newLoader(loader);
     _segyheadermenu->newLoader(loader);
+    _isBuilt = loader != nullptr;
+    if (!loader) return;
     connect(loader, &SegyLoader::reLoadData, this, &SegyMenuDialog::loadTabs);
-    _isBuilt = true;
     // A loader that was at work before the dialog came has said all it has to say.
     if (loader->isLoaded()) loadTabs();
 }

@@ -4,6 +4,8 @@
 #include "sources/segyheader.h"
 
 #include <QApplication>
+#include <QBrush>
+#include <QColor>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -85,7 +87,9 @@ SegyRemapDialog::SegyRemapDialog(QWidget* parent) : QDialog(parent)
     connect(_saveButton, &QPushButton::clicked, this, &SegyRemapDialog::saveToFile);
     connect(buttonBox, &QDialogButtonBox::rejected, this, &SegyRemapDialog::reject);
     connect(_tableWidget, &QTableWidget::itemChanged, this, [this] {
-        if (!_isFilling) emit tableChanged();
+        if (_isFilling) return;
+        markFaults();
+        emit tableChanged();
     });
 }
 
@@ -119,7 +123,29 @@ void SegyRemapDialog::setTable(const SegyRemapTable& table)
             _tableWidget->item(row, column)->setText(table.cells[size_t(row)][size_t(column)]);
         }
     _isFilling = false;
+    markFaults();
     emit tableChanged();
+}
+
+/// Rows that are skipped, or do another thing than they say, stand in red and tell why.
+void SegyRemapDialog::markFaults()
+{
+    _isFilling = true;
+    SegyHeader header;
+    header.setTreviaVersion(1);
+    const SegyRemapTable snapshot = table();
+    for (int row = 0; row < SegyRemapTable::nRows; ++row) {
+        const QString fault = header.remapRowFault(snapshot, row);
+        for (int column = 0; column < SegyRemapTable::nColumns; ++column) {
+            QTableWidgetItem* item = _tableWidget->item(row, column);
+            if (!item && fault.isEmpty()) continue;
+            if (!item) _tableWidget->setItem(row, column, item = new QTableWidgetItem);
+            item->setData(Qt::ForegroundRole, fault.isEmpty() ? QVariant() : QVariant(QBrush(Qt::red)));
+            item->setData(Qt::BackgroundRole, fault.isEmpty() ? QVariant() : QVariant(QBrush(QColor(255, 225, 225))));
+            item->setToolTip(fault);
+        }
+    }
+    _isFilling = false;
 }
 
 int SegyRemapDialog::loadTable(const QString& path)

@@ -40,6 +40,8 @@ private slots:
     void saveToFile();
 
 private:
+    void markFaults();
+
     QTableWidget* _tableWidget;    // child of the dialog
     QPushButton* _loadButton;      // children of the button box
     QPushButton* _saveButton;

@@ -15,6 +15,11 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: fuzz_replay TARGET FOLDER\n");
         return 1;
     }
+    if (std::strcmp(argv[1], "allocationlimit") == 0) {
+        // Proves that the limit holds in this build: this must end the program.
+        const std::vector<char> tooMuch(size_t(513) << 20);
+        return tooMuch[0];
+    }
     for (const auto& target : fuzzTargets) {
         if (std::strcmp(target.name, argv[1]) != 0) continue;
         int nFiles = 0;

@@ -24,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t n)
         if (!data.reelHeader(true)) continue;
         data.setTraceBytes();
         if (data.numSamples() < 1) continue;
-        std::vector<char> trace(size_t(data.maxBytes()));
+        std::vector<char> trace(size_t(data.bufferBytes()));
         data.readTrace(trace.data());
     }
     return 0;

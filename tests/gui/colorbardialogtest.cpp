@@ -44,6 +44,7 @@ private slots:
     void unusedEditsSurviveOtherControls();
     void theOverlayBoxMovesToTheOtherBar();
     void eachChangeRepaintsOnce();
+    void resetGivesTheModeBackToo();
     void missingFilesAreCopiedAndOthersStay();
 
 private:
@@ -414,17 +415,26 @@ void ColorBarDialogTest::theOverlayBoxMovesToTheOtherBar()
     QCOMPARE(f.find<NumberEdit>("numColorsEdit")->text(), QString("256"));
 }
 
+void ColorBarDialogTest::resetGivesTheModeBackToo()
+{
+    PageFixture f;
+    QCOMPARE(f.bar.colorMode(), 1);
+    f.find<QCheckBox>("scaledBox")->click();
+    QCOMPARE(f.bar.colorMode(), 0);
+    f.press("resetButton");
+    QCOMPARE(f.bar.colorMode(), 1);
+}
+
 void ColorBarDialogTest::eachChangeRepaintsOnce()
 {
     write("b.col", "64,0\n0,4278190335\n1,4294901760\n");
     PageFixture f;
     f.choose("b.col");
     for (const char* name : {"loadButton", "resetButton", "updateButton", "scaledBox"}) {
-        QTest::qWait(30);
-        const int before = f[0]->myCanvas()->renderCount();
-        QTest::mouseClick(f.find<QAbstractButton>(name), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
-        QTest::qWait(30);
-        QCOMPARE(f[0]->myCanvas()->renderCount() - before, 1);
+        const auto click = [&] {
+            QTest::mouseClick(f.find<QAbstractButton>(name), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
+        };
+        QCOMPARE(rendersOf(f[0], click), 1);
     }
 }
 

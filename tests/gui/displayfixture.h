@@ -4,6 +4,7 @@
 
 #include "display/colorbarframe.h"
 #include "display/displayhost.h"
+#include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/menudefaults.h"
 #include "host/flow/standardwords.h"
@@ -13,6 +14,7 @@
 #include <QStatusBar>
 #include <QtTest>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -98,6 +100,24 @@ struct DisplayFixture {
                                             int(ensemble.traces.size()), true);
     }
 };
+
+/// Delivers what is posted: a paint may ask for a layout, and that for another paint.
+inline void settle()
+{
+    for (int i = 0; i < 3; ++i) QApplication::processEvents();
+}
+
+/// How often a change makes a display render; the change has to bring about at least one.
+inline int rendersOf(SeismicDisplay* display, const std::function<void()>& change)
+{
+    const MyQwtPlotCanvas* canvas = display->myCanvas();
+    settle();
+    const int before = canvas->renderCount();
+    change();
+    if (!QTest::qWaitFor([=] { return canvas->renderCount() > before; })) return 0;
+    settle();
+    return canvas->renderCount() - before;
+}
 
 /// A press, a drag and a release, as the mouse does it.
 inline void dragMouse(QWidget* widget, const QPoint& from, const QPoint& to, Qt::MouseButton button,

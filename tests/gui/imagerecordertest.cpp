@@ -23,6 +23,7 @@ private slots:
     void anEndOfDataLeavesWhatIsStored();
     void saveExtraAddsASecondPictureOfTheEnsemble();
     void resaveAfterWalkingBackReplacesOnlyTheLast();
+    void anEnsembleThatComesAgainKeepsItsPicture();
     void aDisplayReplacesItsOwnPicture();
     void aCollectionTakesAsManyAsItWasTold();
     void theKindFollowsTheDrawType_data();
@@ -205,6 +206,23 @@ void ImageRecorderTest::saveExtraAddsASecondPictureOfTheEnsemble()
     QCOMPARE(f.keys(), QVector<float>({1, 1}));
     f[0]->storeImage(false);  // still stored
     QCOMPARE(f.store.storeTotal(), 2);
+}
+
+void ImageRecorderTest::anEnsembleThatComesAgainKeepsItsPicture()
+{
+    ImageFixture f;
+    f.next();
+    f.nLoads = 0;
+    f.next();  // the same traces and headers
+    QVERIFY(f[0]->isRepeated());
+    QCOMPARE(f.keys(), QVector<float>({1.0f}));
+    f[0]->setZoomRect(QRectF(0.0, 400.0, 21.0, 800.0));  // another view takes the place of the first
+    f.nLoads = 0;
+    f.next();
+    QCOMPARE(f.keys(), QVector<float>({1.0f}));
+    f.next();
+    QVERIFY(!f[0]->isRepeated());
+    QCOMPARE(f.keys(), QVector<float>({1.0f, 2.0f}));
 }
 
 void ImageRecorderTest::resaveAfterWalkingBackReplacesOnlyTheLast()

@@ -1,5 +1,7 @@
 /// The main window on real files: opening, paging, and what happens when a file is not what it should be.
 #include "display/colorbarframe.h"
+#include "display/imagestorage.h"
+#include "display/seismicplot.h"
 #include "frame/assumptionspanel.h"
 #include "frame/mainwindow.h"
 #include "frame/menudefaults.h"
@@ -20,6 +22,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QtTest>
@@ -49,6 +52,10 @@ private slots:
     void modesThatAreNotBuiltNeitherStayCheckedNorTakeTheMouse();
     void aFileFillsTheHostsRunTimeRecord();
     void theDifferenceIsThatOfTheTwoScreensBeforeIt();
+    void theDifferenceIsAsLoudAsTheData();
+    void ofSeveralScreensTheOutermostHaveTheTimeAxes();
+    void oneEnsembleIsOnePictureAlsoAtTheEndOfAnIndex();
+    void theColorBarKeepsItsPlaceWhenAnOverlayGoes();
     void showImagesWithoutImagesUnchecksItself();
     void aboutNamesTheCompany();
     void theWindowComesBackWithItsPanels();
@@ -393,6 +400,100 @@ void MainWindowTest::aFileFillsTheHostsRunTimeRecord()
     QCOMPARE(globalRuntime.ipsort, own.ipsort);
     QCOMPARE(globalRuntime.idtyp, own.idtyp);
     QVERIFY(globalRuntime.maxdtr > 0 && globalRuntime.ipkey > 0 && globalRuntime.iskey > 0);
+}
+
+void MainWindowTest::theColorBarKeepsItsPlaceWhenAnOverlayGoes()
+{
+    WindowFixture f;
+    f.window->resize(900, 900);  // room for two bars
+    QTRY_COMPARE(f.window->height(), 900);
+    QApplication::processEvents();
+    const QPoint before = f.window->colorBarFrame()->pos();
+    f.window->setOverlayMode(true);
+    QTRY_VERIFY(f.window->colorBarFrame()->pos().y() < before.y());
+    f.window->setOverlayMode(false);
+    QTRY_COMPARE(f.window->colorBarFrame()->pos(), before);
+}
+
+void MainWindowTest::oneEnsembleIsOnePictureAlsoAtTheEndOfAnIndex()
+{
+    if (!hasTestData()) QSKIP("no real data files");
+    WindowFixture f;
+    f.open(QString::fromStdString(testDataFile("prestack-marine/viking_small.segy")), 0, 1);
+    QCheckBox* save = f.window->actionTable()->box("savImageBox");
+    save->setChecked(true);
+    const ImageStorage* store = f.window->display()->images().storage();
+    for (int i = 1; i < 4; ++i) {  // four shots
+        f.window->nextRecord();
+        QVERIFY(f.window->statusBar()->currentMessage() != "Last record");
+    }
+    for (int i = 0; i < 3; ++i) {
+        f.window->nextRecord();
+        QCOMPARE(f.window->statusBar()->currentMessage(), QString("Last record"));
+        QCOMPARE(store->storeTotal(), 4);
+    }
+    save->setChecked(false);
+    save->setChecked(true);
+    f.window->nextRecord();
+    QCOMPARE(store->storeTotal(), 4);
+    QVector<float> keys;
+    for (int i = 0; i < store->storeTotal(); ++i) keys.append(store->picture(i)->pri);
+    QCOMPARE(keys, QVector<float>({3.0f, 4.0f, 5.0f, 6.0f}));
+}
+
+void MainWindowTest::ofSeveralScreensTheOutermostHaveTheTimeAxes()
+{
+    const struct {
+        int screens, difference;
+        const char* axes;  // of each screen: l left, r right, b both, - none
+    } cases[] = {{1, 0, "b"}, {1, 1, "b"}, {2, 0, "lr"}, {3, 0, "l-r"}, {2, 1, "l-r"}};
+    for (const auto& c : cases) {
+        auto menu = std::make_unique<parmmenu>();
+        setDisplayDefaults(menu.get());
+        menu->iscreens = c.screens;
+        menu->idifference = c.difference;
+        MainWindow window(nullptr, menu.get());
+        window.buildMainPlot();
+        QString axes;
+        for (const SeismicDisplay* display : window.displayList()) {
+            const bool left = display->axisEnabled(QwtPlot::yLeft), right = display->axisEnabled(QwtPlot::yRight);
+            axes += left && right ? "b" : left ? "l" : right ? "r" : "-";
+        }
+        QCOMPARE(axes, QString(c.axes));
+    }
+}
+
+void MainWindowTest::theDifferenceIsAsLoudAsTheData()
+{
+    auto menu = std::make_unique<parmmenu>();
+    setDisplayDefaults(menu.get());
+    menu->iscreens = 2;
+    menu->idifference = 1;
+    menu->iscale = 1;
+    menu->_orvinruntime.numsmp = 100;
+    menu->_orvinruntime.nth = standardWordCount;
+    MainWindow window(nullptr, menu.get());
+    window.buildMainPlot();
+    window.show();
+    TestEnsemble a(6, 100), b(6, 100);
+    for (auto& trace : b.samples)
+        for (float& v : trace) v *= 0.999f;
+    for (int pass = 0; pass < 2; ++pass) {
+        window.loadEnsemble(a.traces.data(), a.headers.data(), 6, 0);
+        window.loadEnsemble(b.traces.data(), b.headers.data(), 6, 1);
+        const SeismicPlot* data = window.displayList()[0]->seismicPlot();
+        SeismicPlot* difference = window.displayList()[2]->seismicPlot();
+        std::vector<float> offsets;
+        for (const Normalize scaling : {Normalize::Trace, Normalize::Dataset}) {
+            for (SeismicDisplay* display : window.displayList()) display->seismicPlot()->setNormalization(scaling);
+            const RasterParm parm = difference->rasterParm(&offsets);
+            // sample j of trace i is 1000 i + j: the mean of trace i is 1000 i + 49.5, and 50 of the first, without its 0
+            for (int i = 0; i < 6; ++i) QCOMPARE(parm.divTrace[i], 2.0f * (i == 0 ? 50.0f : 1000.0f * i + 49.5f));
+            QCOMPARE(parm.divRecord, data->conditioner().divRecord());
+            QCOMPARE(difference->rangeMax(), data->rangeMax());
+            QCOMPARE(difference->rms(), data->rms());
+        }
+    }
 }
 
 void MainWindowTest::theDifferenceIsThatOfTheTwoScreensBeforeIt()

@@ -107,11 +107,11 @@ void OptionsTest::aRepeatThatCameInDuringALoadIsDropped()
                                     new QKeyEvent(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier, QString(), true));
     });
     fixture.press(Qt::Key_PageDown);
-    QTest::qWait(20);
+    settle();
     QCOMPARE(fixture.nForward, 1);
     fixture.press(Qt::Key_PageDown, true);  // the key is still held
     QCOMPARE(fixture.nForward, 2);
-    QTest::qWait(20);
+    settle();
     fixture.press(Qt::Key_PageDown, true);
     QCOMPARE(fixture.nForward, 3);
 }
@@ -231,11 +231,11 @@ void OptionsTest::aPresetActsOnAllDisplaysWithOneRepaintEach()
         counters[i]->attach(fixture[i]);
     }
     PresetMenu menu(&fixture.displays, nullptr);
-    QTest::qWait(20);
+    settle();
     const int generation = fixture[0]->seismicPlot()->conditioner().generation();
     for (DrawCounter* counter : counters) counter->count = 0;
     QVERIFY(menu.apply("hard"));
-    QTest::qWait(20);
+    settle();
     for (int i : {0, 1}) {
         QCOMPARE(counters[i]->count, 1);
         const ConditioningPreset now = presetOf(*fixture[i]->seismicPlot());

@@ -226,18 +226,18 @@ void SegyGuessTest::aFileThatCannotBeReadKeepsTheSettings()
 void SegyGuessTest::whatTheReaderCannotFollowIsSaidAndKeepsTheSettings()
 {
     QByteArray bytes = segyBytes();
-    put16(&bytes, 3504, 1);
-    bytes.insert(3600, QByteArray(3200, '\x40'));
+    put16(&bytes, 3216, 0);  // the interval, and those of the traces
+    for (int at = 3600; at < bytes.size(); at += (bytes.size() - 3600) / 6) put16(&bytes, at + 116, 0);
     MenuFixture menu;
-    menu.edit("fileField")->setText(writeSegy(path("extended.sgy"), bytes));
+    menu.edit("fileField")->setText(writeSegy(path("nointerval.sgy"), bytes));
     menu.box("sortBox")->setCurrentText("Offset");
     menu.click("guessButton");
     SegyGuessDialog* panel = panelOf(&menu);
     QVERIFY(panel);
     QVERIFY(panel->findChild<QLabel*>("summaryLabel")
                 ->text()
-                .contains("The reader can't follow this file: the first trace stands at byte 6800, behind "
-                          "extended text headers. Nothing is set."));
+                .contains("The reader can't follow this file: its sample interval is told nowhere; type it as "
+                          "\"Input sample rate\" and open the file. Nothing is set."));
     QCOMPARE(menu.box("sortBox")->currentText(), QString("Offset"));
     QCOMPARE(menu.edit("nsampVal")->text(), QString());
     QVERIFY(!panel->findChild<QPushButton*>("restoreButton")->isEnabled());

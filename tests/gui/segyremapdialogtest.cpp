@@ -28,6 +28,7 @@ private slots:
     void dismissHidesItAndTheTableStays();
     void returnInACellOpensNoFileDialog();
     void aCellInEditIsQuietWhenTheDialogGoes();
+    void anUnusableRowIsRedAndTellsWhy();
 };
 
 /// Accepts the next message box and keeps what it said.
@@ -213,6 +214,25 @@ void SegyRemapDialogTest::aCellInEditIsQuietWhenTheDialogGoes()
     QTest::keyClicks(editor, "CDP");
     dialog.reset();
     QCOMPARE(nChanges, 0);
+}
+
+void SegyRemapDialogTest::anUnusableRowIsRedAndTellsWhy()
+{
+    SegyRemapDialog dialog;
+    dialog.setTable(remapTableFromText("CDP,4I,IEEE,9\nFFID,4I,IEEE,241\n"));
+    QTableWidget* table = tableOf(&dialog);
+    const auto isRed = [table](int row) { return table->item(row, 0)->foreground().color() == QColor(Qt::red); };
+    QVERIFY(!isRed(0));
+    QVERIFY(isRed(1));
+    QVERIFY(!isRed(2));
+    QCOMPARE(table->item(1, 3)->toolTip(), QString("the start byte must be 1 to 240: skipped"));
+    QSignalSpy changed(&dialog, &SegyRemapDialog::tableChanged);
+    table->item(1, 3)->setText("9");
+    QCOMPARE(changed.count(), 1);  // the colours are no change
+    QVERIFY(!isRed(1));
+    QVERIFY(table->item(1, 3)->toolTip().isEmpty());
+    table->item(2, 0)->setText("CDP");
+    QVERIFY(isRed(2));
 }
 
 QTEST_MAIN(SegyRemapDialogTest)

@@ -1,6 +1,7 @@
 /// The display widget: load, axes, read-out, zoom and pan, as a user meets them.
 #include "display/myqwtplotcanvas.h"
 #include "display/seismicplot.h"
+#include "display/thinnedscaledraw.h"
 #include "tests/gui/displayfixture.h"
 #include "tracedata/seismicdata.h"
 
@@ -9,6 +10,9 @@
 #include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
+#include <qwt_text.h>
+
+#include <cmath>
 
 class SeismicDisplayTest : public QObject
 {
@@ -32,6 +36,7 @@ private slots:
     void anEnsembleThatFollowsKeepsTheZoom();
     void aTimeWindowShowsItsOwnTimes();
     void onlyLiveTracesAreMeasured();
+    void aTraceOfThreeSamplesIsNotMeasured();
     void editedHeadersGoBackOnlyWhenChanged();
     void storedSamplesAreNeverTouchedByConditioning();
     void loadingPaintsTheCanvasOnce();
@@ -46,6 +51,13 @@ private slots:
     void eachTracesOwnPixelIsNamedAfterIt();
     void tracesOfTheOldFileGoBeforeItsSizesDo();
     void manyTraceLabelsNeedNoWiderSplitter();
+    void otherTraceLabelsArePaintedAtOnce_data();
+    void otherTraceLabelsArePaintedAtOnce();
+    void labelsStandOnTracesOnly();
+    void traceLabelsNeverTouch_data();
+    void traceLabelsNeverTouch();
+    void labelsOfShotChangesStandAtThem();
+    void labelsOfMultiplesGoByOneTwoAndFive();
 };
 
 static QwtInterval shown(SeismicDisplay* display, int axis)
@@ -300,6 +312,20 @@ void SeismicDisplayTest::onlyLiveTracesAreMeasured()
     QCOMPARE(fixture[0]->seismicPlot()->rms(), 3.0f);
 }
 
+void SeismicDisplayTest::aTraceOfThreeSamplesIsNotMeasured()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(3, 500);  // the first and the last are live
+    std::fill(ensemble.samples[0].begin(), ensemble.samples[0].end(), 0.0f);
+    std::fill(ensemble.samples[0].begin(), ensemble.samples[0].begin() + 3, 900.0f);
+    std::fill(ensemble.samples[2].begin(), ensemble.samples[2].end(), -4.0f);
+    fixture.load(ensemble);
+    QCOMPARE(fixture[0]->computeRMS(false), 4.0f);
+    ensemble.samples[0][3] = 900.0f;
+    fixture.load(ensemble);
+    QCOMPARE(fixture[0]->computeRMS(false), 452.0f);
+}
+
 void SeismicDisplayTest::editedHeadersGoBackOnlyWhenChanged()
 {
     DisplayFixture fixture;
@@ -334,12 +360,7 @@ void SeismicDisplayTest::loadingPaintsTheCanvasOnce()
     TestEnsemble ensemble(20, 500);
     fixture.load(ensemble);
     QTRY_VERIFY(fixture[0]->myCanvas()->renderCount() > 0);
-    QTest::qWait(50);
-    const int before = fixture[0]->myCanvas()->renderCount();
-    fixture.load(ensemble);
-    QTRY_COMPARE(fixture[0]->myCanvas()->renderCount(), before + 1);
-    QTest::qWait(50);
-    QCOMPARE(fixture[0]->myCanvas()->renderCount(), before + 1);
+    QCOMPARE(rendersOf(fixture[0], [&] { fixture.load(ensemble); }), 1);
 }
 
 void SeismicDisplayTest::scrollBarsStandOnlyWhileSomethingIsOutOfSight()
@@ -507,6 +528,140 @@ void SeismicDisplayTest::manyTraceLabelsNeedNoWiderSplitter()
     QVERIFY(f[0]->axisWidget(QwtPlot::xBottom)->minimumSizeHint().width() > 2000);
     QCOMPARE(splitter.minimumSizeHint().width(), f[0]->minimumSizeHint().width());
     f[0]->setParent(nullptr);
+}
+
+/// Counts the paints of a widget.
+struct PaintCounter : QObject {
+    explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint) ++count;
+        return false;
+    }
+    int count = 0;
+};
+
+void SeismicDisplayTest::otherTraceLabelsArePaintedAtOnce_data()
+{
+    QTest::addColumn<int>("change");
+    QTest::newRow("direction") << 0;
+    QTest::newRow("secondary key") << 1;
+    QTest::newRow("numbers off") << 2;
+}
+
+void SeismicDisplayTest::otherTraceLabelsArePaintedAtOnce()
+{
+    QFETCH(int, change);
+    DisplayFixture f;
+    TestEnsemble ensemble(20, 500);
+    f.load(ensemble);
+    QVERIFY(QTest::qWaitForWindowExposed(f[0]));
+    PaintCounter axis(f[0]->axisWidget(QwtPlot::xTop));
+    QTRY_VERIFY(!f[0]->testAttribute(Qt::WA_PendingUpdate));
+    QApplication::processEvents();  // what is still to be painted of the load
+    axis.count = 0;
+    if (change == 0) f[0]->setPlotDirection(RightToLeft);
+    if (change == 1) f[0]->setSecKey(standardWordIndex("TRC_TYPE"));
+    if (change == 2) f[0]->setVAxisValues(false);
+    f[0]->rebuildPlot();
+    QTRY_VERIFY(axis.count > 0);
+    const QString third = f[0]->axisScaleDraw(QwtPlot::xTop)->label(3.0).text();
+    QCOMPARE(third, QStringList({"118", "1", "0"})[change]);
+}
+
+static std::vector<double> labelled(SeismicDisplay* display)
+{
+    const auto* draw = static_cast<const ThinnedScaleDraw*>(display->axisScaleDraw(QwtPlot::xTop));
+    return draw->labelledSteps(display->axisWidget(QwtPlot::xTop)->font());
+}
+
+void SeismicDisplayTest::labelsStandOnTracesOnly()
+{
+    DisplayFixture f;
+    TestEnsemble ensemble(20, 500);
+    f.load(ensemble);
+    f[0]->setZoomRect(QRectF(4.4, 400.0, 1.2, 800.0));
+    QCOMPARE(labelled(f[0]), std::vector<double>{5.0});
+    f[0]->resetZoom(0);
+    f[0]->typeTraceIncrement(1.5f);
+    for (const double at : labelled(f[0])) QCOMPARE(at, std::round(at));
+}
+
+void SeismicDisplayTest::traceLabelsNeverTouch_data()
+{
+    QTest::addColumn<int>("nTraces");
+    for (const int n : {1, 2, 3, 4, 7, 20, 120, 999, 30000})
+        QTest::newRow(QByteArray::number(n)) << n;
+}
+
+/// Checks the labels as they would be painted: apart from each other, and at least two of three traces.
+static void checkLabels(SeismicDisplay* display)
+{
+    const std::vector<double> steps = labelled(display);
+    const QwtScaleDraw* draw = display->axisScaleDraw(QwtPlot::xTop);
+    const QFont font = display->axisWidget(QwtPlot::xTop)->font();
+    double end = -1e9;
+    for (const double step : steps) {
+        const double middle = draw->scaleMap().transform(step);
+        const double half = QFontMetricsF(font).horizontalAdvance(draw->label(step).text()) / 2.0;
+        QVERIFY2(middle - half > end + 1.0, qPrintable(QString("at trace %1").arg(step)));
+        end = middle + half;
+    }
+    const QwtInterval x = shown(display, QwtPlot::xTop);
+    const double first = std::max(1.0, std::ceil(x.minValue()));
+    const double last = std::min(double(display->traceCount()), std::floor(x.maxValue()));
+    if (last - first >= 2.0) QVERIFY2(steps.size() >= 2, qPrintable(QString("%1 to %2").arg(first).arg(last)));
+    if (steps.size() < 3) return;
+    const double step = steps[1] - steps[0];
+    const double power = std::pow(10.0, std::floor(std::log10(step) + 1e-9));
+    QVERIFY2(step == power || step == 2 * power || step == 5 * power, qPrintable(QString::number(step)));
+}
+
+void SeismicDisplayTest::traceLabelsNeverTouch()
+{
+    QFETCH(int, nTraces);
+    DisplayFixture f(1, 20);
+    TestEnsemble ensemble(nTraces, 20);
+    f.load(ensemble);
+    checkLabels(f[0]);
+    const QRectF whole = f[0]->visibleRect();
+    for (const double share : {0.7, 0.31, 0.1, 0.033, 0.01, 0.0007})
+        for (const double from : {0.0, 0.123, 0.9}) {
+            f[0]->resetZoom(0);
+            f[0]->setZoomRect(QRectF(from * whole.width(), 0.0, share * whole.width(), whole.height()));
+            checkLabels(f[0]);
+            QTest::keyClick(f[0]->canvas(), Qt::Key_Minus);
+            checkLabels(f[0]);
+        }
+}
+
+void SeismicDisplayTest::labelsOfMultiplesGoByOneTwoAndFive()
+{
+    DisplayFixture f(1, 20);
+    f.menu->iskeymod = 1;  // multiples of 5
+    f[0]->setMenu(f.menu.get());
+    for (const int n : {40, 120, 333, 2000}) {
+        TestEnsemble ensemble(n, 20);
+        for (int i = 0; i < n; ++i) ensemble.words[i][standardWordIndex("CHAN    ")] = i + 1;
+        f.load(ensemble);
+        QVERIFY(labelled(f[0]).size() >= 3);
+        checkLabels(f[0]);
+    }
+}
+
+void SeismicDisplayTest::labelsOfShotChangesStandAtThem()
+{
+    DisplayFixture f(1, 20);
+    TestEnsemble ensemble(2400, 20);
+    for (int i = 0; i < 2400; ++i) ensemble.words[i][standardWordIndex("CHAN    ")] = 500 + i / 48;
+    f.menu->iskeymod = 3;
+    f[0]->setMenu(f.menu.get());
+    f.load(ensemble);
+    const std::vector<double> steps = labelled(f[0]);
+    QVERIFY(steps.size() >= 5);
+    for (const double step : steps) QCOMPARE(std::fmod(step, 48.0), 1.0);  // the first trace of a shot
+    const double shots = (steps[1] - steps[0]) / 48.0;
+    QVERIFY(shots == 5.0 || shots == 10.0);
 }
 
 QTEST_MAIN(SeismicDisplayTest)

@@ -42,18 +42,23 @@ nasty = {
     "onesample": reel(1, fmt=6) + trace(b"\x01") * 6, "nocount": reel(100) + trace(bytes(160)) * 3,
     "garbage": bytes(range(256)) * 20,
 }
-big = {"unsigned"}
-def variable(order):
-    head = reel(12, order=order)
-    return head + b"".join(trace(bytes(4 * n), n, 2000, 1, n, order=order) for n in (12, 7, 3, 11, 12))
-
-
+# Files that claim more than they hold: a trace a byte, a count of ten million, one long trace among short ones.
 def changed(content, *words):
     """A copy with (offset, format, value) written into it."""
     copy = bytearray(content)
     for offset, form, value in words:
         struct.pack_into(form, copy, offset, value)
     return bytes(copy)
+
+
+nasty["bytewise"] = reel(1, fmt=6) + bytes(16000)
+nasty["onelong"] = reel(32767, fmt=6) + b"".join(
+    trace(b"\1" * n, n) for n in [1] * 30 + [32767] + [2] * 30)
+nasty["hugecount"] = changed(reel() + trace(ieee), (3500, ">h", 0x200), (3268, ">i", 10000000))
+big = {"unsigned"}
+def variable(order):
+    head = reel(12, order=order)
+    return head + b"".join(trace(bytes(4 * n), n, 2000, 1, n, order=order) for n in (12, 7, 3, 11, 12))
 
 
 guesses = {
@@ -80,6 +85,19 @@ for name, content in nasty.items():
 for code in range(7):
     save("segyfixedfuzz", "format-%d" % code, bytes([0x21 | code << 2]) + good)
     save("segyvariablefuzz", "format-%d" % code, bytes([0x21 | code << 2]) + good)
+
+for layout in range(8):
+    for name in ("good", "cutsample", "cutheader", "longer"):
+        content = nasty[name][:3600] + b" " * 3200 + nasty[name][3600:]
+        for target in ("segyfixedfuzz", "segyvariablefuzz"):
+            save(target, "layout-%s-%d" % (name, layout), bytes([0x81, 1 | layout << 4]) + content)
+            save(target, "longheader-%s-%d" % (name, layout), bytes([0x81, 4 | layout << 4]) + nasty[name])
+
+for name in ("good", "little", "empty", "reelonly", "longer", "garbage", "bytewise", "onelong", "hugecount"):
+    # Bits: variable, index, typed count (two), other byte order; then the sort and the sample format.
+    for choice in (0x00, 0x01, 0x02, 0x03, 0x0c, 0x13):
+        save("segyloaderfuzz", "%s-%02x" % (name, choice), bytes([choice, 1]) + nasty[name])
+save("segyloaderfuzz", "onelong-stack", bytes([0x03, 5]) + nasty["onelong"])
 
 header = bytes(range(240))
 rows = {

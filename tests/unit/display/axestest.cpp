@@ -43,6 +43,46 @@ TEST(AxisStep, LabelsThatWouldTouchAreThinnedOut)
     EXPECT_EQ(roomyStep(100.0, 0.0, 30), 0.0);
 }
 
+TEST(AxisRule, AutomaticStepsAreOneTwoAndFive)
+{
+    AxisRule rule(500.0);
+    rule.most = 20;
+    EXPECT_EQ(rule.step(2000.0), 500.0);
+    EXPECT_EQ(rule.step(12000.0), 1000.0);
+    EXPECT_EQ(rule.step(30000.0), 2000.0);  // not 2500
+    EXPECT_EQ(rule.step(90000.0), 5000.0);
+    EXPECT_DOUBLE_EQ(rule.step(600.0), 200.0);
+}
+
+TEST(AxisRule, ATypedStepIsKeptHoweverFewOrManyLabelsItGives)
+{
+    AxisRule rule(100.0);
+    rule.isTyped = true;
+    rule.most = 250;
+    EXPECT_EQ(rule.step(8000.0), 100.0);
+    EXPECT_EQ(rule.step(50.0), 100.0);
+    EXPECT_EQ(rule.step(-8000.0), 100.0);
+    EXPECT_EQ(rule.step(40000.0), 200.0);  // 400 lines have no gaps between them
+    rule.wanted = 70.0;
+    EXPECT_EQ(rule.step(8000.0), 70.0);
+}
+
+TEST(AxisRule, AStepThatIsNotRoundGrowsByItsMultiples)
+{
+    AxisRule rule(7.0);
+    rule.most = 10;
+    EXPECT_EQ(rule.step(100.0), 14.0);
+    EXPECT_EQ(rule.step(200.0), 35.0);
+}
+
+TEST(AxisRule, NoStepIsBelowTheSmallest)
+{
+    AxisRule rule(1.0);
+    rule.smallest = 1.0;
+    EXPECT_EQ(rule.step(1.2), 1.0);
+    EXPECT_EQ(AxisRule(0.0).step(100.0), 0.0);
+}
+
 TEST(SeismicAxis, SmallPositionsGetTheDecimalsThatTheirSizeAsksFor)
 {
     EXPECT_EQ(positionText(0.0), "0");

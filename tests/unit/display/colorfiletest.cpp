@@ -132,3 +132,11 @@ TEST(ColorFile, SurvivesAnyBytes)
     EXPECT_GT(nRead, 1000);
     EXPECT_LT(nRead, 19000);
 }
+
+TEST(ColorFile, PositionsAreWrittenWithSixDigits)
+{
+    ColorFile file;
+    file.numColors = 3;
+    file.stops = {{1.0f / 3.0f, 4278190335u}, {0.123456789f, 4294901760u}};
+    EXPECT_EQ(colorFileText(file), "3,1\n0.333333,4278190335\n0.123457,4294901760\n");
+}

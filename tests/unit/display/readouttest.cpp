@@ -80,6 +80,31 @@ TEST(Readout, ATimeSliceCountsFromItsFirstPosition)
     EXPECT_EQ(readoutPosition(frame, 1.0, 7.9).position, 507.0);
 }
 
+TEST(Readout, InsideIsWhereTheDataReach)
+{
+    ReadoutFrame frame = frameOf(10, 100, 2.0);
+    frame.firstSample = 50;  // 100 to 300 ms
+    EXPECT_TRUE(readoutPosition(frame, 0.0, 100.0).isInside);
+    EXPECT_TRUE(readoutPosition(frame, 11.0, 299.9).isInside);
+    EXPECT_FALSE(readoutPosition(frame, -0.1, 200.0).isInside);
+    EXPECT_FALSE(readoutPosition(frame, 11.1, 200.0).isInside);
+    EXPECT_FALSE(readoutPosition(frame, 5.0, 99.0).isInside);
+    EXPECT_FALSE(readoutPosition(frame, 5.0, 300.0).isInside);
+    EXPECT_FALSE(readoutPosition(frame, NAN, 200.0).isInside);
+    EXPECT_TRUE(readoutPosition(frame, 5.0, 100.0 - 1e-9).isInside);  // a scale that went through pixels and back
+}
+
+TEST(Readout, AReversedSliceIsInsideBelowItsFirstSample)
+{
+    ReadoutFrame frame = frameOf(10, 100, 4.0);
+    frame.isSlice = true;
+    frame.timeDirection = false;
+    EXPECT_TRUE(readoutPosition(frame, 5.0, 100.0).isInside);  // the first sample, at the top
+    EXPECT_FALSE(readoutPosition(frame, 5.0, 100.5).isInside);
+    EXPECT_TRUE(readoutPosition(frame, 5.0, 0.5).isInside);
+    EXPECT_FALSE(readoutPosition(frame, 5.0, 0.0).isInside);  // the end of the last
+}
+
 TEST(Readout, WithoutDataNothingIsUnderTheMouse)
 {
     EXPECT_EQ(readoutPosition(frameOf(0, 0, 2.0), 5.0, 5.0).sample, 0);

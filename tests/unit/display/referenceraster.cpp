@@ -101,6 +101,7 @@ bool Reference::findWindow()
     const double ntr = parm.x.s2 - parm.x.s1;
     count = cut(ntr + 0.5);
     if (count < 1) count = 1;
+    if (parm.x.s1 < 0) count = parm.x.s2 > 0 ? cut(parm.x.s2) : 0;  // trace i stands at i, so none is left of 0
     firstTrace = cut(parm.x.s1);
     if (firstTrace < 0) firstTrace = 0;
     if (firstTrace + count > parm.view.nTraces) count = parm.view.nTraces - firstTrace;

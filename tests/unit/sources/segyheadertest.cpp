@@ -213,6 +213,24 @@ TEST(SegyHeader, TheFactorIsNarrowedBeforeItMultiplies)
     EXPECT_EQ(f.real("SOU_X   "), 100000000.0f * 0.3333333432674408f);
 }
 
+TEST(SegyHeader, TheProductWithTheFactorIsTakenInSinglePrecision)
+{
+    // 0.01 in single precision is 0.00999999977648258: its product with 5 rounds to 0.049999997, where the hundredth
+    // of 5, or a product in double precision, is 0.050000001. The same for 1234569.
+    for (const auto& [value, expected] : {std::pair{5, 0.0499999970f}, std::pair{9, 0.0899999961f},
+                                          std::pair{1234569, 12345.6895f}}) {
+        Fixture f;
+        f.put(70, int16_t(-100));
+        f.put(68, int16_t(-100));
+        for (int byte : {72, 76, 80, 84, 180, 184, 40, 44, 48, 60, 64}) f.put(byte, int32_t(value));
+        f.header.convertSegyToOrvin();
+        for (const char* word : {"SOU_X   ", "SOU_Y   ", "REC_X   ", "REC_Y   ", "CDP_X   ", "CDP_Y   ", "REC_ELEV",
+                                 "SOU_ELEV", "DEPTH   ", "SOU_H2OD", "REC_H2OD"})
+            EXPECT_EQ(f.real(word), expected) << word;
+    }
+    EXPECT_NE(0.0499999970f, 0.05f);
+}
+
 TEST(SegyHeader, TheKeySlotsComeFromTheirWords)
 {
     Fixture f;

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <filesystem>
 
 using testing::ElementsAre;
@@ -350,6 +351,22 @@ TEST_F(SegyLoaderTest, AMissingOrShortFileIsRefusedWithItsLine)
     EXPECT_FALSE(shortFile.open().isGood);
     EXPECT_TRUE(shortFile.report.has("SegyLoader: Error while reading reel headers.\n"));
     EXPECT_TRUE(shortFile.report.boxes.empty());
+}
+
+TEST_F(SegyLoaderTest, ASortCodeThatAReelGaveIsNotCarriedOverToTheNextFile)
+{
+    for (const auto& [first, second, expected] : {std::array{4, 1, 1}, std::array{1, 4, 5}, std::array{2, 3, 0}}) {
+        SegyBuilder one = shots({2}), two = shots({1, 2});
+        one.put<int16_t>(3228, int16_t(first));
+        two.put<int16_t>(3228, int16_t(second));
+        const std::string names = save(one, "one.sgy") + "," + save(two, "two.sgy");
+        Loaded fromData({.files = names});
+        ASSERT_TRUE(fromData.open().isGood);
+        EXPECT_EQ(fromData.loader.currentSortKey(), expected) << first << " " << second;
+        Loaded given({.files = names, .isort = 4});
+        ASSERT_TRUE(given.open().isGood);
+        EXPECT_EQ(given.loader.currentSortKey(), 4);
+    }
 }
 
 TEST_F(SegyLoaderTest, OfTwoFilesOnlyTheSecondIsReadAndTheFirstOnesReelIsForgotten)

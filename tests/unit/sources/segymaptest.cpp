@@ -43,6 +43,7 @@ std::vector<segyMapItem> plainMap(OpenedSegy* segy)
         header.loadTraceMap(item.item);
         items.push_back(item);
     }
+    segy->data.tellRepeated();
     return items;
 }
 
@@ -284,6 +285,28 @@ TEST(SegyMapSort, EqualsAStableSortWithTheToldComparison)
             sortSegyMap(items.data(), n, 8, 4);
             ASSERT_EQ(n == 0 || std::memcmp(items.data(), expected.data(), size_t(n) * sizeof(segyMapItem)) == 0, true);
         }
+}
+
+TEST(SegyMapSort, EqualKeysStandInFileOrderAfterAnySequenceOfSorts)
+{
+    std::mt19937 random(9);
+    for (bool hasGaps : {false, true}) {
+        std::vector<segyMapItem> items(500);
+        for (size_t i = 0; i < items.size(); ++i) {
+            items[i] = {};
+            items[i].itrace = uint32_t(hasGaps ? 3 * i + 7 : i);
+            for (float& key : items[i].item) key = float(random() % 5);
+        }
+        for (int change = 0; change < 30; ++change) {
+            const int first = int(random() % 16), second = int(random() % 16);
+            sortSegyMap(items.data(), int(items.size()), first, second);
+            for (size_t i = 1; i < items.size(); ++i) {
+                const int order = segyMapCompare(items[i - 1], items[i], first, second);
+                ASSERT_LE(order, 0);
+                ASSERT_TRUE(order < 0 || items[i - 1].itrace < items[i].itrace) << "sort " << change;
+            }
+        }
+    }
 }
 
 TEST(SegyMapSort, EveryPermutationOfAFewItemsComesIntoOrder)

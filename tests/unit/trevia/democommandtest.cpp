@@ -123,6 +123,18 @@ TEST_F(DemoCommand, TheProgramNamesItsCommands)
     EXPECT_EQ(runTrevia({}), 2);
 }
 
+TEST_F(DemoCommand, HelpIsPrintedAndMakesNothing)
+{
+    const std::string folder = (_folder / "none").string();
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(runTrevia({"demo", folder, "--help"}), 0);
+    const std::string said = testing::internal::GetCapturedStdout();
+    EXPECT_EQ(said.find("Usage: trevia demo [FOLDER] [--noise SD] [--shots N] [--no-faults]\n"), 0u) << said;
+    for (const char* words : {"  --noise SD ", "  --shots N ", "  --no-faults ", "  --help ", "demo_3d.sgy"})
+        EXPECT_NE(said.find(words), std::string::npos) << words;
+    EXPECT_FALSE(std::filesystem::exists(folder));
+}
+
 // The check value of the polynomial, published with it.
 TEST_F(OutputFileTest, CrcOfTheNineDigits)
 {

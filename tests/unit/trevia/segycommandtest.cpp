@@ -103,6 +103,20 @@ TEST_F(SegyCommand, AFileProblemNamesFileAndReasonAndEndsWithOne)
 TEST_F(SegyCommand, AFileThatTheReaderCannotFollowIsNoFailure)
 {
     SegyBuilder file(10);
+    file.put<int16_t>(3216, 0);
+    for (size_t i = 0; i < 4; ++i) {
+        file.addTrace(std::vector<float>(10, 1.5f));
+        file.setHeader<int32_t>(i, 12, 1 + int(i));
+    }
+    const Answer answer = run({"segy", "guess", file.save(path("nointerval.sgy"))});
+    EXPECT_EQ(answer.code, 0);
+    EXPECT_THAT(answer.out, HasSubstr("The reader can't follow this file: its sample interval is told nowhere"));
+    EXPECT_EQ(answer.out.find("Settings of the SEGY Menu"), std::string::npos);
+}
+
+TEST_F(SegyCommand, ExtendedTextHeadersAreSaidInTheLayoutOfTheSettings)
+{
+    SegyBuilder file(10);
     file.put<int16_t>(3504, 1);
     file.bytes.resize(3600 + 3200, ' ');
     for (size_t i = 0; i < 4; ++i) {
@@ -111,9 +125,8 @@ TEST_F(SegyCommand, AFileThatTheReaderCannotFollowIsNoFailure)
     }
     const Answer answer = run({"segy", "guess", file.save(path("extended.sgy"))});
     EXPECT_EQ(answer.code, 0);
-    EXPECT_THAT(answer.out,
-                HasSubstr("The reader can't follow this file: the first trace stands at byte 6800"));
-    EXPECT_EQ(answer.out.find("Settings of the SEGY Menu"), std::string::npos);
+    EXPECT_THAT(answer.out, HasSubstr("byte 6800, header 240 bytes: set in the group Layout"));
+    EXPECT_THAT(answer.out, HasSubstr("  First trace at byte     6800\n"));
     EXPECT_THAT(run({"segy", "headers", path("extended.sgy")}).out, HasSubstr("4 of 4 trace headers"));
 }
 
