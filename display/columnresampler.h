@@ -4,6 +4,7 @@
 
 #include "display/traceraster.h"
 #include "host/numeric/tracelanes.h"
+#include "host/rawvector.h"
 
 /// True for the types that are painted as a map, interpolated in both directions.
 inline bool isMap(DisplayType type)
@@ -48,7 +49,7 @@ private:
                         float* out, Work* work) const;
 
     Common _common;
-    std::vector<float> _rows;
+    RawVector<float> _rows;
     size_t _stride = 0;
     std::vector<SincPlace> _sincPlaces;
     std::vector<float> _nodes, _positions;  // of a map: pixel rows of the samples, and the rows

@@ -5,9 +5,12 @@
 #include <new>
 #include <stdexcept>
 
+/// Below so many samples a second thread takes longer to start than it saves.
+static constexpr size_t worthThreads = 1000000;
+
 /// Room for n elements in *grown, if the buffer has too few; 0 when memory ran out.
-template <typename T>
-static int reserve(const std::vector<T>& buffer, size_t n, std::vector<T>* grown)
+template <class Buffer>
+static int reserve(const Buffer& buffer, size_t n, Buffer* grown)
 {
     if (buffer.size() >= n) return 1;
     try {
@@ -20,8 +23,8 @@ static int reserve(const std::vector<T>& buffer, size_t n, std::vector<T>* grown
     return 1;
 }
 
-template <typename T>
-static void take(std::vector<T>* buffer, std::vector<T>* grown)
+template <class Buffer>
+static void take(Buffer* buffer, Buffer* grown)
 {
     if (grown->size() > buffer->size()) buffer->swap(*grown);
 }
@@ -50,7 +53,7 @@ int EnsembleCopy::copy(float* const* traces, int* const* headers, int n, int fir
 {
     if (n < 1) return 1;
     // Nothing moves before all of it is there: the data on the screen still look at the former blocks.
-    std::vector<float> samples;
+    RawVector<float> samples;
     std::vector<int> words;
     std::vector<float*> tracePointers;
     std::vector<int*> headerPointers;
@@ -71,6 +74,7 @@ int EnsembleCopy::copy(float* const* traces, int* const* headers, int n, int fir
     _nSamples = nSamples;
     _nWords = nWords;
     point();
+#pragma omp parallel for schedule(static) if (size_t(n) * size_t(nSamples) > worthThreads)
     for (int i = 0; i < n; ++i) {
         std::copy(traces[i] + first, traces[i] + first + nSamples, _traces[i]);
         std::copy(headers[i], headers[i] + nWords, _headers[i]);

@@ -2,6 +2,8 @@
 #ifndef ENSEMBLECOPY_H
 #define ENSEMBLECOPY_H
 
+#include "host/rawvector.h"
+
 #include <string>
 #include <vector>
 
@@ -30,7 +32,7 @@ private:
     void point();
 
     // One block each: a thousand allocations an ensemble would cost more than the copy.
-    std::vector<float> _samples;
+    RawVector<float> _samples;
     std::vector<int> _words;
     std::vector<float*> _traces;
     std::vector<int*> _headers;

@@ -35,6 +35,7 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
       _zoomLink(host), _windowNumber(windowNumber), _seismicdata(std::make_unique<SeismicData>()),
       _seismicplot(new SeismicPlot(this, _seismicdata.get(), title))
 {
+    _seismicplot->setDataLent(true);  // the copy stays until the next ensemble
     // Qwt's own policy takes the room for every label as the least width: more traces, a wider window, more traces.
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setObjectName("SeismicDisplay");

@@ -69,6 +69,8 @@ public:
     /// Divisors and automatic range are those of another plot, so that both are equally loud, with those of its own
     /// only where that one has fewer traces. Lent: goes after this plot, or is taken back with null.
     void setScaleSource(const SeismicPlot* source) { _scaleSource = source; }
+    /// As TraceConditioner::setLent.
+    void setDataLent(bool lent) { _conditioner.setLent(lent); }
     /// In dB.
     void setGain(float db);
     float gain() const;

@@ -164,26 +164,43 @@ double TraceConditioner::meanScaled(Normalize normalize) const
     return normalize == Normalize::Dataset && _divRecord > 0.0f ? mean / _divRecord : mean;
 }
 
+/// The first sample of traces that lie one after the other; null where they don't.
+static const float* firstOfBlock(const SeismicData& data)
+{
+    if (data.traceCount() < 1 || data.sampleCount() < 1) return nullptr;
+    const float* const first = data.getTraceValues(0, 0);
+    for (int i = 1; i < data.traceCount(); ++i)
+        if (data.getTraceValues(i, 0) != first + size_t(i) * data.sampleCount()) return nullptr;
+    return first;
+}
+
+void TraceConditioner::measureTraces(const SeismicData& data, std::vector<TraceMeasure>* measures)
+{
+    const bool isConditioned = _applyPhase || _applyFilter || _applyAGC;
+    const float* const lent = _isLent && !isConditioned ? firstOfBlock(data) : nullptr;
+    const size_t nAll = size_t(_nTraces) * _nSamples;
+    if (!lent && _tempData.size() < nAll) _tempData.resize(nAll);
+    if (nAll > 0) prepare(_nSamples, data.sampleRate());
+    _samples = lent ? lent : _tempData.data();
+#pragma omp parallel for schedule(static) if (isWorthThreads(_nSamples, _nTraces))
+    for (int i = 0; i < _nTraces; ++i) {
+        if (!lent && _nSamples > 0) {
+            float* const trace = _tempData.data() + size_t(i) * _nSamples;
+            std::memcpy(trace, data.getTraceValues(i, 0), _nSamples * sizeof(float));
+            process(trace, _nSamples);
+        }
+        (*measures)[i] = measureTrace(_samples + size_t(i) * _nSamples, _nSamples);
+    }
+}
+
 void TraceConditioner::computeNormalizer(const SeismicData& data)
 {
     ++_generation;
     _nTraces = std::max(0, data.traceCount());
     _nSamples = std::max(0, data.sampleCount());
-    const size_t nAll = size_t(_nTraces) * _nSamples;
-    if (_tempData.size() < nAll) _tempData.resize(nAll);
     if (_divTrace.size() < size_t(_nTraces)) _divTrace.resize(_nTraces);
-    if (nAll > 0) prepare(_nSamples, data.sampleRate());
-
     std::vector<TraceMeasure> measures(_nTraces);
-#pragma omp parallel for schedule(static) if (isWorthThreads(_nSamples, _nTraces))
-    for (int i = 0; i < _nTraces; ++i) {
-        float* const trace = _tempData.data() + size_t(i) * _nSamples;
-        if (_nSamples > 0) {
-            std::memcpy(trace, data.getTraceValues(i, 0), _nSamples * sizeof(float));
-            process(trace, _nSamples);
-        }
-        measures[i] = measureTrace(trace, _nSamples);
-    }
+    measureTraces(data, &measures);
 
     double divisors = 0.0, means = 0.0;
     _nCounted = 0;

@@ -5,6 +5,8 @@
 #include "tracedata/orvinconstants.h"
 
 #include <cstdint>
+#include "host/rawvector.h"
+
 #include <memory>
 #include <vector>
 
@@ -12,6 +14,16 @@ class BandPassFilter;
 class OrvinAGC;
 class OrvinPhaseShift;
 class SeismicData;
+
+/// Amplitudes of one trace over its samples that are finite and not 0.
+struct TraceMeasure {
+    int n = 0;
+    float minimum = 3.4e38f;
+    float maximum = -3.4e38f;
+    double sum1 = 0.0;  ///< of absolute values
+    double sum2 = 0.0;  ///< of roots of squares, the squares in single precision: 0 for the very smallest
+};
+TraceMeasure measureTrace(const float* trace, int n);
 
 /// Phase rotation, band-pass and gain control of traces, each if wanted, and the amplitudes that the display
 /// scales by. Runs once per new data or new setting, never at paint time; the data stay as they are.
@@ -43,6 +55,10 @@ public:
     /// @param sampleRate  in ms
     void applyProcessing(float* trace, int num, int nSamples, float sampleRate);
 
+    /// True: the traces handed over stay where they are, and as they are, up to the next computeNormalizer. Without
+    /// conditioning they are then used in place, which saves as much memory again.
+    void setLent(bool lent) { _isLent = lent; }
+
     /// Copies, conditions and measures all traces. Traces are shared out to threads; the results are the same
     /// to the bit whatever their number.
     void computeNormalizer(const SeismicData& data);
@@ -50,7 +66,7 @@ public:
     /// How often the traces were conditioned: another number, other traces.
     int generation() const { return _generation; }
     /// The conditioned traces, sampleCount() floats each; null before the first computeNormalizer.
-    const float* samples() const { return _tempData.data(); }
+    const float* samples() const { return _samples; }
     int traceCount() const { return _nTraces; }
     int sampleCount() const { return _nSamples; }
     /// One divisor a trace: twice its mean absolute amplitude; 0 where 3 samples or fewer count. Counted are
@@ -72,6 +88,7 @@ public:
 private:
     void prepare(int nSamples, float sampleRate);
     void process(float* trace, int num) const;
+    void measureTraces(const SeismicData& data, std::vector<TraceMeasure>* measures);
 
     bool _applyAGC = false;
     bool _applyPhase = false;
@@ -86,7 +103,9 @@ private:
     int _opSamples = 0;
     float _opRate = 0.0f;
 
-    std::vector<float> _tempData;  // only grows
+    bool _isLent = false;
+    const float* _samples = nullptr;  // of _tempData, or of the data lent
+    RawVector<float> _tempData;       // only grows
     std::vector<float> _divTrace;  // only grows
     int _generation = 0;
     int _nTraces = 0;
@@ -100,15 +119,5 @@ private:
     float _minimum = 3.4e38f;
     float _maximum = -3.4e38f;
 };
-
-/// Amplitudes of one trace over its samples that are finite and not 0.
-struct TraceMeasure {
-    int n = 0;
-    float minimum = 3.4e38f;
-    float maximum = -3.4e38f;
-    double sum1 = 0.0;  ///< of absolute values
-    double sum2 = 0.0;  ///< of roots of squares, the squares in single precision: 0 for the very smallest
-};
-TraceMeasure measureTrace(const float* trace, int n);
 
 #endif

@@ -2,6 +2,7 @@
 #ifndef SEGYLOADER_H
 #define SEGYLOADER_H
 
+#include "host/rowstore.h"
 #include "sources/segyassumptions.h"
 #include "sources/segydata2.h"
 #include "sources/segyheader.h"
@@ -110,8 +111,8 @@ public:
     void allocTraces(int maxtr);
 
     /// Arrays of at least numTraces() pointers.
-    float** getTraces() { return _traces.data(); }
-    int** getHeaders() { return _headers.data(); }
+    float** getTraces() { return _traces.rows(); }
+    int** getHeaders() { return _headers.rows(); }
     int numTraces() const { return _numtraces; }
     /// Most traces that an ensemble can have; buffers are made as traces come.
     int maxTraces() const { return _maxtr; }
@@ -239,10 +240,8 @@ private:
     parmmenu* _menu = nullptr;
     QString _cText;
 
-    std::vector<float*> _traces;
-    std::vector<int*> _headers;
-    std::vector<std::unique_ptr<float[]>> _traceStore;
-    std::vector<std::unique_ptr<int[]>> _headerStore;
+    RowStore<float> _traces;
+    RowStore<int> _headers;
     std::vector<int> _itempTrc;  // one raw trace
     int _numtraces = 0;
     int64_t _curTrace = 0;

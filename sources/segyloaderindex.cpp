@@ -213,7 +213,7 @@ int64_t SegyLoader::narrowBytes() const
 
 int64_t SegyLoader::bytesInUse() const
 {
-    return int64_t(_itempTrc.size()) * 4 + narrowBytes() + bytesOfTraces(int64_t(_traceStore.size())) +
+    return int64_t(_itempTrc.size()) * 4 + narrowBytes() + bytesOfTraces(int64_t(_traces.count())) +
            getTotalTraces() * SegyMap::bytesAnItem;
 }
 
@@ -239,32 +239,18 @@ void SegyLoader::reportNoMemory()
 
 void SegyLoader::freeBuffers()
 {
-    std::vector<float*>().swap(_traces);
-    std::vector<int*>().swap(_headers);
-    std::vector<std::unique_ptr<float[]>>().swap(_traceStore);
-    std::vector<std::unique_ptr<int[]>>().swap(_headerStore);
+    _traces.reset(size_t(std::max(1, _nsamp)));
+    _headers.reset(size_t(std::max(1, _orvinheaderwords)));
     _numtraces = 0;
 }
 
 /// Buffers are made as traces come: a capacity may be far more than a file has.
 void SegyLoader::growBuffers(int nTraces)
 {
-    // Room for the pointers first: what fails behind that leaves all four alike.
-    if (size_t(nTraces) > _traces.capacity()) {
-        const size_t room = std::max(size_t(nTraces), 2 * _traces.size());
-        _traceStore.reserve(room);
-        _headerStore.reserve(room);
-        _headers.reserve(room);
-        _traces.reserve(room);
-    }
-    while (int(_traceStore.size()) < nTraces) {
-        auto trace = std::make_unique_for_overwrite<float[]>(size_t(_nsamp));
-        auto header = std::make_unique<int[]>(size_t(std::max(1, _orvinheaderwords)));
-        _traceStore.push_back(std::move(trace));
-        _headerStore.push_back(std::move(header));
-        _traces.push_back(_traceStore.back().get());
-        _headers.push_back(_headerStore.back().get());
-    }
+    const int64_t justified = int64_t(_traces.count()) + (mostBytes() - bytesInUse()) / bytesOfTraces(1);
+    const size_t most = size_t(std::max<int64_t>(nTraces, justified));
+    _traces.grow(size_t(nTraces), most);
+    _headers.grow(size_t(nTraces), most);
 }
 
 /// The first map index of the entry in force.
@@ -325,7 +311,7 @@ bool SegyLoader::loadEntry(int64_t entry)
         _segydata->tellRepeated();
         isLoaded = nWanted == _numtraces;
         if (!isLoaded) {
-            const int64_t needed = bytesInUse() + bytesOfTraces(nWanted - int64_t(_traceStore.size()));
+            const int64_t needed = bytesInUse() + bytesOfTraces(nWanted - int64_t(_traces.count()));
             setPlace(before);
             freeBuffers();
             reportTooLarge("The ensemble", needed);
@@ -366,7 +352,7 @@ int64_t SegyLoader::readEnsemble(int iTrace)
         }
         ++_curTrace;
         ++nWanted;
-        const bool isRoom = nWanted <= int64_t(_traceStore.size()) || isJustified(bytesInUse() + bytesOfTraces(1));
+        const bool isRoom = nWanted <= int64_t(_traces.count()) || isJustified(bytesInUse() + bytesOfTraces(1));
         if (isRoom && nWanted == _numtraces + 1)
             appendTrace(_isIndexBuilt ? int64_t(_segydata->mapItem(iTrace)->itrace) + 1 : _curTrace);
         if (nWanted >= _maxtr) break;
@@ -388,8 +374,8 @@ void SegyLoader::appendTrace(int64_t rank)
     growBuffers(_numtraces + 1);
     const auto* trace = reinterpret_cast<const segyTrace*>(_itempTrc.data());
     _assumptions.add(*trace, rank);
-    convertHeader(_headers[size_t(_numtraces)]);
-    std::memcpy(_traces[size_t(_numtraces)], _itempTrc.data() + segyTraceHeaderBytes / 4,
+    convertHeader(_headers.rows()[_numtraces]);
+    std::memcpy(_traces.rows()[_numtraces], _itempTrc.data() + segyTraceHeaderBytes / 4,
                 size_t(_nsamp) * sizeof(float));
     ++_numtraces;
 }
@@ -424,8 +410,8 @@ int SegyLoader::seekTraceConverted(int itrace, float* data, bool force)
     if (nRead < 1) return nRead;
     growBuffers(1);
     if (_iremap) _segyheader.setSegyRawHeader(_segydata->segyRawHeader());
-    convertHeader(_headers[0]);
-    std::memcpy(data, _headers[0], size_t(_orvinheaderwords) * sizeof(int));
+    convertHeader(_headers.rows()[0]);
+    std::memcpy(data, _headers.rows()[0], size_t(_orvinheaderwords) * sizeof(int));
     std::memcpy(data + _orvinheaderwords, _itempTrc.data() + segyTraceHeaderBytes / 4, size_t(_nsamp) * sizeof(float));
     return nRead;
 }

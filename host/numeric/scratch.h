@@ -14,8 +14,8 @@ inline bool overlap(const float* a, size_t nA, const float* b, size_t nB)
 }
 
 /// Makes room for n elements without ever giving any back; returns the first.
-template <class T>
-inline T* atLeast(std::vector<T>* buffer, size_t n)
+template <class T, class Allocator>
+inline T* atLeast(std::vector<T, Allocator>* buffer, size_t n)
 {
     if (buffer->size() < n) buffer->resize(n);
     return buffer->data();
