@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
+#include <vector>
 
 #include <fftw3.h>
 
@@ -166,6 +168,24 @@ void plainHeaderSums(const unsigned char* file, int64_t nTraces, int64_t recordB
             sums[slot] += float(int32_t(words[slot] == 196 ? word : __builtin_bswap32(word)));
         }
     }
+}
+
+float plainReadOfTraces(int descriptor, int64_t nTraces, int nSamples)
+{
+    const size_t recordBytes = 240 + sizeof(float) * size_t(nSamples);
+    std::vector<unsigned char> record(recordBytes);
+    const std::unique_ptr<float[]> traces(new float[size_t(nTraces) * size_t(nSamples)]);
+    for (int64_t i = 0; i < nTraces; ++i) {
+        if (::pread(descriptor, record.data(), recordBytes, 3600 + i * int64_t(recordBytes)) != ssize_t(recordBytes)) break;
+        float* const out = traces.get() + i * nSamples;
+        for (int j = 0; j < nSamples; ++j) {
+            uint32_t word = 0;
+            std::memcpy(&word, &record[240 + sizeof word * size_t(j)], sizeof word);
+            word = __builtin_bswap32(word);
+            std::memcpy(out + j, &word, sizeof word);
+        }
+    }
+    return traces[size_t(nTraces) * size_t(nSamples) - 1];
 }
 
 int64_t plainReadOfFile(int descriptor)

@@ -44,6 +44,8 @@ void plainTransforms(const float* in, int nTraces, int nSamples, int n, float* o
 
 /// Adds up the 16 key values of each trace header of a mapped big-endian file, coordinates unscaled.
 void plainHeaderSums(const unsigned char* file, int64_t nTraces, int64_t recordBytes, double* sums);
+/// Reads all traces of an IEEE file and converts their samples into fresh memory; returns the last one.
+float plainReadOfTraces(int descriptor, int64_t nTraces, int nSamples);
 /// Reads a whole file in megabytes; returns its bytes, -1 on failure.
 int64_t plainReadOfFile(int descriptor);
 

@@ -12,11 +12,12 @@
 #include <unistd.h>
 #include <vector>
 
-/// nTraces traces of nSamples samples; headers random but seeded, samples small IBM or IEEE numbers.
+/// nTraces traces of nSamples samples in shots; headers random but seeded, samples small IBM or IEEE numbers.
 class SegyBenchFile
 {
 public:
-    SegyBenchFile(int nTraces, int nSamples, int format) : recordBytes(240 + 4 * int64_t(nSamples))
+    SegyBenchFile(int nTraces, int nSamples, int format, int shotTraces = 120)
+        : recordBytes(240 + 4 * int64_t(nSamples))
     {
         path = (std::filesystem::temp_directory_path() / ("meridunebench" + std::to_string(::getpid()) + ".sgy")).string();
         descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
@@ -33,7 +34,7 @@ public:
         for (int i = 0; i < nTraces && isGood; i += blockTraces) {
             const int n = std::min(blockTraces, nTraces - i);
             block.resize(size_t(n) * size_t(recordBytes));
-            for (int j = 0; j < n; ++j) fillTrace(&block[size_t(j) * size_t(recordBytes)], i + j, nSamples, &random);
+            for (int j = 0; j < n; ++j) fillTrace(&block[size_t(j) * size_t(recordBytes)], i + j, shotTraces, nSamples, &random);
             isGood = ::write(descriptor, block.data(), block.size()) == ssize_t(block.size());
         }
         ::fsync(descriptor);
@@ -60,16 +61,16 @@ private:
         at[0] = static_cast<unsigned char>(value >> 8);
         at[1] = static_cast<unsigned char>(value);
     }
-    static void fillTrace(unsigned char* trace, int iTrace, int nSamples, std::mt19937* random)
+    static void fillTrace(unsigned char* trace, int iTrace, int shotTraces, int nSamples, std::mt19937* random)
     {
         std::memset(trace, 0, 240);
         for (int byte : {0, 20, 36, 72, 76, 80, 84, 180, 184, 188, 192}) {
             const uint32_t word = __builtin_bswap32((*random)() >> 12);
             std::memcpy(trace + byte, &word, 4);
         }
-        const uint32_t shot = __builtin_bswap32(uint32_t(iTrace / 120 + 1));
+        const uint32_t shot = __builtin_bswap32(uint32_t(iTrace / shotTraces + 1));
         std::memcpy(trace + 8, &shot, 4);
-        trace[15] = static_cast<unsigned char>(iTrace % 120 + 1);
+        trace[15] = static_cast<unsigned char>(iTrace % shotTraces + 1);
         trace[29] = 1;
         // 0x41 and 0x42 begin ordinary numbers in IBM and in IEEE
         const uint32_t noise = (*random)();

@@ -158,6 +158,7 @@ private:
     bool isSampleCountNeeded() const { return _nSamples < 1; }
 
     class MapBuild;
+    void mapWholeHeaders(MapBuild* build, int64_t most, bool* isWanted);
 
     SegyReadParm _parm;
     Report* _report;

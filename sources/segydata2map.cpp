@@ -8,6 +8,9 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
+#include <memory>
+
+#include <omp.h>
 #include <new>
 
 constexpr int tracesAStep = 1000;
@@ -19,6 +22,7 @@ public:
     explicit MapBuild(segyData2* data);
     bool hasUsableRemap() const { return !_remap.empty(); }
     void stopRemap() { _isRemapped = false; }
+    bool isRemapped() const { return _isRemapped; }
     /// @param raw  240 bytes in file order
     void keys(const unsigned char* raw, float* items);
     /// Tells the sink when enough traces have passed. False when it wants to stop.
@@ -98,6 +102,56 @@ void segyData2::giveUpMap(int64_t offset)
     _map = SegyMap();
 }
 
+/// Maps traces of fixed length whose headers lie whole in the file, shared out to threads: a file that is in memory is
+/// copied at the speed of one core otherwise. Stops before a header that can't be read.
+/// @param most      items that the map may have; there is room for them
+/// @param isWanted  out: false when the sink wants to stop
+void segyData2::mapWholeHeaders(MapBuild* build, int64_t most, bool* isWanted)
+{
+    constexpr int64_t chunkTraces = 16384;
+    const int64_t reach = _source->size() - firstTrace() - segyTraceHeaderBytes;
+    const int64_t nWhole = reach < 0 ? 0 : reach / segytrclength + 1;
+    const int64_t nAll = std::min(nWhole, most - _map.count());
+    if (nAll < chunkTraces) return;
+    const int nThreads = omp_get_max_threads(), before = _map.count();
+    const auto ifile = uint32_t(_map.fileIndex(_curFile));
+    std::vector<std::unique_ptr<MapBuild>> builds(nThreads);
+    std::vector<std::unique_ptr<SegyHeaderReader>> readers(nThreads);
+    for (int i = 0; i < nThreads; ++i) {
+        builds[i] = std::make_unique<MapBuild>(this);
+        if (!build->isRemapped()) builds[i]->stopRemap();
+        readers[i] = std::make_unique<SegyHeaderReader>(*_source, segytrclength);
+    }
+    for (int64_t first = 0; first < nAll && *isWanted; first += chunkTraces) {
+        const int64_t n = std::min(chunkTraces, nAll - first);
+        segyMapItem* const items = _map.append(int(n));
+        std::vector<int64_t> nDone(nThreads);
+#pragma omp parallel for schedule(static, 1) num_threads(nThreads)
+        for (int part = 0; part < nThreads; ++part) {
+            const int64_t begin = n * part / nThreads, end = n * (part + 1) / nThreads;
+            std::string error;
+            int64_t i = begin;
+            for (; i < end; ++i) {
+                int nPresent = 0;
+                const int64_t offset = firstTrace() + (first + i) * segytrclength;
+                const unsigned char* raw = readers[part]->header(offset, &nPresent, &error);
+                if (nPresent < segyTraceHeaderBytes) break;
+                items[i].itrace = uint32_t(before + first + i);
+                items[i].offset = uint64_t(offset);
+                items[i].ifile = ifile;
+                builds[part]->keys(raw, items[i].item);
+            }
+            nDone[part] = i - begin;
+        }
+        int64_t nRead = 0;
+        for (int part = 0; part < nThreads && nRead == n * part / nThreads; ++part) nRead += nDone[part];
+        for (int64_t i = 0; i < nRead && *isWanted; i += tracesAStep) *isWanted = build->step(int(before + first + i));
+        if (nRead == n) continue;
+        _map.cut(int(before + first + nRead));
+        return;
+    }
+}
+
 bool segyData2::buildMap(bool show)
 {
     _isRemapRejected = false;
@@ -115,11 +169,13 @@ bool segyData2::buildMap(bool show)
     const int64_t nFixed = variable ? 0 : (traceBytes + segytrclength - 1) / segytrclength;
     const int64_t mostItems = std::min<int64_t>(_mapLimit / SegyMap::bytesAnItem, INT_MAX);
     if (nFixed > 0 && !_map.reserve(std::min<int64_t>(_map.count() + nFixed, mostItems))) throw std::bad_alloc();
+    const int before = _map.count();
+    bool isWanted = true;
+    if (!variable && !SegyHeaderReader::isScattered(segytrclength)) mapWholeHeaders(&build, mostItems, &isWanted);
     SegyHeaderReader reader(*_source, segytrclength);
     const auto ifile = uint32_t(_map.fileIndex(_curFile));
-    int64_t offset = firstTrace();
-    bool isWanted = true;
-    for (;;) {
+    int64_t offset = firstTrace() + int64_t(_map.count() - before) * segytrclength;
+    while (isWanted) {
         int nPresent = 0;
         const unsigned char* raw = reader.header(offset, &nPresent, &_error);
         if (nPresent < 0) reportReadError();

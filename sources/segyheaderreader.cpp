@@ -10,11 +10,16 @@ constexpr int64_t blockBytes = 1 << 20;
 constexpr int64_t readsUnderWay = 256;
 
 SegyHeaderReader::SegyHeaderReader(const ByteSource& source, int64_t recordBytes)
-    : _source(source), _recordBytes(recordBytes), _isScattered(recordBytes >= scatteredRecordBytes)
+    : _source(source), _recordBytes(recordBytes), _isScattered(isScattered(recordBytes))
 {
     _block.resize(_isScattered ? size_t(segyTraceHeaderBytes)
                                : size_t(std::clamp(source.size(), int64_t(segyTraceHeaderBytes), blockBytes)));
     if (_isScattered) _source.expectScattered(true);
+}
+
+bool SegyHeaderReader::isScattered(int64_t recordBytes)
+{
+    return recordBytes >= scatteredRecordBytes;
 }
 
 SegyHeaderReader::~SegyHeaderReader()

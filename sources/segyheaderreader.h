@@ -13,6 +13,8 @@ public:
     /// @param recordBytes  length of a usual trace record; headers are expected that far apart
     SegyHeaderReader(const ByteSource& source, int64_t recordBytes);
     ~SegyHeaderReader();
+    /// True for records so long that only their headers are read.
+    static bool isScattered(int64_t recordBytes);
     SegyHeaderReader(const SegyHeaderReader&) = delete;
     SegyHeaderReader& operator=(const SegyHeaderReader&) = delete;
 

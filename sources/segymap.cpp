@@ -215,6 +215,14 @@ segyMapItem* SegyMap::append()
     return item;
 }
 
+segyMapItem* SegyMap::append(int n)
+{
+    segyMapItem* const first = &_items[_count];
+    std::memset(first, 0, size_t(n) * sizeof(segyMapItem));
+    _count += n;
+    return first;
+}
+
 int SegyMap::fileIndex(const QString& name)
 {
     const int index = _files.indexOf(name);

@@ -37,6 +37,10 @@ public:
     bool reserve(int64_t n);
     /// A new item at the end, zeroed; null when there is no memory for it.
     segyMapItem* append();
+    /// n new items at the end, zeroed; there is room for them. Returns the first.
+    segyMapItem* append(int n);
+    /// Drops the items behind the first n.
+    void cut(int n) { _count = n; }
     /// Gives slots back that were never used.
     void shrinkToFit() { reserve(_count); }
 

@@ -16,8 +16,8 @@ void intlin(int n, const float* x, const float* y, int m, const float* xout, flo
 /// Where a position lies among the nodes: behind node `node` by `part` of the way to the next. -1 stands for
 /// all that intlin gives ylow, the number of nodes for what lies above the last.
 struct LinearPlace {
-    int node = -1;
-    double part = 0.0;
+    int node;
+    double part;
 };
 /// The places of m positions, for values that change while nodes and positions stay.
 void linearPlaces(int n, const float* x, int m, const float* xout, LinearPlace* places);

@@ -215,3 +215,51 @@ TEST(TraceConditioner, BothProcessorVariantsAndAnyNumberOfThreadsGiveTheSameBits
     useCpuVariant(CpuVariant::V3);
     omp_set_num_threads(threads);
 }
+
+TEST(MeasureTrace, EachSampleCountsWhereverItStands)
+{
+    // Powers of two, so that every sum is exact and tells which samples it holds; 19 is no whole number of vectors.
+    constexpr int n = 19;
+    for (int length = 1; length <= n; ++length) {
+        std::vector<float> trace(length);
+        for (int i = 0; i < length; ++i) trace[i] = std::ldexp(i % 2 ? -1.0f : 1.0f, i);
+        const TraceMeasure measure = measureTrace(trace.data(), length);
+        EXPECT_EQ(measure.n, length);
+        EXPECT_EQ(measure.sum1, std::ldexp(1.0, length) - 1.0) << length;
+        EXPECT_EQ(measure.sum2, std::ldexp(1.0, length) - 1.0) << length;
+    }
+}
+
+TEST(TraceConditioner, UsesLentTracesInPlaceUntilTheyAreConditioned)
+{
+    std::vector<float> samples = {1, -2, 3, -4, 5, -6, 7, -8, 9, -10, 11, -12};
+    std::vector<float*> traces = {&samples[0], &samples[6]};
+    int word = 0;
+    std::vector<int*> headers = {&word, &word};
+    SeismicData data;
+    data.setNumHeaderWords(1);
+    data.setSampleRate(2.0f);
+    data.loadAllTraces(traces.data(), headers.data(), 6, 2);
+    TraceConditioner conditioner, copying;
+    copying.computeNormalizer(data);
+    EXPECT_NE(copying.samples(), samples.data());
+    conditioner.setLent(true);
+    conditioner.computeNormalizer(data);
+    EXPECT_EQ(conditioner.samples(), samples.data());
+    EXPECT_EQ(conditioner.rms(), copying.rms());
+    EXPECT_EQ(conditioner.divTrace()[1], copying.divTrace()[1]);
+    const std::vector<float> before = samples;
+    conditioner.applyAGC(true, 4);
+    conditioner.computeNormalizer(data);
+    EXPECT_NE(conditioner.samples(), samples.data());
+    EXPECT_EQ(samples, before);
+    // Traces apart from each other can't be used in place.
+    std::swap(traces[0], traces[1]);
+    data.clear();
+    data.loadAllTraces(traces.data(), headers.data(), 6, 2);
+    conditioner.applyAGC(false, 4);
+    conditioner.computeNormalizer(data);
+    EXPECT_NE(conditioner.samples(), samples.data());
+    EXPECT_EQ(conditioner.samples()[0], 7.0f);
+    EXPECT_EQ(conditioner.samples()[6], 1.0f);
+}

@@ -11,6 +11,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <utility>
 
 #include <omp.h>
 
@@ -435,6 +436,21 @@ TEST(TraceRaster, ValuesThatAreNotFiniteAreShownAsZero)
     const QImage flat = zero.paint(ColorWiggle);
     EXPECT_EQ(difference(nan.paint(ColorWiggle), flat), "");
     EXPECT_EQ(difference(infinite.paint(ColorWiggle), flat), "");
+}
+
+TEST(TraceRaster, AnyOneSampleThatIsNotFiniteIsShownAsZero)
+{
+    Gather gather(2, 37);  // no whole number of vectors
+    TraceRaster raster;
+    for (int sample = 0; sample < 37; ++sample) {
+        SCOPED_TRACE(sample);
+        const float before = std::exchange(gather.values[size_t(sample)], NAN);
+        const RasterParm parm = gather.parm(60, 80);
+        const QImage broken = raster.render(parm, nullptr).copy();
+        gather.values[size_t(sample)] = 0.0f;
+        EXPECT_EQ(raster.render(parm, nullptr), broken);
+        gather.values[size_t(sample)] = before;
+    }
 }
 
 TEST(TraceRaster, FewerThanTwoSamplesOrNoSizeGiveNoPicture)
