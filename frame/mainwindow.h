@@ -19,6 +19,8 @@ class ColorBarFrame;
 class ParmMenuDialog;
 class DialogProgress;
 class DrawDialog;
+class FirstLook;
+class FirstLookBar;
 class ImageStorage;
 class IndexBar;
 class QSplitter;
@@ -74,6 +76,7 @@ public:
     SegyLoader* segyLoader() const override { return _segyloader.get(); }
     /// The pictures of all screens; null before buildMainPlot.
     ImageStorage* imageStorage() const { return _imgstore.get(); }
+    FirstLook* firstLook() const { return _firstLook; }
     /// Null before its first use.
     ParmMenuDialog* parmMenuDialog() const { return _parmmenu; }
     /// How many pictures a collection takes; true if more than one.
@@ -179,6 +182,8 @@ private:
     void makeRecentMenu();
     void makeOptions();
     void makeAssumptionsPanel();
+    void makeFirstLook();
+    void tellDensity();
     void openSegy(const QString& name);
     void openSegyWindow();
     void readSettings();
@@ -205,6 +210,8 @@ private:
     AssumptionsPanel* _assumptionsPanel = nullptr;
     RecordList* _recordList = nullptr;
     IndexBar* _indexBar = nullptr;
+    FirstLookBar* _firstLookBar = nullptr;
+    FirstLook* _firstLook = nullptr;
     std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;

@@ -4,6 +4,7 @@
 #include "analysis/parmmenudialog.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/firstlook.h"
 #include "frame/indexbar.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
@@ -116,9 +117,17 @@ static void keepFileName(const QString& files)
     writeRecentFiles(&settings, withRecentFile(readRecentFiles(&settings), QFileInfo(files).absoluteFilePath()));
 }
 
+static void tellRefused(QWidget* parent, const QString& files)
+{
+    QMessageBox box(QMessageBox::Critical, "SEGY Load Error", "Error while open or read from file: " + files, QMessageBox::Ok, parent);
+    box.setInformativeText("\"Guess Settings\" in the SEG-Y Menu looks at the file and fills in what reads it.");
+    box.exec();
+}
+
 int MainWindow::loadSegyFile(const SegyLoadParm& parm)
 {
     WaitCursor wait;
+    _firstLook->drop();
     const QStringList assumedBefore = _assumptionsPanel->lines();
     _assumptionsPanel->setLines({});
     auto loader = std::make_unique<SegyLoader>(1, parm.files, 0, parm.isort, parm.itype, parm.iformat, parm.ivariable,
@@ -132,11 +141,13 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
         _progress->close();
         _assumptionsPanel->setLines(assumedBefore);
         QGuiApplication::restoreOverrideCursor();
-        QMessageBox::critical(this, "SEGY Load Error", "Error while open or read from file: " + parm.files);
+        tellRefused(this, parm.files);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        _firstLook->look(loader->currentFile(), parm, segyReading(nullptr, parm));
         return 0;
     }
     _progress->close();
+    const SegyReading reading = segyReading(loader.get(), parm);
     connect(loader.get(), &SegyLoader::indexBuilt, this, [this] {
         // The loader stands at the last screen.
         _firstEntry = std::max(0, _segyloader->priCurKey() - _menu->moveup * (_nShown - 1));
@@ -152,6 +163,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     _dataReady = true;
     keepFileName(parm.files);
     emit fileShown(parm.files);
+    _firstLook->look(_segyloader->currentFile(), parm, reading);
     return 1;
 }
 
