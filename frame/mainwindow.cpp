@@ -131,7 +131,7 @@ void MainWindow::makeAssumptionsPanel()
     toggle->setText("&What Was Assumed");
     toggle->setStatusTip("Show what the program took for granted or skipped in this file");
     _actions->menu("&Dataset")->addAction(toggle);
-    _report->onAssumed = [this](const QString& line) { _assumptionsPanel->addLine(line); };
+    statusBar()->addPermanentWidget(_assumptionsPanel->badge());
 }
 
 void MainWindow::buildMainPlot()

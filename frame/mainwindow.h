@@ -182,6 +182,7 @@ private:
     void makeRecentMenu();
     void makeOptions();
     void makeAssumptionsPanel();
+    void showAssumptions();
     void makeFirstLook();
     void tellDensity();
     void openSegy(const QString& name);

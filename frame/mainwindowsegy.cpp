@@ -128,8 +128,6 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
 {
     WaitCursor wait;
     _firstLook->drop();
-    const QStringList assumedBefore = _assumptionsPanel->lines();
-    _assumptionsPanel->setLines({});
     auto loader = std::make_unique<SegyLoader>(1, parm.files, 0, parm.isort, parm.itype, parm.iformat, parm.ivariable,
                                                littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
                                                parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
@@ -139,7 +137,6 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     // The index and the first ensemble may be refused, too: all is read before anything is let go.
     if (!loader->openFiles() || !loader->buildAskedIndex() || !loader->loadNextEnsemble(1)) {
         _progress->close();
-        _assumptionsPanel->setLines(assumedBefore);
         QGuiApplication::restoreOverrideCursor();
         tellRefused(this, parm.files);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
@@ -155,10 +152,8 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
         listRecords();
         tellRecord();
     });
-    if (!takeLoader(&loader, parm)) {
-        _assumptionsPanel->setLines(assumedBefore);
-        return 0;
-    }
+    connect(loader.get(), &SegyLoader::assumptionsChanged, this, &MainWindow::showAssumptions);
+    if (!takeLoader(&loader, parm)) return 0;
     setNavigation();
     _dataReady = true;
     keepFileName(parm.files);
@@ -196,6 +191,11 @@ bool MainWindow::takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadP
     return runLoad(_report.get(), takeNew, takeOld);
 }
 
+void MainWindow::showAssumptions()
+{
+    _assumptionsPanel->setAssumptions(_segyloader ? _segyloader->assumptions() : std::vector<SegyAssumption>());
+}
+
 /// Menu, titles and displays follow the loader, which may be none.
 void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
 {
@@ -205,6 +205,7 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
     if (_segy) _segy->buildConnections(_segyloader.get());
     if (_segyloader) _segyloader->initBuild();
     _indexBar->setLoader(_segyloader.get());
+    showAssumptions();
     if (_segy) _segy->setLoadParm(_segyParm);
     if (_isStandAlone) fillGlobalRuntime();
     if (_segyloader) {

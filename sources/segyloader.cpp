@@ -181,6 +181,7 @@ bool SegyLoader::openOneFile(const QString& name)
         return false;
     }
     _assumptions = SegyAssumptions();
+    for (const SegyAssumption& assumption : _segydata->assumptions()) _assumptions.note(assumption);
     if (!takeReelValues()) return failReelValues();
     _assumptions.setContext(assumptionContext());
     _segydata->setTraceBytes();
@@ -215,7 +216,9 @@ void SegyLoader::reportCutTrace()
 
 void SegyLoader::assume(const SegyAssumption& assumption)
 {
-    if (_assumptions.note(assumption)) _report->assumed(assumption.line());
+    if (!_assumptions.note(assumption)) return;
+    _report->assumed(assumption.line());
+    emit assumptionsChanged();
 }
 
 SegyAssumptionContext SegyLoader::assumptionContext() const
