@@ -78,6 +78,11 @@ void ParmMenuDialog::updateAll()
     _displayMenu->setDisplay(_lastid);
 }
 
+void ParmMenuDialog::setDisplayType(DisplayType type)
+{
+    _displayMenu->setDisplayType(type);
+}
+
 void ParmMenuDialog::updateGain()
 {
     _displayMenu->updateGain();

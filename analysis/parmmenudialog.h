@@ -2,6 +2,8 @@
 #ifndef PARMMENUDIALOG_H
 #define PARMMENUDIALOG_H
 
+#include "tracedata/orvinconstants.h"
+
 #include <QDialog>
 #include <QList>
 
@@ -35,6 +37,8 @@ public:
     /// Shows all parameters anew, after a new file.
     void updateAll();
     void updateGain();
+    /// As if the type were chosen in the tab "Display".
+    void setDisplayType(DisplayType type);
     /// Asks for an overlay, or for none, as a click on the box of the tab "Plot" does.
     void showOverlay(bool on);
     /// An overlay has come, or gone.

@@ -303,6 +303,12 @@ void DisplayMenu::updateGain()
     _rmsLabel->setText(QString::number(double(plot->rms()), 'g', 6));
 }
 
+void DisplayMenu::setDisplayType(DisplayType type)
+{
+    _displayBox->setCurrentIndex(int(type));
+    changeDisplay(int(type));
+}
+
 void DisplayMenu::changeDisplay(int index)
 {
     if (_doUpdate || !shownPlot()) return;

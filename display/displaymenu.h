@@ -3,6 +3,7 @@
 #define DISPLAYMENU_H
 
 #include "display/displayselection.h"
+#include "tracedata/orvinconstants.h"
 
 #include <QWidget>
 
@@ -32,6 +33,8 @@ public:
 
     /// Shows another display: 0 all main ones, k the k-th of the others.
     void setDisplay(int id);
+    /// As if it were chosen in the list.
+    void setDisplayType(DisplayType type);
     /// Shows the automatic spacings and the RMS, which change with the data.
     void update();
     /// Shows scaling, range and RMS where the range follows the data.

@@ -5,35 +5,13 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-/// Words of a line, and the control of the SEG-Y menu's Load tab that its rule hangs on. The first that
-/// matches counts.
-static const struct {
-    const char* words;
-    const char* control;
-} controls[] = {
-    {"coordinate scalar", "Apply coordinate scalar?"},
-    {"depth/elev scalar", "Apply depth/elev scalar?"},
-    {"read as EBCDIC", "SEGY file type:"},
-    {"format code", "Data sample format:"},
-    {"no. of samples", "Num samples per trace:"},
-    {"sample rate", "Input sample rate:"},
-    {"cut by the end", "Num samples per trace:"},
-    {"empty offset", "Re-map Table"},
-    {"trace id", "Re-map Table"},
-};
-
-QString controlOfAssumption(const QString& line)
-{
-    for (const auto& row : controls)
-        if (line.contains(row.words)) return row.control;
-    return QString();
-}
-
 AssumptionsPanel::AssumptionsPanel(QWidget* parent)
-    : QDockWidget("What was assumed", parent), _lines(new QTreeWidget), _copyButton(new QPushButton("&Copy"))
+    : QDockWidget("What was assumed", parent), _lines(new QTreeWidget), _copyButton(new QPushButton("&Copy")),
+      _badge(new QToolButton)
 {
     setObjectName("AssumptionsPanel");
     _lines->setObjectName("lines");
@@ -48,6 +26,14 @@ AssumptionsPanel::AssumptionsPanel(QWidget* parent)
     _copyButton->setToolTip("Put the chosen lines, or all, on the clipboard");
     connect(_copyButton, &QPushButton::clicked, this, &AssumptionsPanel::copy);
 
+    _badge->setObjectName("assumedBadge");
+    _badge->setAutoRaise(true);
+    _badge->hide();
+    connect(_badge, &QToolButton::clicked, this, [this] {
+        show();
+        raise();
+    });
+
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(4, 4, 4, 4);
@@ -56,25 +42,40 @@ AssumptionsPanel::AssumptionsPanel(QWidget* parent)
     setWidget(content);
 }
 
-void AssumptionsPanel::addLine(const QString& line)
+/// What the status bar says of a thing stands in front, so that it is found again.
+static QString lineOf(const SegyAssumption& assumption)
 {
-    const QString text = line.trimmed();
-    if (text.isEmpty() || !_lines->findItems(text, Qt::MatchExactly).isEmpty()) return;
-    auto* item = new QTreeWidgetItem(_lines, {text, controlOfAssumption(text)});
-    item->setToolTip(0, text);
+    const std::string remark = assumption.remark();
+    return QString::fromStdString((remark.empty() ? remark : remark + ": ") + assumption.text());
 }
 
-QStringList AssumptionsPanel::lines() const
+void AssumptionsPanel::setAssumptions(const std::vector<SegyAssumption>& assumptions)
 {
-    QStringList lines;
-    for (int i = 0; i < lineCount(); ++i) lines.append(_lines->topLevelItem(i)->text(0));
-    return lines;
+    const int n = int(assumptions.size());
+    while (lineCount() > n) delete _lines->takeTopLevelItem(lineCount() - 1);
+    while (lineCount() < n) new QTreeWidgetItem(_lines);
+    for (int i = 0; i < n; ++i) {
+        QTreeWidgetItem* item = _lines->topLevelItem(i);
+        const SegyAssumption& assumption = assumptions[size_t(i)];
+        item->setText(0, lineOf(assumption));
+        item->setToolTip(0, item->text(0));
+        item->setText(1, *assumption.control ? assumption.control : "none");
+    }
+    setBadge(assumptions);
 }
 
-void AssumptionsPanel::setLines(const QStringList& lines)
+void AssumptionsPanel::setBadge(const std::vector<SegyAssumption>& assumptions)
 {
-    _lines->clear();
-    for (const QString& line : lines) addLine(line);
+    QStringList remarks, names;
+    for (const SegyAssumption& assumption : assumptions) {
+        names += QString::fromStdString(assumption.name);
+        if (!assumption.remark().empty()) remarks += QString::fromStdString(assumption.remark());
+    }
+    QString text = QString("%1 assumed").arg(assumptions.size());
+    if (!remarks.isEmpty()) text += ": " + remarks.join(", ");
+    _badge->setText(text);
+    _badge->setToolTip("Taken for granted or skipped in this file:\n" + names.join("\n"));
+    _badge->setVisible(!assumptions.empty());
 }
 
 int AssumptionsPanel::lineCount() const
@@ -84,7 +85,7 @@ int AssumptionsPanel::lineCount() const
 
 static QString textOf(const QTreeWidgetItem* item)
 {
-    return item->text(1).isEmpty() ? item->text(0) : item->text(0) + "\t" + item->text(1);
+    return item->text(0) + "\t" + item->text(1);
 }
 
 QString AssumptionsPanel::text() const

@@ -7,6 +7,7 @@
 #include "display/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/firstlookbar.h"
 #include "frame/indexbar.h"
 #include "frame/pagekeys.h"
 #include "frame/presetmenu.h"
@@ -59,6 +60,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     makeRecordList();
     makeOptions();
     makeAssumptionsPanel();
+    makeFirstLook();
     statusBar()->showMessage("Ready");
     readSettings();
     _COMPANY = setCompanyName();
@@ -92,6 +94,8 @@ void MainWindow::makeCentre()
     _cvLayout->addStretch();
     row->addWidget(_splitter, 1);
     row->addLayout(_cvLayout);
+    _firstLookBar = new FirstLookBar;
+    vLayout->addWidget(_firstLookBar);
     vLayout->addLayout(row, 1);
     _indexBar = new IndexBar;
     vLayout->addWidget(_indexBar);
@@ -127,7 +131,7 @@ void MainWindow::makeAssumptionsPanel()
     toggle->setText("&What Was Assumed");
     toggle->setStatusTip("Show what the program took for granted or skipped in this file");
     _actions->menu("&Dataset")->addAction(toggle);
-    _report->onAssumed = [this](const QString& line) { _assumptionsPanel->addLine(line); };
+    statusBar()->addPermanentWidget(_assumptionsPanel->badge());
 }
 
 void MainWindow::buildMainPlot()

@@ -19,6 +19,8 @@ class ColorBarFrame;
 class ParmMenuDialog;
 class DialogProgress;
 class DrawDialog;
+class FirstLook;
+class FirstLookBar;
 class ImageStorage;
 class IndexBar;
 class QLabel;
@@ -75,6 +77,7 @@ public:
     SegyLoader* segyLoader() const override { return _segyloader.get(); }
     /// The pictures of all screens; null before buildMainPlot.
     ImageStorage* imageStorage() const { return _imgstore.get(); }
+    FirstLook* firstLook() const { return _firstLook; }
     /// Null before its first use.
     ParmMenuDialog* parmMenuDialog() const { return _parmmenu; }
     /// How many pictures a collection takes; true if more than one.
@@ -180,6 +183,9 @@ private:
     void makeRecentMenu();
     void makeOptions();
     void makeAssumptionsPanel();
+    void showAssumptions();
+    void makeFirstLook();
+    void tellDensity();
     void openSegy(const QString& name);
     void openSegyWindow();
     void readSettings();
@@ -207,6 +213,8 @@ private:
     RecordList* _recordList = nullptr;
     QLabel* _recordLabel = nullptr;  // in the status bar, where the read-out doesn't cover it
     IndexBar* _indexBar = nullptr;
+    FirstLookBar* _firstLookBar = nullptr;
+    FirstLook* _firstLook = nullptr;
     std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
     QList<SeismicDisplay*> _displaylist;
     QList<SeismicDisplay*> _otherlist;

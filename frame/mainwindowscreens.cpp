@@ -1,6 +1,7 @@
 /// Several screens side by side, each with an ensemble of its own.
 #include "frame/mainwindow.h"
 
+#include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/windowactions.h"
 #include "sources/segyloader.h"
@@ -63,6 +64,7 @@ SeismicDisplay* MainWindow::makeScreen()
     display->setColorBar(_colorBarFrame);
     display->setImageStorage(_imgstore.get());
     display->setMenu(_menu);
+    connect(display->myCanvas(), &MyQwtPlotCanvas::rendered, this, &MainWindow::tellDensity, Qt::QueuedConnection);
     display->setLists(&_displaylist, &_otherlist);
     return display;
 }

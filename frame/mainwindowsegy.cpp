@@ -4,6 +4,7 @@
 #include "analysis/parmmenudialog.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/firstlook.h"
 #include "frame/indexbar.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
@@ -116,11 +117,17 @@ static void keepFileName(const QString& files)
     writeRecentFiles(&settings, withRecentFile(readRecentFiles(&settings), QFileInfo(files).absoluteFilePath()));
 }
 
+static void tellRefused(QWidget* parent, const QString& files)
+{
+    QMessageBox box(QMessageBox::Critical, "SEGY Load Error", "Error while open or read from file: " + files, QMessageBox::Ok, parent);
+    box.setInformativeText("\"Guess Settings\" in the SEG-Y Menu looks at the file and fills in what reads it.");
+    box.exec();
+}
+
 int MainWindow::loadSegyFile(const SegyLoadParm& parm)
 {
     WaitCursor wait;
-    const QStringList assumedBefore = _assumptionsPanel->lines();
-    _assumptionsPanel->setLines({});
+    _firstLook->drop();
     auto loader = std::make_unique<SegyLoader>(1, parm.files, 0, parm.isort, parm.itype, parm.iformat, parm.ivariable,
                                                littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
                                                parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
@@ -130,13 +137,14 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     // The index and the first ensemble may be refused, too: all is read before anything is let go.
     if (!loader->openFiles() || !loader->buildAskedIndex() || !loader->loadNextEnsemble(1)) {
         _progress->close();
-        _assumptionsPanel->setLines(assumedBefore);
         QGuiApplication::restoreOverrideCursor();
-        QMessageBox::critical(this, "SEGY Load Error", "Error while open or read from file: " + parm.files);
+        tellRefused(this, parm.files);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        _firstLook->look(loader->currentFile(), parm, segyReading(nullptr, parm));
         return 0;
     }
     _progress->close();
+    const SegyReading reading = segyReading(loader.get(), parm);
     connect(loader.get(), &SegyLoader::indexBuilt, this, [this] {
         // The loader stands at the last screen.
         _firstEntry = std::max(0, _segyloader->priCurKey() - _menu->moveup * (_nShown - 1));
@@ -144,14 +152,13 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
         listRecords();
         tellRecord();
     });
-    if (!takeLoader(&loader, parm)) {
-        _assumptionsPanel->setLines(assumedBefore);
-        return 0;
-    }
+    connect(loader.get(), &SegyLoader::assumptionsChanged, this, &MainWindow::showAssumptions);
+    if (!takeLoader(&loader, parm)) return 0;
     setNavigation();
     _dataReady = true;
     keepFileName(parm.files);
     emit fileShown(parm.files);
+    _firstLook->look(_segyloader->currentFile(), parm, reading);
     return 1;
 }
 
@@ -184,6 +191,11 @@ bool MainWindow::takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadP
     return runLoad(_report.get(), takeNew, takeOld);
 }
 
+void MainWindow::showAssumptions()
+{
+    _assumptionsPanel->setAssumptions(_segyloader ? _segyloader->assumptions() : std::vector<SegyAssumption>());
+}
+
 /// Menu, titles and displays follow the loader, which may be none.
 void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
 {
@@ -193,6 +205,7 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
     if (_segy) _segy->buildConnections(_segyloader.get());
     if (_segyloader) _segyloader->initBuild();
     _indexBar->setLoader(_segyloader.get());
+    showAssumptions();
     if (_segy) _segy->setLoadParm(_segyParm);
     if (_isStandAlone) fillGlobalRuntime();
     if (_segyloader) {

@@ -45,10 +45,15 @@ constexpr int delayKind = 3;
 
 }  // namespace
 
-std::string SegyAssumption::line() const
+std::string SegyAssumption::remark() const
 {
-    if (nTraces == 0) return "SegyLoader: " + name + ": " + consequence;
-    return formatted("SegyLoader: %s in %lld of %lld traces, first in trace %lld (%d): %s", name.c_str(),
+    return isDelayLeftOut ? formatted("delay %d ms not in the axis", firstValue) : std::string();
+}
+
+std::string SegyAssumption::text() const
+{
+    if (nTraces == 0) return name + ": " + consequence;
+    return formatted("%s in %lld of %lld traces, first in trace %lld (%d): %s", name.c_str(),
                      static_cast<long long>(count), static_cast<long long>(nTraces),
                      static_cast<long long>(firstTrace), firstValue, consequence.c_str());
 }

@@ -19,8 +19,12 @@ struct SegyAssumption {
     const char* control = ""; ///< label of the control that changes it; empty where none does
     bool isDelayLeftOut = false; ///< firstValue are ms that the time axis leaves out
 
+    /// The whole of it but the control: what, where and with what consequence.
+    std::string text() const;
     /// The plain line for the program's output.
-    std::string line() const;
+    std::string line() const { return "SegyLoader: " + text(); }
+    /// What is worth a word beside the picture, such as "delay -200 ms not in the axis"; mostly empty.
+    std::string remark() const;
 };
 
 /// What the kinds are judged by.

@@ -112,7 +112,11 @@ bool segyData2::readReel()
     _pos = firstTrace();
     if (doSwap) swapReelFields(&reel);
     if (_parm.iformat != 2 && _parm.iformat != 4) {
-        if (isAsciiText(reel.ebcdic)) _report->assumed("segyData2: the text header is ASCII, but is read as EBCDIC");
+        if (isAsciiText(reel.ebcdic)) {
+            _report->assumed("segyData2: the text header is ASCII, but is read as EBCDIC");
+            _assumptions.push_back(
+                {.name = "the text header is ASCII", .consequence = "it is read as EBCDIC", .control = "SEGY file type:"});
+        }
         ebcdicToAscii(reel.ebcdic, segyTextBytes);
     }
     _nSamples = reel.nsamp;
@@ -137,6 +141,13 @@ bool segyData2::writeReel()
     return isWritten;
 }
 
+/// A word of the reel that was repaired.
+void segyData2::tellFixed(const char* what, int value, const char* name, const char* control)
+{
+    _report->line(formatted("segyData2: Warning, fixed %s: %d\n", what, value));
+    _assumptions.push_back({.name = name, .consequence = formatted("fixed %s: %d", what, value), .control = control});
+}
+
 /// A count above 32767 reads as negative. It is believed when the file is exactly as long as it tells.
 bool segyData2::takeUnsigned(uint16_t word)
 {
@@ -150,7 +161,7 @@ bool segyData2::takeUnsigned(uint16_t word)
     if (traces < record || traces % record != 0) return false;
     setNumSamples(word);
     _report->line("\nsegyData2: WARNING, Incorrect SEGY binary header values.\n");
-    _report->line(formatted("segyData2: Warning, fixed no. of samples, taken as unsigned: %d\n", _nSamples));
+    tellFixed("no. of samples, taken as unsigned", _nSamples, "the sample count reads as negative", "Num samples per trace:");
     return true;
 }
 
@@ -172,13 +183,11 @@ bool segyData2::fixReel()
     if (doSwap) endianSwap(counts, 2, 2);
     if (isSampleCountNeeded() && !(counts[0] < 1 && takeUnsigned(uint16_t(counts[0])))) {
         setNumSamples(counts[0]);
-        _report->line(
-            formatted("segyData2: Warning, fixed no. of samples from first trace header: %d\n", _nSamples));
+        tellFixed("no. of samples from first trace header", _nSamples, "the reel has no sample count", "Num samples per trace:");
     }
     if (reel.nsr < 1) {
         reel.nsr = counts[1];
-        _report->line(
-            formatted("segyData2: Warning, fixed sample rate from first trace header: %d\n", reel.nsr));
+        tellFixed("sample rate from first trace header", reel.nsr, "the reel has no sample interval", "Input sample rate:");
     }
     return true;
 }

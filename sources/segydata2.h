@@ -3,6 +3,7 @@
 #define SEGYDATA2_H
 
 #include "sources/bytesource.h"
+#include "sources/segyassumptions.h"
 #include "sources/segymap.h"
 #include "sources/segyreadlayout.h"
 #include "sources/segyrecords.h"
@@ -123,6 +124,8 @@ public:
     int64_t firstTrace() const { return _parm.layout.firstTrace; }
     /// The format in force: the layout's, or the reel's.
     int sampleFormat() const { return _parm.layout.sampleFormat > 0 ? _parm.layout.sampleFormat : reel.format; }
+    /// What the reel left to be taken for granted; the lines that tell of it are told already.
+    const std::vector<SegyAssumption>& assumptions() const { return _assumptions; }
     int64_t fileSize() const { return _source ? _source->size() : 0; }
     const QString& curFile() const { return _curFile; }
     const SegyReadParm& parm() const { return _parm; }
@@ -155,6 +158,7 @@ private:
     bool writeReel();
     void printReel();
     bool takeUnsigned(uint16_t word);
+    void tellFixed(const char* what, int value, const char* name, const char* control);
     bool isSampleCountNeeded() const { return _nSamples < 1; }
 
     class MapBuild;
@@ -180,6 +184,7 @@ private:
     int _nSamples = 0;
     std::vector<char> _tempData;
     std::vector<int> _segyHeader;
+    std::vector<SegyAssumption> _assumptions;
     SegyMap _map;
     bool _isRemapRejected = false;
 };

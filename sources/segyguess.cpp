@@ -3,6 +3,7 @@
 #include "sources/formatted.h"
 #include "sources/segyguessensembles.h"
 #include "sources/segyguesssettings.h"
+#include "sources/segyguesstextfile.h"
 #include "sources/segyrecords.h"
 #include "sources/segysamples.h"
 #include "sources/segysortkeys.h"
@@ -16,6 +17,8 @@
 constexpr double leastPlausible = 0.6;
 /// Traces of an ensemble that the reader makes room for when nobody tells it a number.
 constexpr int usualMaxTraces = 5000;
+/// Of a text file's begin that are looked at; more than the reel header has, whose numbers are no text.
+constexpr int64_t mostTextBytes = 65536;
 
 namespace {
 
@@ -50,6 +53,7 @@ private:
         _guess->facts.push_back({what, evidence, choice});
     }
     const SegyReelClaims& claims() const { return _search.claims[_layout.isBigEndian]; }
+    int addTextFile(bool* isText);
     void sayWhatItIs();
     void addByteOrder();
     void addOrderBesideText(bool isAscii);
@@ -84,6 +88,22 @@ private:
 void Guesser::cannotFollow(const std::string& why)
 {
     _reasons.push_back(why);
+}
+
+/// A text file can look like anything when it is read as numbers.
+int Guesser::addTextFile(bool* isText)
+{
+    std::string begin(size_t(std::min<int64_t>(_source.size(), mostTextBytes)), '\0');
+    const int64_t got = _source.read(0, begin.size(), begin.data(), _error);
+    if (got < 0) return 0;
+    begin.resize(size_t(got));
+    const std::string kind = textFileKind(begin);
+    *isText = !kind.empty();
+    if (!*isText) return 1;
+    add("File", formatted("%lld bytes; nothing but printable characters in the first %lld", wide(_source.size()), wide(got)),
+        kind + ", not SEG-Y: nothing is set");
+    _guess->summary = "This is " + kind + ", not a SEG-Y file.";
+    return 1;
 }
 
 /// Says why a file is none, or what it is instead.
@@ -430,6 +450,7 @@ void Guesser::addSortAndEnsembles()
     const SegySortKeys keys = segySortKeys(sort.code, reel.sort);
     const int keyByte = std::clamp(keys.ipkey - 1, 0, segyTraceHeaderBytes / 4 - 1) * 4;
     const SegyEnsembleGuess ensembles = guessSegyEnsembles(withCutTrace(), keyByte);
+    _guess->longestEnsemble = ensembles.longest;
     int64_t capacity = reel.nTraces + int64_t(std::max(0, reel.nAux));
     if (capacity < 1) capacity = usualMaxTraces;
     // Part of a file may not show its largest ensemble; room is made only for traces that come.
@@ -516,6 +537,9 @@ void Guesser::conclude(const SegyLoadParm& before)
 
 int Guesser::run(const SegyLoadParm& before)
 {
+    bool isText = false;
+    if (!addTextFile(&isText)) return 0;
+    if (isText) return 1;
     if (!findSegyLayout(_source, &_guess->search, _error)) return 0;
     if (!_search.isFound) {
         sayWhatItIs();

@@ -26,6 +26,7 @@ struct SegyGuess {
     std::vector<SegyGuessFact> facts;
     SegyLoadParm parm; ///< the settings given, with what was found
     SegyLayoutSearch search;
+    int64_t longestEnsemble = 0; ///< traces of the largest ensemble that was seen, by the sort found
     SegyHeaderSample sample; ///< the trace headers that were looked at; empty if NotSegy
 };
 

@@ -16,18 +16,9 @@
 #include <cstring>
 #include <new>
 
-/// Reel format codes of the format choices 1 to 6.
-static const int formatChoices[] = {
-    0, SegyIeee, SegyIbm, SegyInteger4, SegyInteger2, SegyInteger1, SegyIntegerGain};
-
 constexpr int defaultMaxTraces = 5000;
 /// The largest trace of variable length is forty times this in bytes, which an int must hold.
 constexpr int mostSamples = INT_MAX / 40 / 4 - 64;
-
-static int formatOfChoice(int choice)
-{
-    return choice >= 1 && choice < int(std::size(formatChoices)) ? formatChoices[choice] : 0;
-}
 
 SegyLoader::SegyLoader(int ifile, const QString& cfiles, int imode, int isort, int itype, int iformat,
                        int ivariable, int iswap, int icscale, int iescale, int nsamp, int maxtr, float srate,
@@ -106,7 +97,7 @@ SegyReadParm SegyLoader::readParm() const
     parm.istandalone = _iStandAlone;
     parm.nHeaderWords = _orvinheaderwords;
     parm.icscale = _icscale;
-    parm.formatCode = formatOfChoice(_iformat);
+    parm.formatCode = segyFormatOfChoice(_iformat);
     parm.remapTable = _table;
     parm.layout = _layout;
     return parm;
@@ -166,7 +157,7 @@ bool SegyLoader::takeReelValues()
     }
     _isort = _userSort;
     buildSortKeys();
-    if (formatOfChoice(_iformat) > 0) reel.format = int16_t(formatOfChoice(_iformat));
+    if (segyFormatOfChoice(_iformat) > 0) reel.format = int16_t(segyFormatOfChoice(_iformat));
     if (_layout.sampleFormat == 0 && (reel.format < SegyIbm || reel.format > SegyInteger1))
         assume({.name = formatted("sample format code %d is unknown", reel.format),
                 .consequence = "samples are taken as 4-byte IEEE",
@@ -190,6 +181,7 @@ bool SegyLoader::openOneFile(const QString& name)
         return false;
     }
     _assumptions = SegyAssumptions();
+    for (const SegyAssumption& assumption : _segydata->assumptions()) _assumptions.note(assumption);
     if (!takeReelValues()) return failReelValues();
     _assumptions.setContext(assumptionContext());
     _segydata->setTraceBytes();
@@ -224,7 +216,9 @@ void SegyLoader::reportCutTrace()
 
 void SegyLoader::assume(const SegyAssumption& assumption)
 {
-    if (_assumptions.note(assumption)) _report->assumed(assumption.line());
+    if (!_assumptions.note(assumption)) return;
+    _report->assumed(assumption.line());
+    emit assumptionsChanged();
 }
 
 SegyAssumptionContext SegyLoader::assumptionContext() const

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 
 // Samples stand behind 240 bytes in a caller's buffer of any type.
 typedef float AnyFloat __attribute__((may_alias, aligned(1)));
@@ -18,6 +19,12 @@ const std::vector<SegyLayoutSample>& segyLayoutSamples()
         {SegyUnsigned2, "Unsigned (2 byte)"},  {SegyUnsigned3, "Unsigned (3 byte)"},
         {SegyUnsigned4, "Unsigned (4 byte)"},  {SegyUnsigned8, "Unsigned (8 byte)"}};
     return list;
+}
+
+int segyFormatOfChoice(int choice)
+{
+    static const int codes[] = {0, SegyIeee, SegyIbm, SegyInteger4, SegyInteger2, SegyInteger1, SegyIntegerGain};
+    return choice >= 1 && choice < int(std::size(codes)) ? codes[choice] : 0;
 }
 
 int segySampleBytes(int format)

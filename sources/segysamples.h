@@ -33,6 +33,8 @@ struct SegyLayoutSample {
 };
 const std::vector<SegyLayoutSample>& segyLayoutSamples();
 
+/// Code of the menu's sample format choices 1 to 6; 0 for any other, which leaves it to the reel.
+int segyFormatOfChoice(int choice);
 /// Bytes of a sample: 2 for code 3, 1 for code 6, what its name says for a SegyLayoutFormat, 4 for any other.
 int segySampleBytes(int format);
 

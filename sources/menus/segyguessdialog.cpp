@@ -128,14 +128,17 @@ void SegyGuessDialog::fillSettings(const SegyGuess& guess, const SegyLoadParm& b
     }
 }
 
-void SegyGuessDialog::setGuess(const QString& file, const SegyGuess& guess, const SegyLoadParm& before)
+void SegyGuessDialog::setGuess(const QString& file, const SegyGuess& guess, const SegyLoadParm& before,
+                               bool isSet)
 {
     _summaryLabel->setText(file + "\n" + text(guess.summary));
     fillFacts(guess);
     fillSettings(guess, before);
-    const bool isSet = guess.verdict == SegyGuess::Read;
-    _settingTable->setVisible(isSet);
-    _restoreButton->setEnabled(isSet);
+    const bool isRead = guess.verdict == SegyGuess::Read;
+    _settingTable->setVisible(isRead);
+    _settingTable->setHorizontalHeaderLabels({tr("Setting"), isSet ? tr("Before") : tr("In force"), isSet ? tr("Now") : tr("Guessed")});
+    _restoreButton->setVisible(isSet);
+    _restoreButton->setEnabled(isRead);
     _restoreButton->setText(tr("&Restore"));
     _text = text(segyGuessText(file.toStdString(), guess, before));
 }

@@ -19,7 +19,8 @@ class SegyGuessDialog : public QDialog
 public:
     explicit SegyGuessDialog(QWidget* parent = nullptr);
     /// @param before  the settings that "Restore" brings back
-    void setGuess(const QString& file, const SegyGuess& guess, const SegyLoadParm& before);
+    /// @param isSet   the guess is in force; else it is only told, and there is nothing to restore
+    void setGuess(const QString& file, const SegyGuess& guess, const SegyLoadParm& before, bool isSet = true);
 
 signals:
     void restoreAsked();

@@ -533,7 +533,9 @@ void MonkeyTest::assumptionsPanel()
 {
     Monkey monkey(_seed, _home.path());
     AssumptionsPanel* panel = monkey.window->assumptionsPanel();
-    for (int i = 0; i < 40; ++i) panel->addLine(QString("taken for granted: %1").arg(i));
+    std::vector<SegyAssumption> assumptions;
+    for (int i = 0; i < 40; ++i) assumptions.push_back({.name = "taken for granted " + std::to_string(i), .consequence = "so"});
+    panel->setAssumptions(assumptions);
     const QString broken = monkey.run(_nEvents, [&] { return panel; });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }

@@ -152,3 +152,27 @@ TEST_F(SegyAssumptionsTest, AnIndexThatSortsByTheChannelInsteadIsTold)
     ASSERT_TRUE(ffid.open().isGood);
     EXPECT_THAT(ffid.report.assumptions, IsEmpty());
 }
+
+TEST_F(SegyAssumptionsTest, WhatTheReelLeavesToBeRepairedIsInTheRecordToo)
+{
+    SegyBuilder file(3);
+    for (int i = 0; i < 2; ++i) {
+        file.addTrace<float>({1, 2, 3});
+        file.setHeader<int16_t>(size_t(i), 28, 1);
+        file.setHeader<int32_t>(size_t(i), 36, 100 + i);
+        file.setHeader<int16_t>(size_t(i), 116, 4000);
+    }
+    std::fill_n(file.bytes.begin(), 3200, ' ');  // ASCII
+    file.put<int16_t>(3216, 0);                  // no interval
+    Loaded l({.files = save(file)});
+    ASSERT_TRUE(l.open().isGood);
+    std::vector<std::string> texts;
+    for (const SegyAssumption& assumption : l.loader.assumptions()) texts.push_back(assumption.text() + " | " + assumption.control);
+    EXPECT_EQ(texts, (std::vector<std::string>{
+                         "the text header is ASCII: it is read as EBCDIC | SEGY file type:",
+                         "the reel has no sample interval: fixed sample rate from first trace header: 4000 | Input sample rate:"}));
+    // Each is told once, in the words of the reader.
+    EXPECT_TRUE(l.report.hasAssumed("segyData2: the text header is ASCII, but is read as EBCDIC"));
+    EXPECT_EQ(l.report.assumptions.size(), 1u);
+    EXPECT_TRUE(l.report.has("segyData2: Warning, fixed sample rate from first trace header: 4000\n"));
+}
