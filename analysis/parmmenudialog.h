@@ -11,6 +11,7 @@ class ImageDialog;
 class ImageStorage;
 class QButtonGroup;
 class QHBoxLayout;
+class QPushButton;
 class QTabWidget;
 class ScaleMenu;
 class SeismicDisplay;
@@ -60,6 +61,7 @@ private:
     ColorBarDialog* _colordiag;
     QButtonGroup* _groupDisplay;
     QHBoxLayout* _displayLayout;
+    QPushButton* _dismissButton;
     int _ibcount = 0;  // buttons made
     int _lastid = 0;  // the active one
 };

@@ -18,6 +18,7 @@
 #include "tracedata/parmmenu.h"
 #include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
+#include "widgets/screenplace.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -195,7 +196,8 @@ void MainWindow::readSettings()
 {
     const std::unique_ptr<QSettings> settings(openSettings(nullptr));
     const QRect area = screen() ? screen()->geometry() : QRect(0, 0, 1280, 1024);
-    const WindowSettings window = readWindowSettings(settings.get(), area, _menu->ireset != 0);
+    const WindowSettings window =
+        clampedSettings(readWindowSettings(settings.get(), area, _menu->ireset != 0), presentScreens());
     // A flow's menu tells how many; a record that asks for several gets them.
     if (_menu->dotrevia == 0 && _menu->inputtool == 0 && _menu->iscreens == 1) {
         _menu->iscreens = std::clamp(settings->value("screens", _menu->iscreens).toInt(), 1, mostScreens);
