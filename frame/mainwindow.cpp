@@ -7,6 +7,7 @@
 #include "display/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/helpkeys.h"
 #include "frame/indexbar.h"
 #include "frame/pagekeys.h"
 #include "frame/presetmenu.h"
@@ -19,6 +20,7 @@
 #include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
 #include "widgets/screenplace.h"
+#include "widgets/wholefile.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -60,6 +62,8 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     makeRecordList();
     makeOptions();
     makeAssumptionsPanel();
+    new HelpKeys(this, [this](QWidget* window, const QString& page) { showHelp(window, page); });
+    connect(WrittenFiles::all(), &WrittenFiles::written, statusBar(), [this](const QString& line) { statusBar()->showMessage(line); });
     statusBar()->showMessage("Ready");
     readSettings();
     _COMPANY = setCompanyName();
@@ -140,6 +144,7 @@ void MainWindow::buildMainPlot()
     checkRadioButtons();
     if (_menu->idifference != 0 && _menu->iscreens > 1) _actions->box("differBox")->setChecked(true);
     showScreens();
+    _displaylist.first()->canvas()->setFocus();
 }
 
 int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)

@@ -159,6 +159,7 @@ private:
     static constexpr int mostScreens = 3;
 
     void makeCentre();
+    void showHelp(QWidget* window, const QString& page);
     void makeImageStorage();
     void storeImages();
     void endViewing();

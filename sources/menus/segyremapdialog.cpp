@@ -3,6 +3,7 @@
 #include "host/home.h"
 #include "sources/segyheader.h"
 #include "widgets/returnkey.h"
+#include "widgets/wholefile.h"
 
 #include <QApplication>
 #include <QBrush>
@@ -168,7 +169,10 @@ int SegyRemapDialog::loadTable(const QString& path)
 int SegyRemapDialog::saveTable(const QString& path)
 {
     QString error;
-    if (writeRemapFile(path, table(), &error)) return 1;
+    if (writeRemapFile(path, table(), &error)) {
+        WrittenFiles::all()->tell(path);
+        return 1;
+    }
     QMessageBox::warning(this, tr("Remap Table"), tr("Cannot write file %1:\n%2.").arg(path, error));
     return 0;
 }
