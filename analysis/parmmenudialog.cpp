@@ -6,6 +6,8 @@
 #include "display/scalemenu.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
+#include "widgets/returnkey.h"
+#include "widgets/scrollroom.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
@@ -24,13 +26,13 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
     _tabView = new QTabWidget;
     _tabView->setObjectName("tabView");
     _displayMenu = new DisplayMenu(displaylist, otherlist);
-    _tabView->addTab(_displayMenu, "Display");
+    _tabView->addTab(new ScrollRoom(_displayMenu), "Display");
     _scaleMenu = new ScaleMenu(displaylist, otherlist);
-    _tabView->addTab(_scaleMenu, "Plot");
+    _tabView->addTab(new ScrollRoom(_scaleMenu), "Plot");
     _imd = new ImageDialog(imgstore, displaylist);
     _tabView->addTab(_imd, "Image");
     _colordiag = new ColorBarDialog(displaylist, otherlist);
-    _tabView->addTab(_colordiag, "Color Bar");
+    _tabView->addTab(new ScrollRoom(_colordiag), "Color Bar");
     layout->addWidget(_tabView, 1);
 
     auto* group = new QGroupBox("Active Display");
@@ -39,16 +41,17 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
     _groupDisplay->setExclusive(true);
     layout->addWidget(group);
 
-    auto* dismiss = new QPushButton("Dismiss");
-    dismiss->setObjectName("dismissButton");
-    dismiss->setToolTip(tr("Hides this menu; all settings stay"));
-    dismiss->setAutoDefault(false);  // Return in a field must not hide the menu
+    _dismissButton = new QPushButton("Dismiss");
+    _dismissButton->setObjectName("dismissButton");
+    _dismissButton->setToolTip(tr("Hides this menu; all settings stay"));
+    _dismissButton->setAutoDefault(false);
+    new ReturnKey(this, _dismissButton);
     auto* foot = new QHBoxLayout;
     foot->addStretch();
-    foot->addWidget(dismiss);
+    foot->addWidget(_dismissButton);
     layout->addLayout(foot);
 
-    connect(dismiss, &QPushButton::clicked, this, &QDialog::hide);
+    connect(_dismissButton, &QPushButton::clicked, this, &QDialog::hide);
     connect(_scaleMenu, &ScaleMenu::conditioningChanged, this, &ParmMenuDialog::updateGain);
     connect(_scaleMenu, &ScaleMenu::overlayChanged, this, &ParmMenuDialog::overlayChanged);
     connect(_groupDisplay, &QButtonGroup::idClicked, this, &ParmMenuDialog::changeDisplay);
@@ -116,5 +119,6 @@ void ParmMenuDialog::addNewDisplay(SeismicDisplay* display)
     button->setChecked(_ibcount == 0);
     _groupDisplay->addButton(button, _ibcount);
     _displayLayout->addWidget(button);
+    setTabOrder(button, _dismissButton);
     ++_ibcount;
 }

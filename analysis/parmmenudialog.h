@@ -13,6 +13,7 @@ class ImageDialog;
 class ImageStorage;
 class QButtonGroup;
 class QHBoxLayout;
+class QPushButton;
 class QTabWidget;
 class ScaleMenu;
 class SeismicDisplay;
@@ -64,6 +65,7 @@ private:
     ColorBarDialog* _colordiag;
     QButtonGroup* _groupDisplay;
     QHBoxLayout* _displayLayout;
+    QPushButton* _dismissButton;
     int _ibcount = 0;  // buttons made
     int _lastid = 0;  // the active one
 };

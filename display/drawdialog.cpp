@@ -218,7 +218,10 @@ bool DrawDialog::passKeyOn(QKeyEvent* event)
 
 void DrawDialog::keyPressEvent(QKeyEvent* event)
 {
-    if (!passKeyOn(event)) QDialog::keyPressEvent(event);
+    if (passKeyOn(event)) return;
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // A Return meant for the picture must not end the drawing.
+    if (!isReturn || QWidget::keyboardGrabber() != this) QDialog::keyPressEvent(event);
 }
 
 void DrawDialog::keyReleaseEvent(QKeyEvent* event)

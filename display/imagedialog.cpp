@@ -5,6 +5,7 @@
 #include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
 #include "widgets/pictureexport.h"
+#include "widgets/scrollroom.h"
 #include "widgets/waitcursor.h"
 
 #include <QCheckBox>
@@ -29,7 +30,8 @@ ImageDialog::ImageDialog(ImageStorage* imgstore, QList<SeismicDisplay*>* display
 {
     setObjectName("ImageDialog");
     setWindowTitle("Image Viewer");
-    auto* layout = new QVBoxLayout(this);
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
     _groupBox1 = makeSaveGroup();
     _groupBox2 = makeViewGroup();
     _groupBox3 = makeMovieGroup();
@@ -38,6 +40,9 @@ ImageDialog::ImageDialog(ImageStorage* imgstore, QList<SeismicDisplay*>* display
     for (QGroupBox* group : {_groupBox1, _groupBox2, _groupBox3, _groupBox4, _groupBox5}) layout->addWidget(group);
     layout->addStretch();
     layout->addWidget(new QLabel("Mouse:   MB2 Down & Move: Change image,  Wheel: Change image,  <ctrl>MB2: Pan"));
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(new ScrollRoom(page));
     connectControls();
     checkCount();
 }

@@ -8,6 +8,7 @@
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
 #include "frame/firstlookbar.h"
+#include "frame/helpkeys.h"
 #include "frame/indexbar.h"
 #include "frame/pagekeys.h"
 #include "frame/presetmenu.h"
@@ -19,6 +20,8 @@
 #include "tracedata/parmmenu.h"
 #include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
+#include "widgets/screenplace.h"
+#include "widgets/wholefile.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -61,6 +64,8 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     makeOptions();
     makeAssumptionsPanel();
     makeFirstLook();
+    new HelpKeys(this, [this](QWidget* window, const QString& page) { showHelp(window, page); });
+    connect(WrittenFiles::all(), &WrittenFiles::written, statusBar(), [this](const QString& line) { statusBar()->showMessage(line); });
     statusBar()->showMessage("Ready");
     readSettings();
     _COMPANY = setCompanyName();
@@ -143,6 +148,7 @@ void MainWindow::buildMainPlot()
     checkRadioButtons();
     if (_menu->idifference != 0 && _menu->iscreens > 1) _actions->box("differBox")->setChecked(true);
     showScreens();
+    _displaylist.first()->canvas()->setFocus();
 }
 
 int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
@@ -199,7 +205,8 @@ void MainWindow::readSettings()
 {
     const std::unique_ptr<QSettings> settings(openSettings(nullptr));
     const QRect area = screen() ? screen()->geometry() : QRect(0, 0, 1280, 1024);
-    const WindowSettings window = readWindowSettings(settings.get(), area, _menu->ireset != 0);
+    const WindowSettings window =
+        clampedSettings(readWindowSettings(settings.get(), area, _menu->ireset != 0), presentScreens());
     // A flow's menu tells how many; a record that asks for several gets them.
     if (_menu->dotrevia == 0 && _menu->inputtool == 0 && _menu->iscreens == 1) {
         _menu->iscreens = std::clamp(settings->value("screens", _menu->iscreens).toInt(), 1, mostScreens);

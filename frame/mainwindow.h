@@ -162,6 +162,7 @@ private:
     static constexpr int mostScreens = 3;
 
     void makeCentre();
+    void showHelp(QWidget* window, const QString& page);
     void makeImageStorage();
     void storeImages();
     void endViewing();

@@ -43,6 +43,7 @@ void MainWindow::print()
     QString error;
     const QPixmap picture = printedDisplay(_display, printer.pageRect(QPrinter::DevicePixel).size());
     if (!printPicture(picture, &printer, &error)) tell(this, "Print Error", error);
+    else if (printer.outputFileName().isEmpty()) statusBar()->showMessage("Printed on " + printer.printerName());
 }
 
 void MainWindow::exportPDF()

@@ -1,6 +1,7 @@
 #include "frame/mainwindow.h"
 
 #include "host/home.h"
+#include "widgets/bringup.h"
 #include "widgets/copymissingfiles.h"
 #include "widgets/helpviewer.h"
 
@@ -12,9 +13,16 @@ static const char* const helpFolder = "/docs/meridune-docs";
 
 void MainWindow::contentHelp()
 {
+    showHelp(this, "index.html");
+}
+
+void MainWindow::showHelp(QWidget* window, const QString& page)
+{
     // Pages of an older version would tell of controls that are no longer there.
     refreshFiles(QString(":") + helpFolder, QString(GetHome()) + helpFolder);
-    (new HelpViewer(this, GetHome(), QString(helpFolder) + "/index.html", _COMPANY))->show();
+    // A child of the window in front: behind a dialog that waits for an answer nobody could use it.
+    auto* parent = qobject_cast<HelpViewer*>(window) ? window->parentWidget() : window;
+    bringUp(new HelpViewer(parent, GetHome(), QString(helpFolder) + "/" + page, _COMPANY));
 }
 
 /// The libraries that do most of the work, in the versions that run.

@@ -1,10 +1,10 @@
 #include "frame/sectionexportdialog.h"
 
 #include "widgets/numberedit.h"
+#include "widgets/returnkey.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -45,16 +45,10 @@ SectionExportDialog::SectionExportDialog(const SectionScale& scale,
     connect(_tpiEdit, &NumberEdit::numberEdited, this, [this](double v) { _scale.tracesPerCm = v / cmPerInch; showScale(); });
     connect(_cpsEdit, &NumberEdit::numberEdited, this, [this](double v) { _scale.cmPerSecond = v; showScale(); });
     connect(_ipsEdit, &NumberEdit::numberEdited, this, [this](double v) { _scale.cmPerSecond = v * cmPerInch; showScale(); });
+    new ReturnKey(this, _buttons->button(QDialogButtonBox::Ok));
     connect(_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     showScale();
-}
-
-void SectionExportDialog::keyPressEvent(QKeyEvent* event)
-{
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && qobject_cast<NumberEdit*>(focusWidget())) return;  // it commits the field, not the dialog
-    QDialog::keyPressEvent(event);
 }
 
 NumberEdit* SectionExportDialog::makeEdit(const char* name, const QString& tip)

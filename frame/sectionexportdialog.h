@@ -24,9 +24,6 @@ public:
 
     const SectionScale& scale() const { return _scale; }
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     void showScale();
     NumberEdit* makeEdit(const char* name, const QString& tip);

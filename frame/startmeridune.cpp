@@ -5,6 +5,7 @@
 #include "frame/mainwindow.h"
 #include "host/home.h"
 #include "widgets/copymissingfiles.h"
+#include "widgets/screenplace.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -91,6 +92,7 @@ int aloneMeriduneSEGY()
     fillHome();
     QApplication::setWindowIcon(QIcon(":/desktop/meridune-128.png"));
     QGuiApplication::setDesktopFileName("meridune");
+    const ScreenPlace place;
     MainWindow window(nullptr, meridunemenu);
     window.setVelSemblance(meridunevelsemblance);
     window.setFBPickMenu(meridunefbpickmenu);

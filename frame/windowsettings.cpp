@@ -1,5 +1,7 @@
 #include "frame/windowsettings.h"
 
+#include "widgets/screenplace.h"
+
 #include <QSettings>
 
 WindowSettings defaultWindowSettings(const QRect& screen)
@@ -22,6 +24,16 @@ WindowSettings readWindowSettings(QSettings* settings, const QRect& screen, bool
     window.state = settings->value("state").toByteArray();
     window.colormap = settings->value("colormap").toString();
     return window;
+}
+
+WindowSettings clampedSettings(const WindowSettings& settings, const QVector<QRect>& screens)
+{
+    const QSize frame(usualFrame.left() + usualFrame.right(), usualFrame.top() + usualFrame.bottom());
+    const QRect place = clampedPlace(QRect(settings.pos, settings.size + frame), screens);
+    WindowSettings clamped = settings;
+    clamped.pos = place.topLeft();
+    clamped.size = place.size() - frame;
+    return clamped;
 }
 
 void writeWindowSettings(QSettings* settings, const WindowSettings& window)

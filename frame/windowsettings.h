@@ -7,6 +7,7 @@
 #include <QRect>
 #include <QSize>
 #include <QString>
+#include <QVector>
 
 class QSettings;
 
@@ -24,6 +25,9 @@ WindowSettings defaultWindowSettings(const QRect& screen);
 /// The stored settings, the defaults where there are none. With reset the stored position and size are
 /// ignored; the colour map never is.
 WindowSettings readWindowSettings(QSettings* settings, const QRect& screen, bool reset);
+/// The same with a place on the present screens, of which the areas free of panels are told: a monitor may have gone
+/// since the place was stored.
+WindowSettings clampedSettings(const WindowSettings& settings, const QVector<QRect>& screens);
 void writeWindowSettings(QSettings* settings, const WindowSettings& window);
 
 #endif

@@ -1,5 +1,7 @@
 #include "widgets/dismissbox.h"
 
+#include "widgets/returnkey.h"
+
 #include <QDialog>
 #include <QPushButton>
 
@@ -10,5 +12,6 @@ DismissBox::DismissBox(QDialog* dialog, const QString& tip)
     dismiss->setObjectName("dismissButton");
     dismiss->setToolTip(tip);
     dismiss->setAutoDefault(false);
+    new ReturnKey(dialog, dismiss);
     connect(this, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
 }

@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <QToolBar>
 #include <QUrl>
 
@@ -20,7 +21,8 @@ HelpViewer::HelpViewer(QWidget* parent, const QString& folder, const QString& pa
     _browser->setOpenExternalLinks(false);
     _browser->document()->setDocumentMargin(16);
     setCentralWidget(_browser);
-    resize(HelpBrowser::widestPicture + 80, 820);
+    // A page of text wants height: most of the screen's, and the picture's width.
+    resize(HelpBrowser::widestPicture + 80, screen() ? screen()->availableGeometry().height() * 9 / 10 : 820);
 
     QMenu* file = menuBar()->addMenu("&File");
     QToolBar* bar = addToolBar("Help");

@@ -1,6 +1,7 @@
 #include "widgets/wholefile.h"
 
 #include <QFileInfo>
+#include <QLocale>
 #include <QSaveFile>
 
 #include <unistd.h>
@@ -33,5 +34,19 @@ bool writeWhole(const QString& name, const QByteArray& bytes, QString* error)
         file.cancelWriting();
         return cannotWrite(name, reason, error);
     }
-    return file.commit() || cannotWrite(name, file.errorString(), error);
+    if (!file.commit()) return cannotWrite(name, file.errorString(), error);
+    WrittenFiles::all()->tell(name);
+    return true;
+}
+
+WrittenFiles* WrittenFiles::all()
+{
+    static WrittenFiles files;
+    return &files;
+}
+
+void WrittenFiles::tell(const QString& name)
+{
+    const QFileInfo file(name);
+    emit written(tr("Wrote %1 (%2)").arg(file.absoluteFilePath(), QLocale::c().formattedDataSize(file.size())));
 }

@@ -2,13 +2,13 @@
 
 #include "sources/menus/fixedfont.h"
 #include "sources/segyloader.h"
+#include "widgets/wholefile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QSaveFile>
 #include <QVBoxLayout>
 
 constexpr int textLines = 40;
@@ -75,11 +75,9 @@ int SegyEbcdicMenu::loadText(const QString& path)
 
 int SegyEbcdicMenu::saveText(const QString& path)
 {
-    QSaveFile file(path);
-    const QByteArray text = _textEdit->toPlainText().toUtf8();
-    if (file.open(QIODevice::WriteOnly | QIODevice::Text) && file.write(text) == text.size() && file.commit())
-        return 1;
-    QMessageBox::warning(this, tr("EBCDIC"), tr("Cannot write file %1:\n%2.").arg(path, file.errorString()));
+    QString error;
+    if (writeWhole(path, _textEdit->toPlainText().toUtf8(), &error)) return 1;
+    QMessageBox::warning(this, tr("EBCDIC"), error);
     return 0;
 }
 

@@ -1,6 +1,7 @@
 #include "sources/menus/segyguessdialog.h"
 
 #include "sources/segyguesssettings.h"
+#include "widgets/returnkey.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -48,6 +49,7 @@ SegyGuessDialog::SegyGuessDialog(QWidget* parent) : QDialog(parent)
     connect(_copyButton, &QPushButton::clicked, this, &SegyGuessDialog::copy);
     connect(_restoreButton, &QPushButton::clicked, this, &SegyGuessDialog::restore);
     connect(_dismissButton, &QPushButton::clicked, this, &SegyGuessDialog::reject);
+    new ReturnKey(this, _dismissButton);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_summaryLabel);
     auto* splitter = new QSplitter(Qt::Vertical);

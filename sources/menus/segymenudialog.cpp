@@ -7,15 +7,15 @@
 #include "sources/menus/segyloadmenu.h"
 #include "sources/menus/segymenuhost.h"
 #include "sources/segyloader.h"
+#include "widgets/returnkey.h"
+#include "widgets/scrollroom.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>
-#include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <climits>
 
 enum Tab { LoadTab, EbcdicTab, BinaryTab, TraceTab };
 
@@ -29,7 +29,7 @@ SegyMenuDialog::SegyMenuDialog(SegyMenuHost* host, QWidget* parent) : QDialog(pa
     _segyheadermenu = new SegyHeaderMenu;
     _tabWidget = new QTabWidget;
     _tabWidget->setObjectName("tabWidget");
-    _tabWidget->addTab(_segyloadmenu, tr("Load"));
+    _tabWidget->addTab(new ScrollRoom(_segyloadmenu), tr("Load"));
     _tabWidget->addTab(_segyebcdicmenu, tr("EBCDIC"));
     _tabWidget->addTab(_segybinarymenu, tr("Binary"));
     _tabWidget->addTab(_segyheadermenu, tr("Trace"));
@@ -37,10 +37,8 @@ SegyMenuDialog::SegyMenuDialog(SegyMenuHost* host, QWidget* parent) : QDialog(pa
     layout->addWidget(_tabWidget);
     makeButtons();
     layout->addWidget(_buttonBox);
-    // The text header whole, whatever the font, where the screen is high enough.
-    const QFontMetrics metrics(fixedFont());
-    const int most = screen() ? screen()->availableGeometry().height() * 4 / 5 : INT_MAX;
-    resize(metrics.averageCharWidth() * 90, std::min(metrics.height() * 50, most));
+    // A line of the text header whole, whatever the font; the height is that of the fields.
+    resize(std::max(sizeHint().width(), QFontMetrics(fixedFont()).averageCharWidth() * 90), sizeHint().height());
     connect(_tabWidget, &QTabWidget::currentChanged, this, &SegyMenuDialog::changeTab);
     connect(_segyheadermenu, &SegyHeaderMenu::remapRowTaken, this, &SegyMenuDialog::takeRemapRow);
     changeTab(LoadTab);
@@ -68,6 +66,7 @@ void SegyMenuDialog::makeButtons()
     _editButton = addButton(tr("&Edit"), "editButton", tr("Switch between looking at the text and editing it"));
     _editButton->setCheckable(true);
     _dismissButton = addButton(tr("&Dismiss"), "dismissButton", tr("Close the menu"), true);
+    new ReturnKey(this, _openButton);
     connect(_openButton, &QPushButton::clicked, this, &SegyMenuDialog::accept);
     connect(_loadButton, &QPushButton::clicked, _segyebcdicmenu, &SegyEbcdicMenu::loadNewEbcdic);
     connect(_saveButton, &QPushButton::clicked, _segyebcdicmenu, &SegyEbcdicMenu::saveEbcdic);

@@ -2,6 +2,8 @@
 
 #include "host/home.h"
 #include "sources/segyheader.h"
+#include "widgets/returnkey.h"
+#include "widgets/wholefile.h"
 
 #include <QApplication>
 #include <QBrush>
@@ -63,6 +65,7 @@ SegyRemapDialog::SegyRemapDialog(QWidget* parent) : QDialog(parent)
     _tableWidget->setObjectName("tableWidget");
     _tableWidget->setHorizontalHeaderLabels({tr("Trevia\nHeader"), tr("Format\n(1I,2I,4I,\n4R,8R,Axx)"),
                                              tr("Type\n(IEEE,IBM)"), tr("Start Byte\n(1-240)")});
+    _tableWidget->setTabKeyNavigation(false);  // Tab goes on to the buttons; the arrows go from cell to cell
     _tableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     _tableWidget->setItemDelegateForColumn(SegyRemapTable::HeaderWord, new HeaderWordDelegate(_tableWidget));
 
@@ -76,6 +79,7 @@ SegyRemapDialog::SegyRemapDialog(QWidget* parent) : QDialog(parent)
     _dismissButton->setObjectName("dismissButton");
     // Return ends the edit of a cell; it must not open a file dialog.
     for (QPushButton* button : {_loadButton, _saveButton, _dismissButton}) button->setAutoDefault(false);
+    new ReturnKey(this, _dismissButton);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_tableWidget);
@@ -165,7 +169,10 @@ int SegyRemapDialog::loadTable(const QString& path)
 int SegyRemapDialog::saveTable(const QString& path)
 {
     QString error;
-    if (writeRemapFile(path, table(), &error)) return 1;
+    if (writeRemapFile(path, table(), &error)) {
+        WrittenFiles::all()->tell(path);
+        return 1;
+    }
     QMessageBox::warning(this, tr("Remap Table"), tr("Cannot write file %1:\n%2.").arg(path, error));
     return 0;
 }

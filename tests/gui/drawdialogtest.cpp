@@ -409,6 +409,7 @@ void DrawDialogTest::aThicknessThatIsNoneGivesWayToTheFormerOne()
 {
     DrawFixture fixture;
     auto* edit = fixture.find<NumberEdit>("thEdit");
+    edit->setFocus();
     edit->setText("7");
     QTest::keyClick(edit, Qt::Key_Return);
     for (const char* text : {"abc", "", "0", "-1", "101", "nan", "1e9", "2.5"}) {

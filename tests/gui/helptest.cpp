@@ -1,13 +1,14 @@
 /// The help pages: whole, in step with the program, and shown.
 #include "frame/mainwindow.h"
 #include "frame/windowactions.h"
-#include "tests/gui/windowfixture.h"
+#include "tests/gui/dialogtable.h"
 #include "widgets/copymissingfiles.h"
 #include "widgets/helpbrowser.h"
 #include "widgets/helpviewer.h"
 
 #include <QDir>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QSet>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -27,6 +28,12 @@ private slots:
     void theMenusAreToldByTheirKeys_data();
     void theMenusAreToldByTheirKeys();
     void aWidePictureIsAsWideAsAPage();
+    void f1OpensThePageOfTheWindowInFront_data();
+    void f1OpensThePageOfTheWindowInFront();
+    void aQuestionMarkOpensTheSheetOfKeys();
+    void aQuestionMarkInAFieldIsTyped();
+    void theHelpIsAsHighAsTheScreenAllows();
+    void theCanvasHasTheFocusAtTheStart();
 
 private:
     QString folder() const { return _home.path() + "/docs/meridune-docs/"; }
@@ -172,6 +179,74 @@ void HelpTest::aWidePictureIsAsWideAsAPage()
     QCOMPARE(load("/narrow.png").size(), QSize(300, 200));
     QCOMPARE(load("/wide.png").pixelColor(350, 150), QColor(Qt::red));
     QVERIFY(load("/none.png").isNull());
+}
+
+void HelpTest::f1OpensThePageOfTheWindowInFront_data()
+{
+    QTest::addColumn<QString>("dialog");
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("page");
+    QTest::newRow("window") << "MainWindow" << -1 << "display.html";
+    QTest::newRow("parameters") << "ParmMenuDialog" << 0 << "parameters.html";
+    QTest::newRow("movie") << "ParmMenuDialog" << 2 << "movie.html";
+    QTest::newRow("files") << "SegyMenuDialog" << 0 << "open.html";
+    QTest::newRow("headers") << "SegyMenuDialog" << 3 << "headers.html";
+    QTest::newRow("titles") << "Titles" << -1 << "titles.html";
+    QTest::newRow("drawing") << "DrawDialog" << -1 << "titles.html";
+}
+
+void HelpTest::f1OpensThePageOfTheWindowInFront()
+{
+    QFETCH(QString, dialog);
+    QFETCH(int, tab);
+    QFETCH(QString, page);
+    DialogHome home(_home.path());
+    QWidget* window = dialogTable().at(dialog)(&home);
+    if (tab >= 0) window->findChild<QTabWidget*>()->setCurrentIndex(tab);
+    window->show();
+    window->activateWindow();
+    QTRY_VERIFY(window->isActiveWindow());
+    QWidget* focus = window->focusWidget() ? window->focusWidget() : window;
+    QTest::keyClick(focus, Qt::Key_F1);
+    auto* viewer = window->findChild<HelpViewer*>("HelpViewer");
+    QVERIFY(viewer && viewer->isVisible());
+    QCOMPARE(viewer->browser()->source().fileName(), page);
+    QVERIFY(!viewer->browser()->toPlainText().isEmpty());
+}
+
+void HelpTest::aQuestionMarkOpensTheSheetOfKeys()
+{
+    WindowFixture fixture;
+    QTest::keyClick(fixture.window->display()->canvas(), '?');
+    auto* viewer = fixture.window->findChild<HelpViewer*>("HelpViewer");
+    QVERIFY(viewer);
+    QCOMPARE(viewer->browser()->source().fileName(), QString("keys.html"));
+}
+
+void HelpTest::aQuestionMarkInAFieldIsTyped()
+{
+    DialogHome home(_home.path());
+    QWidget* titles = dialogTable().at("Titles")(&home);
+    auto* edit = titles->findChild<QLineEdit*>("titleEdit");
+    edit->setFocus();
+    QTest::keyClicks(edit, "why?");
+    QCOMPARE(edit->text(), QString("why?"));
+    QVERIFY(!titles->findChild<HelpViewer*>("HelpViewer"));
+}
+
+void HelpTest::theHelpIsAsHighAsTheScreenAllows()
+{
+    HelpViewer viewer(nullptr, folder(), "index.html", QString());
+    const int screen = QGuiApplication::primaryScreen()->availableGeometry().height();
+    QVERIFY2(viewer.height() >= screen * 8 / 10 && viewer.height() <= screen, qPrintable(QString::number(viewer.height())));
+}
+
+void HelpTest::theCanvasHasTheFocusAtTheStart()
+{
+    WindowFixture fixture;
+    fixture.window->activateWindow();
+    QTRY_VERIFY(fixture.window->isActiveWindow());
+    QCOMPARE(QApplication::focusWidget(), fixture.window->display()->canvas());
 }
 
 QTEST_MAIN(HelpTest)

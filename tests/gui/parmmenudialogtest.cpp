@@ -196,6 +196,7 @@ void ParmMenuDialogTest::aPresetIsShownAndOutlivesTheFile()
 void ParmMenuDialogTest::returnInAFieldDoesNotHideTheMenu()
 {
     MenuFixture f;
+    f.find<NumberEdit>("clipEdit")->setFocus();
     f.find<NumberEdit>("clipEdit")->setText("1");
     QTest::keyClick(f.find<NumberEdit>("clipEdit"), Qt::Key_Return);
     QCOMPARE(f[0]->seismicPlot()->clip(), 1.0f);

@@ -329,6 +329,7 @@ void TitlesTest::returnInAFieldHidesNothingAndDismissDoes()
 {
     TitlesFixture fixture;
     for (const char* name : {"titleEdit", "titleVEdit"}) {
+        fixture.find<QLineEdit>(name)->setFocus();
         QTest::keyClick(fixture.find<QLineEdit>(name), Qt::Key_Return);
         QVERIFY(fixture.dialog.isVisible());
     }

@@ -1,15 +1,26 @@
 /// What the window's own file dialogs lead to: opening, and exports by name.
+#include "display/imagestorage.h"
 #include "display/myqwtplotcanvas.h"
 #include "frame/printeddisplay.h"
+#include "sources/menus/segyebcdicmenu.h"
+#include "sources/menus/segyremapdialog.h"
 #include "tests/gui/modalanswer.h"
+#include "tests/gui/segymenufixture.h"
 #include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
+#include "widgets/pictureexport.h"
 
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
+#include <QPrinter>
+#include <QPushButton>
 #include <QSettings>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QtTest>
+
+Q_DECLARE_METATYPE(std::function<void(WindowFixture*, const QString&)>)
 
 class WindowExportTest : public QObject
 {
@@ -21,6 +32,8 @@ private slots:
     void aFormatThatCannotBeWrittenIsRefusedAndAskedForAgain();
     void openStartsInTheFolderOfTheLastFile();
     void aPrintFillsItsPageOnWhite();
+    void eachExportTellsWhatItWroteAndWhere_data();
+    void eachExportTellsWhatItWroteAndWhere();
 
 private:
     QTemporaryDir _home;
@@ -117,6 +130,74 @@ void WindowExportTest::aPrintFillsItsPageOnWhite()
     QCOMPARE(picture.pixel(2, 2), qRgb(255, 255, 255));
     QVERIFY(inked.width() > picture.width() * 9 / 10);
     QVERIFY(inked.height() > picture.height() * 9 / 10);
+}
+
+void WindowExportTest::eachExportTellsWhatItWroteAndWhere_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<std::function<void(WindowFixture*, const QString&)>>("write");
+    using Write = std::function<void(WindowFixture*, const QString&)>;
+    const auto byAction = [](const char* action) -> Write {
+        return [action](WindowFixture* fixture, const QString&) { fixture->action(action)->trigger(); };
+    };
+    QTest::newRow("PDF") << "window.pdf" << byAction("pdfAct");
+    QTest::newRow("section") << "section.svg" << byAction("sectionAct");
+    QTest::newRow("image") << "image.png" << byAction("imageAct");
+    QTest::newRow("print to a file") << "print.pdf" << Write([](WindowFixture*, const QString& path) {
+        QPrinter printer;
+        printer.setOutputFileName(path);
+        QString error;
+        QVERIFY(printPicture(QPixmap(20, 10), &printer, &error));
+    });
+    QTest::newRow("movie") << "movie-001.png" << Write([](WindowFixture* fixture, const QString& path) {
+        ImageStorage* store = fixture->window->imageStorage();
+        store->putImage(QImage(20, 10, QImage::Format_RGB32), QwtScaleMap(), QwtScaleMap());
+        store->setSavedFile(QString(path).replace("movie-001", "movie"));
+        store->setSaved(true);
+        store->performSaveFile2();
+    });
+    QTest::newRow("color file") << "mine.col" << Write([](WindowFixture* fixture, const QString&) {
+        fixture->window->parameterMenu();
+        fixture->window->findChild<QWidget*>("ColorBarDialog")->findChild<QPushButton*>("saveButton")->click();
+    });
+    QTest::newRow("text header") << "text.txt" << Write([](WindowFixture* fixture, const QString& path) {
+        fixture->window->segyMenu();
+        QCOMPARE(fixture->window->findChild<SegyEbcdicMenu*>()->saveText(path), 1);
+    });
+    QTest::newRow("remap table") << "table.remap" << Write([](WindowFixture*, const QString& path) {
+        SegyRemapTable table;
+        table.cells[0] = {"CDP", "4I", "IEEE", "21"};
+        SegyRemapDialog dialog;
+        dialog.setTable(table);
+        QCOMPARE(dialog.saveTable(path), 1);
+    });
+}
+
+void WindowExportTest::eachExportTellsWhatItWroteAndWhere()
+{
+    QFETCH(QString, name);
+    using Write = std::function<void(WindowFixture*, const QString&)>;
+    QFETCH(Write, write);
+    const QTemporaryDir folder;
+    const bool isInHome = name.endsWith(".col");
+    const QString path = isInHome ? _home.path() + "/port/misc/" + name : folder.filePath(name);
+    WindowFixture fixture;
+    QCOMPARE(fixture.open(writeSegy(folder.filePath("data.sgy")), 1, 1), 1);
+    ModalAnswer answer([&](QDialog* dialog) {
+        if (auto* asked = qobject_cast<QInputDialog*>(dialog)) {
+            asked->setTextValue(name);
+            return asked->accept();
+        }
+        auto* files = qobject_cast<QFileDialog*>(dialog);
+        if (!files) return dialog->accept();
+        files->findChild<QLineEdit*>("fileNameEdit")->setText(path);
+        QMetaObject::invokeMethod(files, "accept");
+    });
+    write(&fixture, path);
+    const QFileInfo file(path);
+    QVERIFY2(file.size() > 0, qPrintable(path));
+    const QString told = fixture.window->statusBar()->currentMessage();
+    QVERIFY2(told.startsWith("Wrote " + path + " ("), qPrintable(told));
 }
 
 QTEST_MAIN(WindowExportTest)
