@@ -10,6 +10,7 @@
 #include <QActionGroup>
 #include <QCheckBox>
 #include <QMenu>
+#include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
 
@@ -64,6 +65,10 @@ SeismicDisplay* MainWindow::makeScreen()
     display->setImageStorage(_imgstore.get());
     display->setMenu(_menu);
     display->setLists(&_displaylist, &_otherlist);
+    connect(display, &SeismicDisplay::polarityStated, this, [this](const Polarity& polarity) {
+        QSettings settings("Brenlake", "SEISMICDISPLAY");
+        if (!_segyParm.files.isEmpty()) writePolarity(&settings, _segyParm.files, polarity);
+    });
     return display;
 }
 
