@@ -2,31 +2,15 @@
 
 #include "display/colorfile.h"
 
+#include <QEvent>
 #include <QFile>
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
 
 static constexpr int nStripColors = 255;
-static constexpr int nSteps = 6;
-static constexpr int numberGap = 4;  // pixels between strip and numbers
-
-QVector<ColorBarNumber> colorBarNumbers(float minValue, float maxValue, int height)
-{
-    QVector<ColorBarNumber> numbers;
-    const float valueStep = (maxValue - minValue) / nSteps;
-    const int pixelStep = height / nSteps;
-    for (int i = 0; i <= nSteps; ++i) {
-        float value = i < nSteps ? maxValue - i * valueStep : minValue;
-        if (std::fabs(value) < 1e-4f * std::fabs(valueStep)) value = 0.0f;
-        QString text = QString::number(value, 'g', 4);
-        if (minValue < 0.0f && value > 0.0f) text.prepend('+');
-        numbers.append({i * pixelStep, text});
-    }
-    return numbers;
-}
 
 ColorBarFrame::ColorBarFrame(QWidget* parent) : ColorBarFrame(ColorMap::seismicColor(), parent) {}
 
@@ -150,41 +134,44 @@ void ColorBarFrame::buildColorIndex()
     update();
 }
 
+void ColorBarFrame::setUnit(const QString& unit)
+{
+    _unit = unit;
+    fitSize();
+    update();
+}
+
+ColorStrip ColorBarFrame::strip() const
+{
+    return {_rgbVector, _fmin, _fmax, _unit, _drawScale};
+}
+
+/// As large as all other texts.
 QFont ColorBarFrame::numberFont() const
 {
-    QFont numbers("Courier");
+    QFont numbers = font();
+    numbers.setFamily("Courier");
     numbers.setStyleHint(QFont::Monospace);
-    numbers.setPointSizeF(std::max(6.0, font().pointSizeF() * 0.8));
     return numbers;
 }
 
 /// The numbers' width changes with their digits, so the widget follows.
 void ColorBarFrame::fitSize()
 {
-    int width = _width;
-    if (_drawScale) {
-        const QFontMetrics metrics(numberFont());
-        for (const ColorBarNumber& number : colorBarNumbers(_fmin, _fmax, _height))
-            width = std::max(width, _width + numberGap + metrics.horizontalAdvance(number.text));
-    }
-    setFixedSize(width, _height);
+    setFixedSize(_width + int(std::ceil(colorStripRoom(strip(), QFontMetricsF(numberFont())))), _height);
+}
+
+void ColorBarFrame::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::FontChange) fitSize();
 }
 
 void ColorBarFrame::paintEvent(QPaintEvent* event)
 {
     QFrame::paintEvent(event);
     QPainter painter(this);
-    for (int y = 0; y < _height; ++y) {
-        const int entry = std::min(nStripColors - 1, int(int64_t(y) * (nStripColors + 1) / _height));
-        painter.fillRect(0, y, _width, 1, QColor(_rgbVector[entry]));
-    }
-    if (!_drawScale) return;
     painter.setFont(numberFont());
     painter.setPen(palette().color(QPalette::WindowText));
-    const int textHeight = painter.fontMetrics().height();
-    for (const ColorBarNumber& number : colorBarNumbers(_fmin, _fmax, _height)) {
-        // the first and the last stay whole inside the widget
-        const int top = std::clamp(number.center - textHeight / 2, 0, std::max(0, _height - textHeight));
-        painter.drawText(_width + numberGap, top + painter.fontMetrics().ascent(), number.text);
-    }
+    paintColorStrip(&painter, strip(), QRect(0, 0, _width, _height));
 }

@@ -2,6 +2,7 @@
 #ifndef COLORBARFRAME_H
 #define COLORBARFRAME_H
 
+#include "display/colorstrip.h"
 #include "display/colortable.h"
 
 #include <QFrame>
@@ -45,6 +46,8 @@ public:
     bool loadColorMapFile(const QString& name, QString* error = nullptr);
 
     void drawScale(bool on);
+    /// What the numbers are of: "amplitude" unless told otherwise.
+    void setUnit(const QString& unit);
     void setOrientation(int orientation);
     void setWidth(int width);
     void setHeight(int height);
@@ -62,10 +65,13 @@ public:
     /// Background of a picture.
     QRgb backRGB() const { return _backRGB; }
     QString colorFile() const { return _cfile; }
+    /// What the widget shows, for another device.
+    ColorStrip strip() const;
     bool isScaleDrawn() const { return _drawScale; }
     int orientation() const { return _orientation; }
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -81,19 +87,10 @@ private:
     QColor _backGround = Qt::white;
     QRgb _backRGB;
     QString _cfile;
+    QString _unit = "amplitude";
     bool _drawScale = true;
     float _fmin = 0.0f;
     float _fmax = 255.0f;
 };
-
-/// One of a colour strip's numbers.
-struct ColorBarNumber {
-    int center = 0;  ///< pixel row
-    QString text;
-};
-
-/// The numbers beside a strip of `height` pixels, from the top: seven, at six equal steps. Positive ones
-/// have their sign where the range reaches below 0.
-QVector<ColorBarNumber> colorBarNumbers(float minValue, float maxValue, int height);
 
 #endif

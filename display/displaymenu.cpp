@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
@@ -30,6 +31,7 @@ DisplayMenu::DisplayMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDispl
     makeTraceRows(grid);
     makeSpacingRows(grid);
     makeAmplitudeRows(grid);
+    makePolarityRow(grid);
     makeFoot(grid);
     grid->setColumnStretch(1, 1);
     connectControls();
@@ -132,6 +134,37 @@ void DisplayMenu::makeAmplitudeRows(QGridLayout* grid)
     addRow(grid, "AntiAlias:", {_aliasBox});
 }
 
+void DisplayMenu::makePolarityRow(QGridLayout* grid)
+{
+    _polarityBox = makeCombo("polarityBox", tr("What you know about the polarity of this file; no sample changes by it"),
+                             {"Unknown", "Normal", "Reversed"});
+    _conventionBox = makeCombo("conventionBox", tr("Whose convention says so: choose one or type another"),
+                               {"SEG", "European"});
+    _conventionBox->setEditable(true);
+    _conventionBox->setInsertPolicy(QComboBox::NoInsert);
+    _conventionBox->lineEdit()->setMaxLength(Polarity::longestConvention);
+    addRow(grid, "Polarity:", {_polarityBox, new QLabel("by convention"), _conventionBox});
+}
+
+void DisplayMenu::showPolarity(const Polarity& polarity)
+{
+    _polarityBox->setCurrentIndex(polarity.sense);
+    if (polarity.sense != Polarity::Unknown) _conventionBox->setEditText(polarity.convention);
+    _conventionBox->setEnabled(polarity.sense != Polarity::Unknown);
+}
+
+/// The statement is about the file, which all screens show.
+void DisplayMenu::changePolarity()
+{
+    if (_doUpdate) return;
+    Polarity polarity;
+    polarity.sense = Polarity::Sense(_polarityBox->currentIndex());
+    if (polarity.sense != Polarity::Unknown) polarity.convention = _conventionBox->currentText().simplified();
+    _conventionBox->setEnabled(polarity.sense != Polarity::Unknown);
+    for (SeismicDisplay* display : _selection.allDisplays())
+        if (!(display->polarity() == polarity)) display->statePolarity(polarity);
+}
+
 void DisplayMenu::makeFoot(QGridLayout* grid)
 {
     _overlayBox = makeControl<QCheckBox>(
@@ -148,6 +181,9 @@ void DisplayMenu::connectControls()
     connect(_displayBox, onChoice, this, &DisplayMenu::changeDisplay);
     connect(_directBox, onChoice, this, &DisplayMenu::changeDirection);
     connect(_scalarBox, onChoice, this, &DisplayMenu::changeScalar);
+    connect(_polarityBox, onChoice, this, &DisplayMenu::changePolarity);
+    connect(_conventionBox, onChoice, this, &DisplayMenu::changePolarity);
+    connect(_conventionBox->lineEdit(), &QLineEdit::editingFinished, this, &DisplayMenu::changePolarity);
 
     const struct {
         NumberEdit* edit;
@@ -263,6 +299,7 @@ void DisplayMenu::updateDisplay()
     _biasEdit->setNumber(plot->bias());
     _biasBox->setChecked(plot->isApplyBias());
     _aliasBox->setChecked(plot->isAntiAlias());
+    showPolarity(_selection.display()->polarity());
     showSpacing();
 }
 

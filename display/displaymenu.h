@@ -19,6 +19,7 @@ class QPushButton;
 class QSlider;
 class SeismicDisplay;
 class SeismicPlot;
+struct Polarity;
 
 /// Every control acts at once on the displays chosen, and each change ends in one repaint of them. The menu
 /// keeps no parameters: it shows those of the first display chosen.
@@ -65,11 +66,13 @@ private slots:
     void changeApplyBias(int state);
     void changeAlias(int state);
     void changeOverlay(int state);
+    void changePolarity();
 
 private:
     void makeTraceRows(QGridLayout* grid);
     void makeSpacingRows(QGridLayout* grid);
     void makeAmplitudeRows(QGridLayout* grid);
+    void makePolarityRow(QGridLayout* grid);
     void makeFoot(QGridLayout* grid);
     void connectControls();
     SeismicPlot* shownPlot() const;
@@ -83,6 +86,7 @@ private:
     void rebuildAll(bool resetOthers);
     void showRange(const SeismicPlot* plot);
     void showSpacing();
+    void showPolarity(const Polarity& polarity);
     void enableSpacing();
     double shownIPS() const;
 
@@ -109,6 +113,8 @@ private:
     NumberEdit* _biasEdit;
     QCheckBox* _biasBox;
     QCheckBox* _aliasBox;
+    QComboBox* _polarityBox;
+    QComboBox* _conventionBox;
     QCheckBox* _overlayBox;
     bool _isOverlay = false;  // the controls act on the overlay
     bool _doUpdate = false;  // values are only being shown: controls must not act

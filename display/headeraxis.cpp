@@ -45,23 +45,25 @@ static void nameFromHost(KeyColumn* column, SeismicHeader* header, int key)
     setColumn(column, name, hostType(header->headerFormat(name)));
 }
 
+float keyOfTrace(const SeismicData& data, int key, char type, int i)
+{
+    const SeismicHeader* header = data.getTraceHeader(i);
+    float value = 0.0f;
+    if (type != 'I') {
+        header->headerFloatValue(key, &value);
+        return value;
+    }
+    int whole = 0;
+    header->headerValue(key, &whole);
+    return float(whole);
+}
+
 static void readColumn(KeyColumn* column, const SeismicData& data, int key, bool rightToLeft)
 {
     const int n = data.traceCount();
-    for (int i = 0; i < n; ++i) {
-        float value = 0.0f;
-        if (column->name != "None") {
-            const SeismicHeader* header = data.getTraceHeader(rightToLeft ? n - 1 - i : i);
-            int whole = 0;
-            if (column->type == 'I') {
-                header->headerValue(key, &whole);
-                value = float(whole);
-            } else {
-                header->headerFloatValue(key, &value);
-            }
-        }
-        column->values[size_t(i) + 1] = value;
-    }
+    for (int i = 0; i < n; ++i)
+        column->values[size_t(i) + 1] =
+            column->name == "None" ? 0.0f : keyOfTrace(data, key, column->type, rightToLeft ? n - 1 - i : i);
 }
 
 void HeaderAxis::readParmTest(const SeismicData& data, bool isDifference)

@@ -26,6 +26,9 @@ struct KeyColumn {
     std::vector<float> values;
 };
 
+/// Value of a word, counted from 0, in the header of trace i, from 0; `type` is that of its column.
+float keyOfTrace(const SeismicData& data, int key, char type, int i);
+
 /// Key names, formats and the per-trace values, read anew from each ensemble.
 class HeaderAxis
 {

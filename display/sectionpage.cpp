@@ -12,6 +12,7 @@ static constexpr double mmPerPoint = 25.4 / 72.0;
 static constexpr double timeColumn = 12.0;  // room of the time labels, in mm
 static constexpr double sideColumn = 72.0;
 static constexpr double gap = 6.0;
+static constexpr double stripWidth = 6.0, stripHeight = 42.0;
 
 static double wholePoints(double mm)
 {
@@ -26,8 +27,11 @@ SectionPage::SectionPage(const SectionParm& parm) : _parm(parm)
     _section.width = parm.nTraces * traceWidth();
     _section.height = parm.nSamples * parm.sampleRate * parm.cmPerSecond / 100.0;
     _sideLabel = {_section.right() + timeColumn + gap, _section.top, sideColumn, parm.nSideLines * lineHeight};
+    const double stripTop = _sideLabel.bottom() + SectionPage::lineHeight;
+    _colorStrip = {_sideLabel.left, stripTop, stripWidth, parm.hasColorStrip ? stripHeight : 0.0};
+    const double lowest = parm.hasColorStrip ? _colorStrip.bottom() : _sideLabel.bottom();
     _width = wholePoints(_sideLabel.right() + margin);
-    _height = wholePoints(std::max(_section.bottom(), _sideLabel.bottom()) + margin);
+    _height = wholePoints(std::max(_section.bottom(), lowest) + margin);
     _title = {_section.left, margin, _width - margin - _section.left, 1.5 * lineHeight};
 }
 

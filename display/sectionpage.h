@@ -15,6 +15,7 @@ struct SectionParm {
     double tracesPerCm = 0.0;
     double cmPerSecond = 0.0;
     int nSideLines = 0;  ///< lines of the side label
+    bool hasColorStrip = false;
 };
 
 /// A rectangle in mm, from the page's top left.
@@ -47,6 +48,8 @@ public:
     double height() const { return _height; }
     const SectionRect& section() const { return _section; }
     const SectionRect& sideLabel() const { return _sideLabel; }
+    /// Below the side label; of no height where there is none.
+    const SectionRect& colorStrip() const { return _colorStrip; }
     const SectionRect& title() const { return _title; }
     double traceWidth() const { return 10.0 / _parm.tracesPerCm; }
     /// Zero line of a trace, counted from 0 at the left.
@@ -68,7 +71,7 @@ public:
 private:
     SectionParm _parm;
     double _width = 0.0, _height = 0.0;
-    SectionRect _section, _sideLabel, _title;
+    SectionRect _section, _sideLabel, _colorStrip, _title;
 };
 
 /// The samples of a trace as the screen scales them: gain, bias, division, move-out and shift, in trace widths and

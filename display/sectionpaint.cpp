@@ -204,6 +204,15 @@ static void paintSide(QPainter* painter, const SectionPage& page, const SectionC
     }
 }
 
+static void paintStrip(QPainter* painter, const SectionPage& page, const ColorStrip& strip)
+{
+    const QRect rect = deviceRect(page.colorStrip()).toRect();
+    if (rect.isEmpty()) return;
+    painter->setFont(fontOf(page.textHeight));
+    painter->setPen(penOf(0.15));
+    paintColorStrip(painter, strip, rect);
+}
+
 void paintSection(QPainter* painter, const SectionPage& page, const SectionContent& content)
 {
     // Paper is white, a viewer of pictures may not be.
@@ -219,4 +228,5 @@ void paintSection(QPainter* painter, const SectionPage& page, const SectionConte
     painter->setPen(penOf(0.15));
     paintText(painter, page.title(), Qt::AlignLeft | Qt::AlignTop, content.title);
     paintSide(painter, page, content);
+    paintStrip(painter, page, content.strip);
 }

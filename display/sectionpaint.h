@@ -2,6 +2,7 @@
 #ifndef SECTIONPAINT_H
 #define SECTIONPAINT_H
 
+#include "display/colorstrip.h"
 #include "display/sectionpage.h"
 #include "display/traceraster.h"
 
@@ -27,6 +28,7 @@ struct SectionContent {
     int labelStep = 1;        ///< wanted columns from one label to the next
     bool hasTimeLines = false;
     std::vector<std::pair<QString, QString>> side;  ///< name and text of each line of the side label
+    ColorStrip strip;  ///< painted where the page has room for it
 };
 
 /// Cuts texts of the side label into lines that fit its column; a further line has no name.

@@ -46,6 +46,7 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
     _seismicplot->attach(this);
     makeMouseTools();
     new ClipTip(canvas(), _seismicplot);
+    showPictureLine();
     setZoom(true);
 }
 

@@ -9,6 +9,7 @@
 #include "display/mousemode.h"
 #include "display/myqwtplot.h"
 #include "display/plotowner.h"
+#include "display/polarity.h"
 #include "display/zoomlink.h"
 #include "tracedata/orvinconstants.h"
 
@@ -215,10 +216,21 @@ public:
     void sendPickTraceChange(const float* trace, int start, int n, int tr) override;
     void traceOffsets(const SeismicData& data, int nTraces, float* offsets) const override;
 
+    /// What the user says about the polarity of the data; the samples stay as they are.
+    const Polarity& polarity() const { return _polarity; }
+    /// Shows another statement.
+    void setPolarity(const Polarity& polarity);
+    /// The same for a statement that the user has just made, which listeners keep.
+    void statePolarity(const Polarity& polarity);
+    /// The record shown over the data, by its primary key; empty without an overlay in view.
+    QString overlayRecord() const;
+
     bool eventFilter(QObject* object, QEvent* event) override;
     QSize minimumSizeHint() const override;
 
 public slots:
+    /// Also brings the line under the picture up to date.
+    void replot() override;
     void catchZoom(const QRectF& rect);
     void catchPan(int dx, int dy);
     /// Brings the scroll bars up to what the axes show.
@@ -233,6 +245,8 @@ signals:
     void imageShown(int number);
     /// A new ensemble is on the screen.
     void ensembleShown();
+    /// The user has said something about the polarity.
+    void polarityStated(const Polarity& polarity);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -253,6 +267,7 @@ private:
     void relayAxes();
     void limitPan();
     void showImageAgain();
+    void showPictureLine();
     bool trackImage(QEvent* event);
     void setWholeAxes();
     void afterFirstLayout();
@@ -318,6 +333,7 @@ private:
     int _nShownAgain = 0;       // for changes of the canvas since the picture was chosen
     int _imageTrackerOldX = 0;  // where the middle button was last seen on a stored picture
     QString _messageMain, _messageAdd;
+    Polarity _polarity;
 };
 
 #endif

@@ -58,6 +58,7 @@ void SeismicDisplay::showTitle(const QString& before, float primary, const QStri
     QFont font = axisFont(xTop);
     font.setBold(true);
     text.setFont(font);
+    _recordaxis->setName(_headerAxis.sec().name.trimmed(), text.textSize(font).width());
     MyQwtPlot::setAxisTitle(xTop, text);
 }
 

@@ -238,6 +238,7 @@ QString SeismicDisplay::readoutAt(const QPoint& pos) const
 bool SeismicDisplay::eventFilter(QObject* object, QEvent* event)
 {
     if (object != canvas()) return MyQwtPlot::eventFilter(object, event);
+    if (event->type() == QEvent::Resize) showPictureLine();  // as much as has room now
     if (_images.isShown() && trackImage(event)) return true;
     if (event->type() == QEvent::MouseMove) {
         if (!_loadTraces) return true;

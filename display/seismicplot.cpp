@@ -70,11 +70,17 @@ void SeismicPlot::setRange(float rmin, float rmax)
     passRangeToBar();
 }
 
+static QString unitOf(DisplayType type)
+{
+    return type == Velocity ? "velocity" : "amplitude";
+}
+
 void SeismicPlot::setColorBar(ColorBarFrame* bar)
 {
     _colorBar = bar;
     if (!_colorBar) return;
     _colorBar->setColorType(isColorType(_displayType) ? ColorYes : ColorNo);
+    _colorBar->setUnit(unitOf(_displayType));
     passRangeToBar();
 }
 
@@ -103,6 +109,7 @@ void SeismicPlot::setDisplayType(DisplayType type)
     const bool isAmplitude = type == ColorB || type == ColorWiggle;
     if (isAmplitude && _colorBar->colorType() == ColorNo) setRange(-3.0f, 3.0f);
     _colorBar->setColorType(isColorType(type) ? ColorYes : ColorNo);
+    _colorBar->setUnit(unitOf(type));
     if (type == Velocity) _normalize = Normalize::None;
     setAutoGain(!isAmplitude);
     computeNormalizer();
@@ -371,10 +378,11 @@ QRect storedPictureCrop(const QSize& picture, const AxisMap& savedX, const AxisM
 {
     const double xPixels = std::abs(savedX.p2 - savedX.p1), xScale = std::abs(savedX.s2 - savedX.s1);
     const double yPixels = std::abs(savedY.p2 - savedY.p1), yScale = std::abs(savedY.s2 - savedY.s1);
-    const double noise = 1e-6;  // of scales that went through pixels and back; it must not cost one
-    return QRect(wholeOf(xPixels * x.s1 / xScale + noise), wholeOf(yPixels * (yStart - shiftTime) / yScale + noise),
+    // Scales went through pixels and back, and counts are single precision; neither must cost a pixel.
+    const auto whole = [](double pixels) { return wholeOf(pixels * (1.0 + 1e-6) + 1e-6); };
+    return QRect(whole(xPixels * x.s1 / xScale), whole(yPixels * (yStart - shiftTime) / yScale),
                  std::min(picture.width(), wholeOf(xPixels)),
-                 std::min(picture.height(), wholeOf(yPixels * std::abs(y.s2 - y.s1) / yScale + noise)));
+                 std::min(picture.height(), whole(yPixels * std::abs(y.s2 - y.s1) / yScale)));
 }
 
 QRect SeismicPlot::storedPart(const QwtScaleMap& xMap, const QwtScaleMap& yMap) const

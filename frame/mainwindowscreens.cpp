@@ -11,6 +11,7 @@
 #include <QActionGroup>
 #include <QCheckBox>
 #include <QMenu>
+#include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
 
@@ -66,6 +67,10 @@ SeismicDisplay* MainWindow::makeScreen()
     display->setMenu(_menu);
     connect(display->myCanvas(), &MyQwtPlotCanvas::rendered, this, &MainWindow::tellDensity, Qt::QueuedConnection);
     display->setLists(&_displaylist, &_otherlist);
+    connect(display, &SeismicDisplay::polarityStated, this, [this](const Polarity& polarity) {
+        QSettings settings("Brenlake", "SEISMICDISPLAY");
+        if (!_segyParm.files.isEmpty()) writePolarity(&settings, _segyParm.files, polarity);
+    });
     return display;
 }
 

@@ -213,7 +213,11 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
         _segyloader->saveHeaders();
     }
     endViewing();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewFile(_menu);
+    const Polarity polarity = readPolarity(QSettings("Brenlake", "SEISMICDISPLAY"), parm.files);
+    for (SeismicDisplay* display : qAsConst(_displaylist)) {
+        display->setNewFile(_menu);
+        display->setPolarity(polarity);
+    }
     setAreaLineTitle(_showAreaLine);
     if (_segyloader) {
         showRecord(_segyloader->numTraces() > 0);

@@ -1,6 +1,7 @@
 #include "frame/sectionexport.h"
 
 #include "display/colortable.h"
+#include "display/displaytype.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "sources/segyloader.h"
@@ -41,6 +42,7 @@ SectionPage sectionPage(const SeismicDisplay& display, const SectionScale& scale
     parm.tracesPerCm = scale.tracesPerCm;
     parm.cmPerSecond = scale.cmPerSecond;
     parm.nSideLines = nSideLines;
+    parm.hasColorStrip = isColorType(plot->displayType()) && plot->colorBar();
     return SectionPage(parm);
 }
 
@@ -113,7 +115,7 @@ SectionContent sectionContent(const SeismicDisplay& display, const SectionScale&
         {"Scaling", scalingText(plot->normalization())},
         {"Gain", numberText(plot->gain()) + " dB"},
         {"Clip", numberText(plot->clip()) + " traces"},
-        {"Polarity", "unknown"},
+        {"Polarity", polarityText(display.polarity())},
         {"Scale", numberText(scale.tracesPerCm) + " traces/cm, " + numberText(scale.cmPerSecond) + " cm/s"},
         {"Date", QDate::currentDate().toString(Qt::ISODate)},
     };
@@ -121,6 +123,8 @@ SectionContent sectionContent(const SeismicDisplay& display, const SectionScale&
     if (colors.colorType() == ColorYes)
         side.push_back({"Colors", numberText(colors.minValue()) + " to " + numberText(colors.maxValue())});
     content.side = foldedSide(side);
+    if (plot->colorBar()) content.strip = plot->colorBar()->strip();
+    content.strip.hasNumbers = true;  // a page has no other scale
     return content;
 }
 

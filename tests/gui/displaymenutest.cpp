@@ -524,7 +524,7 @@ void DisplayMenuTest::everyControlHasATipAndTheFootLineStands()
         QVERIFY2(!control->toolTip().isEmpty(), qPrintable(control->objectName()));
         ++nControls;
     }
-    QCOMPARE(nControls, 22);
+    QCOMPARE(nControls, 24);
     bool found = false;
     for (const QLabel* label : f.page->findChildren<QLabel*>())
         found = found || label->text() == "Mouse:   MB1: Zoom,   MB3: UnZoom,   MB2: Pan";

@@ -467,6 +467,9 @@ void SeismicPlotTest::cropsAStoredPicture()
              QRect(100, 100, 220, 200));
     QCOMPARE(storedPictureCrop(picture, savedX, savedY, {0, 11, 0, 220}, {700, 300, 500, 0}, 300, 100),
              QRect(0, 100, 220, 200));
+    // the last digit of a spacing in single precision
+    QCOMPARE(storedPictureCrop(picture, savedX, savedY, {0, 11, 0, 220}, {999.99994, 0, 500, 0}, 0, 0),
+             QRect(0, 0, 220, 500));
     QVERIFY(storedPictureCrop(picture, savedX, savedY, {0, 11, 0, 220}, {200, 200, 500, 0}, 200, 0).isEmpty());
     QVERIFY(storedPictureCrop(picture, {0, 0, 0, 0}, {0, 0, 0, 0}, savedX, savedY, 0, 0).isEmpty());
 }

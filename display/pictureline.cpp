@@ -1,0 +1,113 @@
+#include "display/pictureline.h"
+
+#include "display/headeraxis.h"
+#include "display/seismicplot.h"
+
+#include <QFontMetrics>
+#include <QVector>
+
+#include <algorithm>
+#include <cmath>
+
+static QString gainText(double db)
+{
+    return QString("Gain %1%2 dB").arg(db > 0.0 ? "+" : "").arg(QString::number(db, 'g', 4));
+}
+
+QStringList pictureChips(const SeismicPlot& plot, const QString& overlayRecord)
+{
+    const TraceConditioner& conditioner = plot.conditioner();
+    QStringList chips;
+    if (conditioner.isPhase()) chips += QString("Phase %1 degrees").arg(conditioner.phaseAngle());
+    if (conditioner.isFilter()) {
+        const int* c = conditioner.filterCorners();
+        chips += QString("Filter %1-%2-%3-%4 Hz").arg(c[0]).arg(c[1]).arg(c[2]).arg(c[3]);
+    }
+    if (conditioner.isAGC()) chips += QString("AGC %1 ms").arg(conditioner.agcWindow());
+    // The gain is kept as a factor, whose logarithm is not quite the number that was typed.
+    const double db = std::round(double(plot.gain()) * 100.0) / 100.0;
+    if (db != 0.0) chips += gainText(db);
+    if (!overlayRecord.isEmpty()) chips += "Overlay " + overlayRecord;
+    if (plot.plotDirection() == RightToLeft) chips += "Reversed";
+    return chips;
+}
+
+static QString keyValue(const KeyColumn& key, int i)
+{
+    return i >= 0 && size_t(i) < key.values.size() ? QString::number(double(key.values[size_t(i)]), 'g', 9) : QString();
+}
+
+QString traceKeys(const HeaderAxis& axis, int i, bool hasNames)
+{
+    QStringList texts;
+    for (const KeyColumn* key : {&axis.pri(), &axis.sec()})
+        texts += hasNames ? key->name.trimmed() + " " + keyValue(*key, i) : keyValue(*key, i);
+    return texts.join(", ");
+}
+
+TraceRange tracesInView(double left, double right, int n)
+{
+    TraceRange range;
+    if (!(left <= right)) return range;
+    range.first = int(std::clamp(std::ceil(left - 1e-6), 1.0, n + 1.0));
+    range.last = int(std::clamp(std::floor(right + 1e-6), 0.0, double(std::max(n, 0))));
+    return range;
+}
+
+static const char gap[] = "   ";
+
+static QString rangeText(const QString& first, const QString& last)
+{
+    if (first.isEmpty()) return "no trace in view";
+    return first == last ? first : first + "  to  " + last;
+}
+
+/// A part of the line; chips stand on a ground of their own.
+struct LinePart {
+    QString text;
+    bool isChip = false;
+};
+
+static QVector<LinePart> partsOf(const QString& keys, const PictureLine& line)
+{
+    QVector<LinePart> parts;
+    if (!keys.isEmpty()) parts.append({keys, false});
+    for (const QString& chip : line.chips) parts.append({" " + chip + " ", true});
+    parts.append({"Polarity: " + line.polarity, false});
+    return parts;
+}
+
+static QString joined(const QVector<LinePart>& parts)
+{
+    QStringList texts;
+    for (const LinePart& part : parts) texts += part.text;
+    return texts.join(gap);
+}
+
+/// The parts with the keys that leave room for all that stands behind them; without the keys where none do.
+static QVector<LinePart> fittingParts(const PictureLine& line, const QFontMetrics& metrics, int width)
+{
+    for (const QString& keys : {rangeText(line.firstTrace, line.lastTrace),
+                                rangeText(line.shortFirstTrace, line.shortLastTrace)}) {
+        const QVector<LinePart> parts = partsOf(keys, line);
+        if (metrics.horizontalAdvance(joined(parts)) <= width) return parts;
+    }
+    return partsOf(QString(), line);
+}
+
+QString pictureLineText(const PictureLine& line, const QFontMetrics& metrics, int width)
+{
+    return metrics.elidedText(joined(fittingParts(line, metrics, width)), Qt::ElideRight, width);
+}
+
+QString pictureLineHtml(const PictureLine& line, const QFontMetrics& metrics, int width)
+{
+    const QVector<LinePart> parts = fittingParts(line, metrics, width);
+    const QString whole = joined(parts), cut = metrics.elidedText(whole, Qt::ElideRight, width);
+    QStringList texts;
+    for (const LinePart& part : parts) {
+        const QString text = part.text.toHtmlEscaped();
+        texts += part.isChip ? "<span style=\"background-color:#ffe7a8;color:#000000\">" + text + "</span>" : text;
+    }
+    return "<span style=\"white-space:pre\">" + (cut == whole ? texts.join(gap) : cut.toHtmlEscaped()) + "</span>";
+}
