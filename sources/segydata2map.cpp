@@ -145,7 +145,7 @@ void segyData2::mapWholeHeaders(MapBuild* build, int64_t most, bool* isWanted)
         }
         int64_t nRead = 0;
         for (int part = 0; part < nThreads && nRead == n * part / nThreads; ++part) nRead += nDone[part];
-        for (int64_t i = 0; i < nRead && *isWanted; i += tracesAStep) *isWanted = build->step(int(before + first + i));
+        for (int64_t i = 0; i < nRead && *isWanted; ++i) *isWanted = build->step(int(before + first + i));
         if (nRead == n) continue;
         _map.cut(int(before + first + nRead));
         return;
