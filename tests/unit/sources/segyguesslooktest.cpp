@@ -37,9 +37,9 @@ const std::map<std::string, LookRow> misread = {
     {"odd-headers/stanzas-known-count.sgy", {WithSettings, "the first trace is at byte 13200, not 3600", "3 extended headers: 3600 + 3 x 3200"}},
     {"odd-headers/rotated-small-rev2.sgy", {WithSettings, "trace headers have 480 bytes, not 240", "a naive 240-byte read goes astray"}},
     {"odd-headers/trace-header-extension1.sgy", {WithSettings, "trace headers have 480 bytes, not 240", "480-byte headers"}},
-    {"odd-headers/small-2d.sgy", {WithSettings, "up to 25 traces, but end after 5", "a 2D line of 25 traces; the reel says 5 traces an ensemble"}},
-    {"poststack-2d/small_stack.sgy", {WithSettings, "up to 20 traces, but end after 1", "a stack of CDPs 1000..1019; the reel says 1 trace"}},
-    {"poststack-3d/volve10-migvel-depth-sub3d.sgy", {WithSettings, "up to 52 traces, but end after 1", "18 x 52; the reel says 1 trace"}},
+    {"odd-headers/small-2d.sgy", {WithSettings, "up to 25 traces are cut after 5", "a 2D line of 25 traces; the reel says 5 traces an ensemble"}},
+    {"poststack-2d/small_stack.sgy", {WithSettings, "up to 20 traces are cut after 1", "a stack of CDPs 1000..1019; the reel says 1 trace"}},
+    {"poststack-3d/volve10-migvel-depth-sub3d.sgy", {WithSettings, "up to 52 traces are cut after 1", "18 x 52; the reel says 1 trace"}},
 };
 
 /// What is no SEG-Y file, and what it seems to be.
