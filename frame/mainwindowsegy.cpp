@@ -400,6 +400,7 @@ void MainWindow::segyMenu()
     if (_menu->dotrevia != 0) return openSegyWindow();
     if (!_segy) {
         _segy = new SegyMenuDialog(this, this);
+        connect(_segy, &QDialog::finished, this, [this] { placeLookBar(false); });
         connect(_segy, &QDialog::rejected, this, [this] {
             if (_isFirstMenu && !_segyloader) close();
         });

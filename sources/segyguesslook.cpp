@@ -30,9 +30,10 @@ SegyReading segyReading(SegyLoader* loader, const SegyLoadParm& told)
 
 namespace {
 
+/// Of a file whose own order is this.
 std::string otherOrder(bool isBigEndian)
 {
-    return isBigEndian ? "big-endian, but read as little-endian" : "little-endian, but read as big-endian";
+    return isBigEndian ? "read as little-endian" : "read as big-endian";
 }
 
 /// Codes without a name are read as IEEE.

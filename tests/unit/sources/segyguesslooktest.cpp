@@ -25,12 +25,12 @@ struct LookRow {
 
 /// The files that get a bar; every other .sgy and .segy is right as it opens and must get none.
 const std::map<std::string, LookRow> misread = {
-    {"formats/Format1lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian: format code 256, interval -24561"}},
-    {"formats/Format3lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian"}},
-    {"formats/Format5lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian"}},
-    {"formats/Format8lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian"}},
-    {"poststack-3d/f3-lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian headers and samples"}},
-    {"single-traces/00001034_first_trace.sgy", {WithSettings, "Refused: little-endian", "LITTLE-endian"}},
+    {"formats/Format1lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian: format code 256, interval -24561"}},
+    {"formats/Format3lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian"}},
+    {"formats/Format5lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian"}},
+    {"formats/Format8lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian"}},
+    {"poststack-3d/f3-lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian headers and samples"}},
+    {"single-traces/00001034_first_trace.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "LITTLE-endian"}},
     {"formats/Format6msb.sgy", {WithSettings, "IEEE (8 byte), but read as 1-byte integers", "code 6 of the standard is 8-byte floats, of this reader one-byte integers"}},
     {"formats/Format8msb.sgy", {WithSettings, "1-byte integers, but read as IEEE floats", "code 8 is no code of the told formats, so it is read as 4-byte floats"}},
     {"odd-headers/multi-text.sgy", {WithSettings, "the first trace is at byte 16400, not 3600", "4 extended textual headers: 3600 + 4 x 3200"}},
