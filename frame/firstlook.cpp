@@ -61,10 +61,12 @@ void FirstLook::take(const Found& found)
     if (look.line.empty()) return;
     _found = found;
     // Under a dialog that waits for an answer nothing changes unasked.
-    if (look.hasSettings && _bar->isAlways() && !QApplication::activeModalWidget())
+    if (look.hasSettings && _bar->isAlways() && !QApplication::activeModalWidget()) {
         useUnasked();
-    else
-        _bar->offerSettings(QString::fromStdString(look.line), look.hasSettings);
+        return;
+    }
+    emit offering(found.reading.isOpen);
+    _bar->offerSettings(QString::fromStdString(look.line), look.hasSettings);
 }
 
 /// False when the file was refused with these settings, too.

@@ -37,6 +37,10 @@ public:
     /// Another way to guess, for tests.
     void setGuess(Guess guess) { _guess = std::move(guess); }
 
+signals:
+    /// The bar is going to offer settings. @param isOpen  the file is on the screen, else it was refused
+    void offering(bool isOpen);
+
 private:
     struct Found {
         QString path;

@@ -86,7 +86,7 @@ void FirstLookBar::say()
     if (isOfFile)
         _textLabel->setText(_line);
     else if (isOfDensity)
-        _textLabel->setText(tr("More traces than pixels: wiggles run together. Colours show them all."));
+        _textLabel->setText(tr("More traces than pixels: colours show them all."));
     _useButton->setVisible(isOfFile && _hasSettings && !_isUsed);
     _detailsButton->setVisible(isOfFile);
     _alwaysBox->setVisible(isOfFile && _hasSettings);

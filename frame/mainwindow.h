@@ -186,6 +186,7 @@ private:
     void makeAssumptionsPanel();
     void showAssumptions();
     void makeFirstLook();
+    void placeLookBar(bool isInMenu);
     void tellDensity();
     void openSegy(const QString& name);
     void openSegyWindow();

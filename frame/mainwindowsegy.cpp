@@ -117,13 +117,6 @@ static void keepFileName(const QString& files)
     writeRecentFiles(&settings, withRecentFile(readRecentFiles(&settings), QFileInfo(files).absoluteFilePath()));
 }
 
-static void tellRefused(QWidget* parent, const QString& files)
-{
-    QMessageBox box(QMessageBox::Critical, "SEGY Load Error", "Error while open or read from file: " + files, QMessageBox::Ok, parent);
-    box.setInformativeText("\"Guess Settings\" in the SEG-Y Menu looks at the file and fills in what reads it.");
-    box.exec();
-}
-
 int MainWindow::loadSegyFile(const SegyLoadParm& parm)
 {
     WaitCursor wait;
@@ -138,7 +131,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     if (!loader->openFiles() || !loader->buildAskedIndex() || !loader->loadNextEnsemble(1)) {
         _progress->close();
         QGuiApplication::restoreOverrideCursor();
-        tellRefused(this, parm.files);
+        _report->box("SEGY Load Error", ("Error while open or read from file: " + parm.files).toStdString());
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         _firstLook->look(loader->currentFile(), parm, segyReading(nullptr, parm));
         return 0;
@@ -411,6 +404,7 @@ void MainWindow::segyMenu()
     if (_menu->dotrevia != 0) return openSegyWindow();
     if (!_segy) {
         _segy = new SegyMenuDialog(this, this);
+        connect(_segy, &QDialog::finished, this, [this] { placeLookBar(false); });
         connect(_segy, &QDialog::rejected, this, [this] {
             if (_isFirstMenu && !_segyloader) close();
         });

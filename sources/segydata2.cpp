@@ -359,7 +359,7 @@ int segyData2::readVariable(char* record)
 
 void segyData2::convertTrace(char* record, int nRead)
 {
-    if (doRemap) std::memcpy(_segyHeader.data(), record, segyTraceHeaderBytes);
+    std::memcpy(_segyHeader.data(), record, segyTraceHeaderBytes);
     int count = _nSamples;
     if (nRead < segytrclength) count = std::max(0, (nRead - _parm.layout.headerBytes) / nbytes);
     char* samples = record + segyTraceHeaderBytes;

@@ -112,7 +112,7 @@ public:
     /// Name of the slot of a key number, padded to eight characters; empty for a number that has none.
     static QString getHeaderName(int key);
 
-    /// The 240 bytes of the last trace header in file order; kept while remapping is on.
+    /// The 240 bytes of the trace header that was read last, in file order.
     int* segyRawHeader() { return _segyHeader.data(); }
     /// Largest trace data that a trace of variable length may tell.
     int maxBytes() const { return _maxBytes; }

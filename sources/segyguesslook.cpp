@@ -30,9 +30,10 @@ SegyReading segyReading(SegyLoader* loader, const SegyLoadParm& told)
 
 namespace {
 
+/// Of a file whose own order is this.
 std::string otherOrder(bool isBigEndian)
 {
-    return isBigEndian ? "big-endian, but read as little-endian" : "little-endian, but read as big-endian";
+    return isBigEndian ? "read as little-endian" : "read as big-endian";
 }
 
 /// Codes without a name are read as IEEE.
@@ -96,7 +97,7 @@ std::vector<std::string> misreadEnsembles(const SegyGuess& guess, const SegyLoad
     const int reelSort = guess.search.claims[found.isBigEndian].sort;
     if (longest < 2) return {};
     if (told.maxtr < 1 && reading.nTraces >= reading.maxTraces && longest > reading.maxTraces)
-        return {formatted("ensembles have up to %lld traces, but end after %d for want of room", longest, reading.maxTraces)};
+        return {formatted("ensembles of up to %lld traces are cut after %d", longest, reading.maxTraces)};
     if (told.isort < 1 && reading.nTraces == 1 && isOtherSort(guess, reading, reelSort))
         return {formatted("ensembles have up to %lld traces by \"%s\", not one", longest,
                           guess.parm.isort > 0 ? segySortNames()[guess.parm.isort - 1].toUtf8().constData() : "the reel's sort")};

@@ -25,12 +25,12 @@
 static const struct {
     const char* label;
     const char* tip;
-    QString (*build)(const void*);
+    QString (*build)(const void* bytes, bool isBigEndian); // of the bytes in the file
 } views[] = {
-    {"Standard", "The SEG-Y fields with their names", buildStandardHeader},
-    {"Short", "Each 2 bytes as an integer, in both byte orders", buildShortHeader},
-    {"Integer", "Each 4 bytes as an integer, in both byte orders", buildIntegerHeader},
-    {"Float", "Each 4 bytes as IEEE and IBM floating point, in both byte orders", buildFloatHeader},
+    {"Standard", "The SEG-Y fields with their names", nullptr},
+    {"Short", "Each 2 bytes as an integer, in the file's byte order and in the other", buildShortHeader},
+    {"Integer", "Each 4 bytes as an integer, in the file's byte order and in the other", buildIntegerHeader},
+    {"Float", "Each 4 bytes as IEEE and IBM floating point, in the file's byte order and in the other", buildFloatHeader},
     {"Ascii", "Each byte as a character", buildAsciiHeader},
     {"Varying", "The bytes of all headers, ranked by how they behave over the file", nullptr},
 };
@@ -41,6 +41,12 @@ static QStringList headerWordNames(SegyLoader* loader)
     QStringList names;
     for (const QString& row : loader->segyHeader()->headerNames()) names += row.section("|", 0, 0);
     return names;
+}
+
+/// The byte order of the file, as it is being read.
+static bool isBigEndian(const segyData2& data)
+{
+    return (data.parm().iswap != 0) == littleEndian();
 }
 
 /// Headers through a descriptor of their own, so that the next ensemble is read from where it was.
@@ -55,7 +61,7 @@ static int readSample(SegyLoader* loader, SegyHeaderSample* sample, std::string*
         if (items[i].itrace < uint32_t(nTraces)) offsetOfRank[items[i].itrace] = int64_t(items[i].offset);
     std::vector<int64_t> ranks = sampledRanks(nTraces), offsets;
     for (int64_t rank : ranks) offsets.push_back(offsetOfRank[size_t(rank)]);
-    sample->isBigEndian = (loader->SegyData()->parm().iswap != 0) == littleEndian();
+    sample->isBigEndian = isBigEndian(*loader->SegyData());
     sample->nTraces = nTraces;
     return readSegyHeaders(source, ranks, offsets, sample, error);
 }
@@ -165,7 +171,9 @@ void SegyHeaderMenu::loadHeader()
     // The same field stays in view from trace to trace.
     QScrollBar* bar = _textEdit->verticalScrollBar();
     const int at = bar->value();
-    _textEdit->setPlainText(views[_method].build(_idata.data()));
+    segyData2* data = _segyloader->SegyData();
+    const auto build = views[_method].build;
+    _textEdit->setPlainText(build ? build(data->segyRawHeader(), isBigEndian(*data)) : buildStandardHeader(_idata.data()));
     bar->setValue(at);
 }
 

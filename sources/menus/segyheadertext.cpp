@@ -120,6 +120,14 @@ static T swapped(T value)
     return value;
 }
 
+/// Of bytes in a file's order.
+template <class T>
+static T fileValueAt(const void* bytes, int byte, bool isBigEndian)
+{
+    const T value = valueAt<T>(bytes, byte);
+    return isBigEndian == littleEndian() ? swapped(value) : value;
+}
+
 static QString number(float value)
 {
     return QString::number(double(value), 'g', 7);
@@ -156,11 +164,11 @@ QString buildStandardHeader(const void* header)
     return lines.join('\n');
 }
 
-QString buildShortHeader(const void* header)
+QString buildShortHeader(const void* bytes, bool isBigEndian)
 {
     QStringList lines(line("Byte", {"Short", "uShort", "Short(swap)", "uShort(swap)"}));
     for (int byte = 0; byte < segyTraceHeaderBytes; byte += 2) {
-        const auto word = valueAt<uint16_t>(header, byte);
+        const auto word = fileValueAt<uint16_t>(bytes, byte, isBigEndian);
         const uint16_t other = swapped(word);
         lines += line(QString::number(byte + 1), {QString::number(int16_t(word)), QString::number(word),
                                                   QString::number(int16_t(other)), QString::number(other)});
@@ -168,11 +176,11 @@ QString buildShortHeader(const void* header)
     return lines.join('\n');
 }
 
-QString buildIntegerHeader(const void* header)
+QString buildIntegerHeader(const void* bytes, bool isBigEndian)
 {
     QStringList lines(line("Byte", {"Integer", "uInteger", "Integer(swap)", "uInteger(swap)"}));
     for (int byte = 0; byte < segyTraceHeaderBytes; byte += 4) {
-        const auto word = valueAt<uint32_t>(header, byte);
+        const auto word = fileValueAt<uint32_t>(bytes, byte, isBigEndian);
         const uint32_t other = swapped(word);
         lines += line(QString::number(byte + 1), {QString::number(int32_t(word)), QString::number(word),
                                                   QString::number(int32_t(other)), QString::number(other)});
@@ -180,11 +188,11 @@ QString buildIntegerHeader(const void* header)
     return lines.join('\n');
 }
 
-QString buildFloatHeader(const void* header)
+QString buildFloatHeader(const void* bytes, bool isBigEndian)
 {
     QStringList lines(line("Byte", {"IEEE", "IBM", "IEEE(swap)", "IBM(swap)"}));
     for (int byte = 0; byte < segyTraceHeaderBytes; byte += 4) {
-        const auto word = valueAt<uint32_t>(header, byte);
+        const auto word = fileValueAt<uint32_t>(bytes, byte, isBigEndian);
         const uint32_t other = swapped(word);
         lines += line(QString::number(byte + 1),
                       {number(ieee(word)), number(ibm(word)), number(ieee(other)), number(ibm(other))});
@@ -192,11 +200,11 @@ QString buildFloatHeader(const void* header)
     return lines.join('\n');
 }
 
-QString buildAsciiHeader(const void* header)
+QString buildAsciiHeader(const void* bytes, bool)
 {
     QStringList lines("Byte  Ascii");
     for (int byte = 0; byte < segyTraceHeaderBytes; ++byte) {
-        const auto c = valueAt<unsigned char>(header, byte);
+        const auto c = valueAt<unsigned char>(bytes, byte);
         const bool isShown = c >= 0x20 && c < 0x7f;
         lines += QString::number(byte + 1).rightJustified(4) + "  " + (isShown ? QChar(c) : QChar('.'));
     }

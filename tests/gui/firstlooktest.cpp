@@ -27,6 +27,7 @@ private slots:
     void init();
     void aRightFileGetsNoBar();
     void aRefusedLittleEndianFileOpensByOnePress();
+    void theBarOfARefusedFileIsInTheMenuThatCoversTheScreens();
     void aStackCutByTheReelsRoomOpensWhole();
     void notNowLeavesAllAsItIs();
     void detailsShowTheFactsAndChangeNothing();
@@ -120,9 +121,10 @@ void FirstLookTest::aRefusedLittleEndianFileOpensByOnePress()
     NEEDS_TEST_DATA();
     Looked fixture;
     QCOMPARE(fixture.openAnswered(dataFile("formats/Format1lsb.sgy")), 0);
-    QVERIFY(fixture.texts.join(" ").contains("Guess Settings"));
+    QCOMPARE(fixture.texts.size(), 2);  // the reel, and the load
+    for (const QString& text : fixture.texts) QVERIFY(text.contains("\"Guess Settings\""));
     QTRY_VERIFY(fixture.bar->isVisible());
-    QCOMPARE(fixture.text(), QString("Format1lsb.sgy: 414 traces of 75 samples, little-endian. Refused: little-endian, but read as big-endian."));
+    QCOMPARE(fixture.text(), QString("Format1lsb.sgy: 414 traces of 75 samples, little-endian. Refused: read as big-endian."));
     QCOMPARE(fixture.traces(), 0);  // nothing by itself
     fixture.press("useButton");
     QCOMPARE(fixture.traces(), 18);  // the first of 23 inlines
@@ -132,6 +134,37 @@ void FirstLookTest::aRefusedLittleEndianFileOpensByOnePress()
     QVERIFY(!fixture.bar->isVisible());
 }
 
+void FirstLookTest::theBarOfARefusedFileIsInTheMenuThatCoversTheScreens()
+{
+    NEEDS_TEST_DATA();
+    Looked fixture;
+    QVERIFY(qstrcpy(fixture.menu->cfile, qPrintable(dataFile("formats/Format5lsb.sgy"))));
+    {
+        ModalAnswer answer([](QDialog* box) {
+            if (qobject_cast<QMessageBox*>(box)) box->accept();
+        });
+        fixture.window->showSegyMenu(true, false);
+    }
+    auto* menu = fixture.window->findChild<QDialog*>("SegyMenuDialog");
+    QVERIFY(menu && menu->isVisible());
+    QTRY_VERIFY(fixture.bar->isVisible());
+    QCOMPARE(fixture.bar->window(), menu);
+    fixture.press("useButton");
+    QCOMPARE(fixture.traces(), 18);
+    QVERIFY(!menu->isVisible());
+    QVERIFY(fixture.window->isVisible());
+    QCOMPARE(fixture.bar->window(), fixture.window.get());
+    QVERIFY(!fixture.bar->isVisible());
+    // Dismissing the menu brings the bar above the picture.
+    fixture.openAnswered(dataFile("formats/Format8lsb.sgy"));
+    fixture.window->segyMenu();
+    QTRY_VERIFY(fixture.bar->isVisible());
+    menu->reject();
+    QCOMPARE(fixture.bar->window(), fixture.window.get());
+    QVERIFY(fixture.bar->isVisible());
+    QCOMPARE(fixture.traces(), 18);
+}
+
 void FirstLookTest::aStackCutByTheReelsRoomOpensWhole()
 {
     NEEDS_TEST_DATA();
@@ -139,7 +172,7 @@ void FirstLookTest::aStackCutByTheReelsRoomOpensWhole()
     QCOMPARE(fixture.open(dataFile("poststack-2d/small_stack.sgy")), 1);
     QCOMPARE(fixture.traces(), 1);
     QTRY_VERIFY(fixture.bar->isVisible());
-    QVERIFY2(fixture.text().contains("up to 20 traces, but end after 1"), qPrintable(fixture.text()));
+    QVERIFY2(fixture.text().contains("up to 20 traces are cut after 1"), qPrintable(fixture.text()));
     fixture.press("useButton");
     QCOMPARE(fixture.traces(), 20);
 }

@@ -560,11 +560,11 @@ void MainWindowTest::theWindowComesBackWithItsPanels()
     {
         WindowFixture fixture;
         fixture.window->findChild<QAction*>("assumedAct")->trigger();
-        fixture.window->resize(977, 855);
+        fixture.window->resize(701, 557);
         fixture.window->close();
     }
     WindowFixture fixture;
-    QCOMPARE(fixture.window->size(), QSize(977, 855));
+    QCOMPARE(fixture.window->size(), QSize(701, 557));
     QVERIFY(fixture.window->assumptionsPanel()->isVisible());
     fixture.window->findChild<QAction*>("assumedAct")->trigger();
     fixture.window->close();

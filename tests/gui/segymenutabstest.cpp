@@ -2,6 +2,7 @@
 #include "sources/menus/segyebcdicmenu.h"
 #include "sources/menus/segyheadertext.h"
 #include "tests/gui/segymenufixture.h"
+#include "tests/unit/sources/segybuilder.h"
 
 #include <QLabel>
 #include <QRadioButton>
@@ -30,6 +31,7 @@ private slots:
     void readingATraceHeaderKeepsTheNextEnsemble();
     void theFiveViewsShowTheSameBytes();
     void theViewsOfAHeaderHaveTheToldColumns();
+    void theByteViewsShowTheBytesOfTheFile();
     void theStandardViewHasEightySevenLabels();
 
 private:
@@ -244,7 +246,6 @@ void SegyMenuTabsTest::theFiveViewsShowTheSameBytes()
 
 void SegyMenuTabsTest::theViewsOfAHeaderHaveTheToldColumns()
 {
-    if (!littleEndian()) QSKIP("the bytes below are those of the other order");
     unsigned char header[240] = {};
     const unsigned char bytes[] = {0xff, 0xfe, 0x02, 0x01, 0x00, 0x00, 0x10, 0x41, 'A', 'z', '~', 0x7f};
     std::memcpy(header, bytes, sizeof bytes);
@@ -254,21 +255,64 @@ void SegyMenuTabsTest::theViewsOfAHeaderHaveTheToldColumns()
         return list;
     };
     // 0xfeff and the reverse, 0xfffe.
-    QCOMPARE(rows(buildShortHeader(header))[1], QStringList({"1", "-257", "65279", "-2", "65534"}));
-    QCOMPARE(rows(buildShortHeader(header))[2], QStringList({"3", "258", "258", "513", "513"}));
+    QCOMPARE(rows(buildShortHeader(header, false))[1], QStringList({"1", "-257", "65279", "-2", "65534"}));
+    QCOMPARE(rows(buildShortHeader(header, false))[2], QStringList({"3", "258", "258", "513", "513"}));
+    QCOMPARE(rows(buildShortHeader(header, true))[1], QStringList({"1", "-2", "65534", "-257", "65279"}));
     // 0x0102feff and the reverse, 0xfffe0201.
-    QCOMPARE(rows(buildIntegerHeader(header))[1], QStringList({"1", "16973567", "16973567", "-130559", "4294836737"}));
+    QCOMPARE(rows(buildIntegerHeader(header, false))[1], QStringList({"1", "16973567", "16973567", "-130559", "4294836737"}));
+    QCOMPARE(rows(buildIntegerHeader(header, true))[1], QStringList({"1", "-130559", "4294836737", "16973567", "16973567"}));
     // 0x41100000: 9.0 as IEEE, 1.0 as IBM; the reverse is 0x00001041, a denormal: 4161 times 2 to the -149.
-    const QStringList floats = rows(buildFloatHeader(header))[2];
+    const QStringList floats = rows(buildFloatHeader(header, false))[2];
     QCOMPARE(floats.mid(0, 3), QStringList({"5", "9", "1"}));
     QVERIFY(std::fabs(floats[3].toDouble() / std::ldexp(4161.0, -149) - 1.0) < 1e-6);
-    const QStringList ascii = buildAsciiHeader(header).split('\n');
+    const QStringList otherFloats = rows(buildFloatHeader(header, true))[2];
+    QCOMPARE(otherFloats.mid(3, 2), QStringList({"9", "1"}));
+    const QStringList ascii = buildAsciiHeader(header, false).split('\n');
     QCOMPARE(ascii[1], QString("   1  ."));
     QCOMPARE(ascii[9], QString("   9  A"));
     QCOMPARE(ascii[10], QString("  10  z"));
     QCOMPARE(ascii[11], QString("  11  ~"));
     QCOMPARE(ascii[12], QString("  12  ."));
     QCOMPARE(ascii[240], QString(" 240  ."));
+}
+
+/// The shapes that a reader sees of known bytes, in a file of either order.
+void SegyMenuTabsTest::theByteViewsShowTheBytesOfTheFile()
+{
+    for (const bool isBigEndian : {true, false}) {
+        SegyBuilder file(2, 5, isBigEndian);
+        for (int i = 0; i < 2; ++i) {
+            file.addTrace<float>({1.0f, 2.0f});
+            file.setHeader<int32_t>(size_t(i), 8, 7);
+            file.setHeader<int32_t>(size_t(i), 20, 0x00010002);  // halves of 1 and 2, highest first
+            file.setHeader<int16_t>(size_t(i), 28, 1);
+            file.setHeader<float>(size_t(i), 228, 1.5f);  // behind the fields that have names
+        }
+        for (int i = 0; i < 2; ++i) std::memcpy(file.bytes.data() + file.traceStarts[size_t(i)] + 232, "ABCD", 4);
+        std::memcpy(file.bytes.data() + file.traceStarts[0] + 36, "EFGH", 4);  // in a field of 4 bytes
+        MenuFixture menu;
+        menu.box("typeBox")->setCurrentIndex(isBigEndian ? 0 : 1);
+        menu.open(QString::fromStdString(file.save((_folder.path() + "/bytes.sgy").toStdString())), 1);
+        menu.showTab(3);
+        const auto row = [&menu](int view, int byte, int width) {
+            menu.find<QRadioButton>(qPrintable(QString("radio%1").arg(view + 1)))->click();
+            return menu.text("segyheadermenu")->toPlainText().split('\n')[(byte - 1) / width + 1].simplified().split(' ');
+        };
+        // In the file's order the halves stand highest first, or lowest first; 256 and 512 are 1 and 2 turned over.
+        const QStringList high{"1", "1", "256", "256"}, low{"2", "2", "512", "512"};
+        QCOMPARE(row(1, 21, 2), QStringList{"21"} + (isBigEndian ? high : low));
+        QCOMPARE(row(1, 23, 2), QStringList{"23"} + (isBigEndian ? low : high));
+        QCOMPARE(row(2, 21, 4), QStringList({"21", "65538", "65538", "33554688", "33554688"}));  // 0x02000100
+        QCOMPARE(row(2, 9, 4).mid(0, 2), QStringList({"9", "7"}));
+        QCOMPARE(row(3, 229, 4).mid(0, 2), QStringList({"229", "1.5"}));
+        for (int i = 0; i < 4; ++i) {
+            QCOMPARE(row(4, 233 + i, 1), QStringList({QString::number(233 + i), QString("ABCD"[i])}));
+            QCOMPARE(row(4, 37 + i, 1), QStringList({QString::number(37 + i), QString("EFGH"[i])}));
+        }
+        // The named fields stay in machine order.
+        menu.find<QRadioButton>("radio1")->click();
+        QVERIFY(menu.text("segyheadermenu")->toPlainText().split('\n')[5].endsWith(" 65538"));
+    }
 }
 
 void SegyMenuTabsTest::theStandardViewHasEightySevenLabels()

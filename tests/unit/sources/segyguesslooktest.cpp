@@ -25,21 +25,21 @@ struct LookRow {
 
 /// The files that get a bar; every other .sgy and .segy is right as it opens and must get none.
 const std::map<std::string, LookRow> misread = {
-    {"formats/Format1lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian: format code 256, interval -24561"}},
-    {"formats/Format3lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian"}},
-    {"formats/Format5lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian"}},
-    {"formats/Format8lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian"}},
-    {"poststack-3d/f3-lsb.sgy", {WithSettings, "Refused: little-endian", "little-endian headers and samples"}},
-    {"single-traces/00001034_first_trace.sgy", {WithSettings, "Refused: little-endian", "LITTLE-endian"}},
+    {"formats/Format1lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian: format code 256, interval -24561"}},
+    {"formats/Format3lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian"}},
+    {"formats/Format5lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian"}},
+    {"formats/Format8lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian"}},
+    {"poststack-3d/f3-lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian headers and samples"}},
+    {"single-traces/00001034_first_trace.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "LITTLE-endian"}},
     {"formats/Format6msb.sgy", {WithSettings, "IEEE (8 byte), but read as 1-byte integers", "code 6 of the standard is 8-byte floats, of this reader one-byte integers"}},
     {"formats/Format8msb.sgy", {WithSettings, "1-byte integers, but read as IEEE floats", "code 8 is no code of the told formats, so it is read as 4-byte floats"}},
     {"odd-headers/multi-text.sgy", {WithSettings, "the first trace is at byte 16400, not 3600", "4 extended textual headers: 3600 + 4 x 3200"}},
     {"odd-headers/stanzas-known-count.sgy", {WithSettings, "the first trace is at byte 13200, not 3600", "3 extended headers: 3600 + 3 x 3200"}},
     {"odd-headers/rotated-small-rev2.sgy", {WithSettings, "trace headers have 480 bytes, not 240", "a naive 240-byte read goes astray"}},
     {"odd-headers/trace-header-extension1.sgy", {WithSettings, "trace headers have 480 bytes, not 240", "480-byte headers"}},
-    {"odd-headers/small-2d.sgy", {WithSettings, "up to 25 traces, but end after 5", "a 2D line of 25 traces; the reel says 5 traces an ensemble"}},
-    {"poststack-2d/small_stack.sgy", {WithSettings, "up to 20 traces, but end after 1", "a stack of CDPs 1000..1019; the reel says 1 trace"}},
-    {"poststack-3d/volve10-migvel-depth-sub3d.sgy", {WithSettings, "up to 52 traces, but end after 1", "18 x 52; the reel says 1 trace"}},
+    {"odd-headers/small-2d.sgy", {WithSettings, "up to 25 traces are cut after 5", "a 2D line of 25 traces; the reel says 5 traces an ensemble"}},
+    {"poststack-2d/small_stack.sgy", {WithSettings, "up to 20 traces are cut after 1", "a stack of CDPs 1000..1019; the reel says 1 trace"}},
+    {"poststack-3d/volve10-migvel-depth-sub3d.sgy", {WithSettings, "up to 52 traces are cut after 1", "18 x 52; the reel says 1 trace"}},
 };
 
 /// What is no SEG-Y file, and what it seems to be.
