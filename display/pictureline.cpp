@@ -28,7 +28,7 @@ QStringList pictureChips(const SeismicPlot& plot, const QString& overlayRecord)
     const double db = std::round(double(plot.gain()) * 100.0) / 100.0;
     if (db != 0.0) chips += gainText(db);
     if (!overlayRecord.isEmpty()) chips += "Overlay " + overlayRecord;
-    if (plot.plotDirection() == RightToLeft) chips += "Reversed";
+    if (plot.plotDirection() == RightToLeft) chips += "Traces reversed";
     return chips;
 }
 
@@ -73,7 +73,7 @@ static QVector<LinePart> partsOf(const QString& keys, const PictureLine& line)
     QVector<LinePart> parts;
     if (!keys.isEmpty()) parts.append({keys, false});
     for (const QString& chip : line.chips) parts.append({" " + chip + " ", true});
-    parts.append({"Polarity: " + line.polarity, false});
+    if (!line.polarity.isEmpty()) parts.append({"Polarity: " + line.polarity, false});
     return parts;
 }
 
@@ -84,15 +84,17 @@ static QString joined(const QVector<LinePart>& parts)
     return texts.join(gap);
 }
 
-/// The parts with the keys that leave room for all that stands behind them; without the keys where none do.
+/// The fullest choice of parts that has room; the last one where none has.
 static QVector<LinePart> fittingParts(const PictureLine& line, const QFontMetrics& metrics, int width)
 {
-    for (const QString& keys : {rangeText(line.firstTrace, line.lastTrace),
-                                rangeText(line.shortFirstTrace, line.shortLastTrace)}) {
-        const QVector<LinePart> parts = partsOf(keys, line);
+    const QString values = rangeText(line.shortFirstTrace, line.shortLastTrace);
+    PictureLine known = line;  // that nothing is known of the polarity can be left out first
+    if (!line.isPolarityTold) known.polarity.clear();
+    const QVector<LinePart> choices[] = {partsOf(rangeText(line.firstTrace, line.lastTrace), line),
+                                         partsOf(values, line), partsOf(values, known), partsOf(QString(), known)};
+    for (const QVector<LinePart>& parts : choices)
         if (metrics.horizontalAdvance(joined(parts)) <= width) return parts;
-    }
-    return partsOf(QString(), line);
+    return choices[3];
 }
 
 QString pictureLineText(const PictureLine& line, const QFontMetrics& metrics, int width)

@@ -15,6 +15,7 @@ struct PictureLine {
     QString shortFirstTrace, shortLastTrace;  ///< "7, 101"
     QStringList chips;
     QString polarity;
+    bool isPolarityTold = false;  ///< else the line does without it where there is no room
 };
 
 /// What a plot does beyond showing its samples as they are, a text each; empty if nothing.
@@ -33,7 +34,7 @@ struct TraceRange {
 TraceRange tracesInView(double left, double right, int n);
 
 /// The line as plain text; the fullest one that is at most `width` pixels wide: first the names of the keys are left
-/// out, then the keys; what is still too long is cut.
+/// out, then an unknown polarity, then the keys; what is still too long is cut.
 QString pictureLineText(const PictureLine& line, const QFontMetrics& metrics, int width);
 /// The same with the chips set off by a ground of their own.
 QString pictureLineHtml(const PictureLine& line, const QFontMetrics& metrics, int width);

@@ -21,6 +21,8 @@
 #include <QStatusBar>
 #include <qwt_plot_grid.h>
 #include <qwt_plot_layout.h>
+#include <qwt_scale_div.h>
+#include <qwt_text.h>
 
 #include <algorithm>
 #include <cmath>
@@ -60,6 +62,8 @@ void SeismicDisplay::makeAxes(bool enableLeft, bool enableRight)
     setAxisScaleDraw(xTop, _recordaxis);
     setAxisScaleDraw(yLeft, _seismicaxisl);
     setAxisScaleDraw(yRight, _seismicaxisr);
+    const double labelHeight = QwtText("0").textSize(axisFont(xTop)).height();
+    _recordaxis->setMinimumExtent(_recordaxis->tickLength(QwtScaleDiv::MajorTick) + _recordaxis->spacing() + labelHeight);
     enableAxis(xTop, true);
     enableAxis(xBottom, false);
     enableVerticalAxis(enableLeft, enableRight);

@@ -268,6 +268,7 @@ private:
     void limitPan();
     void showImageAgain();
     void showPictureLine();
+    void forgetTitle();
     bool trackImage(QEvent* event);
     void setWholeAxes();
     void afterFirstLayout();

@@ -62,7 +62,17 @@ void SeismicDisplay::clearData()
         _overlayplot->setDataLoaded(false);
         _overlaydata->clear();
     }
+    forgetTitle();
     rePlot();
+}
+
+/// Nothing of a former ensemble stays beside an empty canvas, which keeps its size.
+void SeismicDisplay::forgetTitle()
+{
+    MyQwtPlot::setAxisTitle(xTop, " ");
+    _recordaxis->setAxisArray(nullptr, 0, 'I');
+    _recordaxis->setName(QString(), 0.0);
+    relayAxes();
 }
 
 void SeismicDisplay::replot()
@@ -99,6 +109,7 @@ void SeismicDisplay::showPictureLine()
         }
         line.chips = pictureChips(*_seismicplot, overlayRecord());
         line.polarity = polarityText(_polarity);
+        line.isPolarityTold = _polarity.sense != Polarity::Unknown;
         shown = pictureLineHtml(line, metrics, canvas()->width());
         whole = pictureLineText(line, metrics, QWIDGETSIZE_MAX);
     }

@@ -87,8 +87,13 @@ void PictureLineTest::theLineFitsItsWidth()
     const QString shorter = pictureLineText(line, metrics, width - 1);
     QVERIFY(shorter.startsWith("7, 101  to  7, 120") && shorter.contains("Reversed"));
     const int shortWidth = metrics.horizontalAdvance(shorter);
-    const QString bare = pictureLineText(line, metrics, shortWidth - 1);
-    QVERIFY(bare.trimmed().startsWith("AGC 500 ms") && bare.endsWith("unknown"));
+    const QString known = pictureLineText(line, metrics, shortWidth - 1);
+    QVERIFY(known.startsWith("7, 101  to  7, 120") && known.trimmed().endsWith("Reversed"));
+    line.polarity = "normal (SEG)";
+    line.isPolarityTold = true;  // it stays, and the keys go
+    const QString told = pictureLineText(line, metrics, metrics.horizontalAdvance(known));
+    QVERIFY2(told.trimmed().startsWith("AGC 500 ms"), qPrintable(told));
+    QVERIFY(pictureLineText(line, metrics, 10000).endsWith("Reversed    Polarity: normal (SEG)"));
     QVERIFY(metrics.horizontalAdvance(pictureLineText(line, metrics, 60)) <= 60);
     // Chips have a ground of their own, keys have none; a name may hold anything.
     line.chips = QStringList{"<b>"};
@@ -107,8 +112,17 @@ void PictureLineTest::theLineTellsTheTracesInViewAndFollowsTheZoom()
     QVERIFY(fixture[0]->footer().text().contains("105"));
     fixture[0]->resetZoom(-1);
     QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 101 "), qPrintable(lineOf(fixture[0])));
+    settle();
+    const QRect canvas = fixture[0]->canvas()->geometry();
     fixture[0]->clearData();
+    settle();
     QCOMPARE(lineOf(fixture[0]), QString());
+    // nor does anything else of the ensemble stay, and displays side by side keep their times in line
+    QCOMPARE(fixture[0]->axisTitle(QwtPlot::xTop).text().trimmed(), QString());
+    QCOMPARE(fixture[0]->recordAxis()->name(), QString());
+    QVERIFY(fixture[0]->recordAxis()->labelledSteps(fixture[0]->axisFont(QwtPlot::xTop)).empty());
+    QCOMPARE(fixture[0]->canvas()->geometry().top(), canvas.top());
+    QCOMPARE(fixture[0]->canvas()->height(), canvas.height());
 }
 
 void PictureLineTest::theLineFollowsTheDirection()
@@ -119,7 +133,7 @@ void PictureLineTest::theLineFollowsTheDirection()
     fixture[0]->setPlotDirection(RightToLeft);
     fixture[0]->rebuildPlot();
     QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 120  to  FFID 7, CHAN 101 "), qPrintable(lineOf(fixture[0])));
-    QVERIFY(lineOf(fixture[0]).contains(" Reversed "));
+    QVERIFY(lineOf(fixture[0]).contains(" Traces reversed "));
 }
 
 void PictureLineTest::chipsStandWhileTheirThingIsOnOnly()
