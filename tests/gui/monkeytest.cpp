@@ -124,21 +124,26 @@ class Dismisser : public QObject
 public:
     explicit Dismisser(const QPointer<QWidget>& target)
     {
-        connect(&_timer, &QTimer::timeout, this, [&target] {
+        connect(&_timer, &QTimer::timeout, this, [this, &target] {
             QDrag::cancel();
             if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
             QWidget* modal = QApplication::activeModalWidget();
             if (!modal || modal == target) return;
+            nFileDialogs += qobject_cast<QFileDialog*>(modal) != nullptr;
             if (auto* box = qobject_cast<QMessageBox*>(modal)) box->done(QMessageBox::Cancel);
             else if (auto* dialog = qobject_cast<QDialog*>(modal)) dialog->reject();
             else modal->close();
         });
         _timer.start(1);
     }
+    int nFileDialogs = 0;
 
 private:
     QTimer _timer;
 };
+
+/// Each kind of file dialog has come up often enough by then.
+constexpr int mostFileDialogs = 40;
 
 /// A main window of two screens and a difference, on the first of two files.
 class Monkey
@@ -161,7 +166,7 @@ public:
         QObject::connect(window.get(), &MainWindow::fileShown, [this] {
             for (SeismicDisplay* display : window->displayList()) _sums[display] = checksum(display->seismicData());
         });
-        window->resize(1000, 700);
+        window->resize(500, 400);  // enough for all that is in it
         window->show();
         window->activateWindow();
         load(0);
@@ -177,8 +182,10 @@ public:
             if (!_target->isVisible()) _target->show();
             sendOne();
             while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
-            while (window->segyLoader()->isIndexBuilding()) QTest::qWait(1);
-            if (i % 5 == 4) QApplication::processEvents();
+            while (window->segyLoader()->isIndexBuilding())
+                QSignalSpy(window->segyLoader(), &SegyLoader::indexBuildEnded).wait(100);
+            if (dismisser.nFileDialogs >= mostFileDialogs) endFileDialogs();
+            if (i % 10 == 9) QApplication::processEvents();  // most of the time goes into paints
             if (i % 100 < 99) continue;
             closeStrayWindows();
             const QString broken = brokenInvariant();
@@ -206,6 +213,7 @@ private:
     void sendKey(QWidget* widget);
     void sendText(QWidget* widget);
     void resizeTarget();
+    void endFileDialogs();
     void useWindow();
     void closeStrayWindows();
     QString brokenInvariant();
@@ -327,8 +335,19 @@ void Monkey::sendText(QWidget* widget)
 
 void Monkey::resizeTarget()
 {
-    const bool isTiny = pick(3) == 0;
-    _target->resize(1 + pick(isTiny ? 60 : 1200), 1 + pick(isTiny ? 40 : 900));
+    const int kind = pick(12);
+    const QSize most = kind < 4 ? QSize(60, 40) : kind < 11 ? QSize(600, 450) : QSize(1200, 900);
+    _target->resize(1 + pick(most.width()), 1 + pick(most.height()));
+}
+
+/// From now on nothing opens one: half of the time would go into making dialogs that aren't ours.
+void Monkey::endFileDialogs()
+{
+    for (const char* name : {"pdfAct", "imageAct", "screenAct", "sectionAct", "openAct"}) action(name)->setEnabled(false);
+    for (QWidget* root : {static_cast<QWidget*>(window.get()), static_cast<QWidget*>(_target)})
+        for (const char* name : {"browseButton", "fileButton", "loadButton", "saveButton"})
+            for (auto* button : root->findChildren<QPushButton*>(name))
+                if (button->isEnabled() && !button->parentWidget()->inherits("ColorBarDialog")) button->setEnabled(false);
 }
 
 void Monkey::useWindow()
