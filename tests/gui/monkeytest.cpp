@@ -468,6 +468,16 @@ void MonkeyTest::mainWindow()
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
 
+/// A dialog of the window, asked for again when it isn't in view: to raise it at every event would paint all windows anew.
+template <typename Dialog>
+static Dialog* shown(MainWindow* window, const char* name, void (MainWindow::*ask)())
+{
+    auto* dialog = window->findChild<Dialog*>(name);
+    if (dialog && dialog->isVisible()) return dialog;
+    (window->*ask)();
+    return window->findChild<Dialog*>(name);
+}
+
 /// The dialog with that tab in view, whichever the last event has chosen.
 static QWidget* tabOf(QWidget* dialog, const char* name, int tab)
 {
@@ -483,8 +493,7 @@ void MonkeyTest::parameterMenu()
     QFETCH(int, nTabs);
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents / nTabs, [&] {
-        monkey.window->parameterMenu();
-        return tabOf(monkey.window->findChild<QDialog*>("ParmMenuDialog"), "tabView", tab);
+        return tabOf(shown<QDialog>(monkey.window.get(), "ParmMenuDialog", &MainWindow::parameterMenu), "tabView", tab);
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
@@ -495,8 +504,7 @@ void MonkeyTest::segyMenuTabs()
     QFETCH(int, nTabs);
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents / nTabs, [&] {
-        monkey.window->segyMenu();
-        return tabOf(monkey.window->findChild<SegyMenuDialog*>(), "tabWidget", tab);
+        return tabOf(shown<SegyMenuDialog>(monkey.window.get(), "SegyMenuDialog", &MainWindow::segyMenu), "tabWidget", tab);
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
@@ -505,8 +513,7 @@ void MonkeyTest::guessPanel()
 {
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents, [&] {
-        monkey.window->segyMenu();
-        auto* menu = monkey.window->findChild<SegyMenuDialog*>();
+        auto* menu = shown<SegyMenuDialog>(monkey.window.get(), "SegyMenuDialog", &MainWindow::segyMenu);
         auto* panel = menu->findChild<SegyGuessDialog*>();
         if (!panel || !panel->isVisible()) menu->findChild<QPushButton*>("guessButton")->click();
         return menu->findChild<SegyGuessDialog*>();
@@ -561,8 +568,7 @@ void MonkeyTest::titles()
 {
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents, [&] {
-        monkey.window->titleMenu();
-        return monkey.window->findChild<Titles*>();
+        return shown<Titles>(monkey.window.get(), "Titles", &MainWindow::titleMenu);
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
@@ -571,8 +577,7 @@ void MonkeyTest::drawing()
 {
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents, [&] {
-        monkey.window->drawMenu();
-        return monkey.window->findChild<DrawDialog*>();
+        return shown<DrawDialog>(monkey.window.get(), "DrawDialog", &MainWindow::drawMenu);
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
