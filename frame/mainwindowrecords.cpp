@@ -50,7 +50,8 @@ void MainWindow::tellRecord()
                                : QString("Record %1").arg(first);
     if (isIndexed) text += QString(" of %1").arg(_segyloader->numEnsembles());
     _recordLabel->setText(text);
-    statusBar()->showMessage(text);
+    const bool isEmptyScreen = _nShown < _menu->iscreens;
+    statusBar()->showMessage(isEmptyScreen ? text + "; the file has no more for the other screens" : text);
 }
 
 void MainWindow::showEntry(int entry)

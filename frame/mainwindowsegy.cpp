@@ -374,9 +374,7 @@ void MainWindow::seekRecord()
 /// Axes and titles follow the loader's sort; how the traces are shown doesn't.
 void MainWindow::takeLoaderKeys()
 {
-    orvinRuntimeStruct& runtime = _menu->_orvinruntime;
-    runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _segyloader->priEKey();
-    runtime.iskey = _menu->iskey = _menu->iskeyreal = _segyloader->secEKey();
+    _segyloader->tellSort();
     if (_isStandAlone) fillGlobalRuntime();
     endViewing();
     for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewKeys();

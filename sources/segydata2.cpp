@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
+#include <utility>
 
 const QStringList segyData2::itemList = {
     "CHAN    ", "SOU_SLOC", "CDP     ", "CHAN    ", "OFFSET  ", "SRF_SLOC", "ILINE_NO", "XLINE_NO",
@@ -29,7 +30,10 @@ segyData2::segyData2(const SegyReadParm& parm, Report* report, ProgressSink* pro
 {
 }
 
-segyData2::~segyData2() = default;
+segyData2::~segyData2()
+{
+    closeFile();
+}
 
 bool segyData2::openFile(const QString& filename, bool show)
 {
@@ -41,10 +45,10 @@ bool segyData2::openFile(const QString& filename, bool show)
         isOpen = file->open(QFile::encodeName(filename).toStdString(), &_error) != 0;
         if (isOpen) _source = std::move(file);
     } else {
-        QFile::remove(filename);
-        _out.setFileName(filename);
-        isOpen = _out.open(QIODevice::WriteOnly);
-        _error = _out.errorString().toStdString();
+        _out = std::make_unique<QSaveFile>(filename);
+        isOpen = _out->open(QIODevice::WriteOnly);
+        _error = _out->errorString().toStdString();
+        if (!isOpen) _out.reset();
     }
     if (!isOpen) {
         _report->line(formatted("\nsegyData2: open error=%s\n\n", _error.c_str()));
@@ -65,14 +69,36 @@ bool segyData2::openSource(std::unique_ptr<ByteSource> source, const QString& na
     return isOpen;
 }
 
+/// Whether there was nothing to write, or all of it stands under its name.
+bool segyData2::endWriting()
+{
+    const std::unique_ptr<QSaveFile> out = std::move(_out);
+    if (!out) return true;
+    if (std::exchange(_isWriteBroken, false)) out->cancelWriting();
+    // A file that a commit can't put in its place goes, and the former one stays.
+    if (out->commit()) return true;
+    _report->line(formatted("segyData2: cannot write file %s: %s\n", QFile::encodeName(_curFile).constData(),
+                            out->errorString().toUtf8().constData()));
+    return false;
+}
+
+/// Returns the bytes written, -1 where not all of them were: the file then never takes its place.
+int64_t segyData2::writeBytes(int64_t n, const void* data)
+{
+    const int64_t nWritten = _out ? _out->write(static_cast<const char*>(data), n) : -1;
+    if (nWritten == n && _out->flush()) return n;
+    _isWriteBroken = true;
+    return -1;
+}
+
 bool segyData2::closeFile()
 {
     _source.reset();
-    if (_out.isOpen()) _out.close();
+    const bool isWhole = endWriting();
     _pos = 0;
     isOpen = false;
     _nBadLengths = _nBadLengthsUntold = 0;
-    return true;
+    return isWhole;
 }
 
 /// Reads at the position and moves it; -1 on failure.
@@ -133,11 +159,11 @@ bool segyData2::writeReel()
     if (_parm.iformat != 2) asciiToEbcdic(reel.ebcdic, segyTextBytes);
     if (tape) return true;
     if (doSwap) swapReelFields(&reel);
-    const bool isWritten = _out.write(reinterpret_cast<const char*>(&reel), segyReelBytes) == segyReelBytes;
+    const bool isWritten = writeBytes(segyReelBytes, &reel) == segyReelBytes;
     if (doSwap) swapReelFields(&reel);
     if (!isWritten)
         _report->line(formatted("segyData2: error while reading reel headers: %s\n",
-                                _out.errorString().toUtf8().constData()));
+                                _out ? _out->errorString().toUtf8().constData() : "no file is open"));
     return isWritten;
 }
 
@@ -377,10 +403,11 @@ int segyData2::writeTrace(void* data)
     if (tape) return 0;
     segytrace = static_cast<segyTrace*>(data);
     if (doSwap) swapTrace(segytrace);
-    const auto nWritten = int(_out.write(static_cast<const char*>(data), segytrclength));
+    const auto nWritten = int(writeBytes(segytrclength, data));
     if (nWritten < 0)
         _report->line(
-            formatted("segyData2: error while writing trace: %s\n", _out.errorString().toUtf8().constData()));
+            formatted("segyData2: error while writing trace: %s\n",
+                      _out ? _out->errorString().toUtf8().constData() : "no file is open"));
     return nWritten;
 }
 

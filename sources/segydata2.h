@@ -10,6 +10,7 @@
 #include "sources/segyremaptable.h"
 
 #include <QFile>
+#include <QSaveFile>
 #include <QStringList>
 
 #include <memory>
@@ -52,6 +53,8 @@ public:
     bool openFile(const QString& filename, bool show);
     /// The same with bytes from elsewhere, for tests and fuzzing; never writes.
     bool openSource(std::unique_ptr<ByteSource> source, const QString& name);
+    /// Ends reading, or puts what was written in the place of the named file. Returns false, with a line and the former
+    /// file as it was, where not all bytes are on the disk.
     bool closeFile();
 
     /// Reads (or writes) the reel header; with printIt tells text and fields to the report.
@@ -156,6 +159,8 @@ private:
     void convertTrace(char* record, int nBytes);
     bool readReel();
     bool writeReel();
+    int64_t writeBytes(int64_t n, const void* data);
+    bool endWriting();
     void printReel();
     bool takeUnsigned(uint16_t word);
     void tellFixed(const char* what, int value, const char* name, const char* control);
@@ -169,7 +174,8 @@ private:
     ProgressSink* _progress;
     QString _curFile;
     std::unique_ptr<ByteSource> _source;
-    QFile _out;  // open for writing only
+    std::unique_ptr<QSaveFile> _out;  // a new file beside the one that is written; null where none is
+    bool _isWriteBroken = false;      // it will not take the place of the former one
     std::string _error;
     int64_t _pos = 0;
     bool doSwap, doRemap, variable, tape;

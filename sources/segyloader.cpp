@@ -310,17 +310,24 @@ void SegyLoader::initBuild()
 {
     buildAskedIndex();
     dataLoaded();
-    _isStacked = _keys.mysort == 4 || _keys.mysort == 10 || _keys.mysort == 11;
+    tellSort();
     if (!_menu || !_segydata) return;
     orvinRuntimeStruct& runtime = _menu->_orvinruntime;
-    runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _iepkey;
-    runtime.iskey = _menu->iskey = _menu->iskeyreal = _ieskey;
     runtime.samprat = _srate;
     runtime.numsmp = _segydata->numSamples();
     runtime.maxdtr = _maxtr;
     runtime.nth = _orvinheaderwords;
-    runtime.ipsort = _keys.ipsort;
     runtime.idomain = _menu->idomain;
+}
+
+void SegyLoader::tellSort()
+{
+    _isStacked = _keys.mysort == 4 || _keys.mysort == 10 || _keys.mysort == 11;
+    if (!_menu) return;
+    orvinRuntimeStruct& runtime = _menu->_orvinruntime;
+    runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _iepkey;
+    runtime.iskey = _menu->iskey = _menu->iskeyreal = _ieskey;
+    runtime.ipsort = _keys.ipsort;
     runtime.idtyp = _isStacked ? 7 : 0;
 }
 

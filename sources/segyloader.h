@@ -55,6 +55,8 @@ public:
     bool buildAskedIndex();
     /// After openFiles: buildAskedIndex, and puts the keys into the menu record.
     void initBuild();
+    /// Keys, sort and data type of the present sort into the menu record: after openFiles, and after a new sort.
+    void tellSort();
     /// Builds the map, sorts it and lists the primary keys. False after a box when the memory doesn't suffice.
     bool indexBuild(bool show);
     /// The same on a thread of its own, with a file and a map of its own; indexBuilt() tells when the loader

@@ -124,21 +124,26 @@ class Dismisser : public QObject
 public:
     explicit Dismisser(const QPointer<QWidget>& target)
     {
-        connect(&_timer, &QTimer::timeout, this, [&target] {
+        connect(&_timer, &QTimer::timeout, this, [this, &target] {
             QDrag::cancel();
             if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
             QWidget* modal = QApplication::activeModalWidget();
             if (!modal || modal == target) return;
+            nFileDialogs += qobject_cast<QFileDialog*>(modal) != nullptr;
             if (auto* box = qobject_cast<QMessageBox*>(modal)) box->done(QMessageBox::Cancel);
             else if (auto* dialog = qobject_cast<QDialog*>(modal)) dialog->reject();
             else modal->close();
         });
         _timer.start(1);
     }
+    int nFileDialogs = 0;
 
 private:
     QTimer _timer;
 };
+
+/// Each kind of file dialog has come up often enough by then.
+constexpr int mostFileDialogs = 40;
 
 /// A main window of two screens and a difference, on the first of two files.
 class Monkey
@@ -161,7 +166,7 @@ public:
         QObject::connect(window.get(), &MainWindow::fileShown, [this] {
             for (SeismicDisplay* display : window->displayList()) _sums[display] = checksum(display->seismicData());
         });
-        window->resize(1000, 700);
+        window->resize(500, 400);  // enough for all that is in it
         window->show();
         window->activateWindow();
         load(0);
@@ -177,8 +182,10 @@ public:
             if (!_target->isVisible()) _target->show();
             sendOne();
             while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
-            while (window->segyLoader()->isIndexBuilding()) QTest::qWait(1);
-            if (i % 5 == 4) QApplication::processEvents();
+            while (window->segyLoader()->isIndexBuilding())
+                QSignalSpy(window->segyLoader(), &SegyLoader::indexBuildEnded).wait(100);
+            if (dismisser.nFileDialogs >= mostFileDialogs) endFileDialogs();
+            if (i % 10 == 9) QApplication::processEvents();  // most of the time goes into paints
             if (i % 100 < 99) continue;
             closeStrayWindows();
             const QString broken = brokenInvariant();
@@ -206,6 +213,7 @@ private:
     void sendKey(QWidget* widget);
     void sendText(QWidget* widget);
     void resizeTarget();
+    void endFileDialogs();
     void useWindow();
     void closeStrayWindows();
     QString brokenInvariant();
@@ -327,8 +335,19 @@ void Monkey::sendText(QWidget* widget)
 
 void Monkey::resizeTarget()
 {
-    const bool isTiny = pick(3) == 0;
-    _target->resize(1 + pick(isTiny ? 60 : 1200), 1 + pick(isTiny ? 40 : 900));
+    const int kind = pick(12);
+    const QSize most = kind < 4 ? QSize(60, 40) : kind < 11 ? QSize(600, 450) : QSize(1200, 900);
+    _target->resize(1 + pick(most.width()), 1 + pick(most.height()));
+}
+
+/// From now on nothing opens one: half of the time would go into making dialogs that aren't ours.
+void Monkey::endFileDialogs()
+{
+    for (const char* name : {"pdfAct", "imageAct", "screenAct", "sectionAct", "openAct"}) action(name)->setEnabled(false);
+    for (QWidget* root : {static_cast<QWidget*>(window.get()), static_cast<QWidget*>(_target)})
+        for (const char* name : {"browseButton", "fileButton", "loadButton", "saveButton"})
+            for (auto* button : root->findChildren<QPushButton*>(name))
+                if (button->isEnabled() && !button->parentWidget()->inherits("ColorBarDialog")) button->setEnabled(false);
 }
 
 void Monkey::useWindow()
@@ -449,6 +468,16 @@ void MonkeyTest::mainWindow()
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
 
+/// A dialog of the window, asked for again when it isn't in view: to raise it at every event would paint all windows anew.
+template <typename Dialog>
+static Dialog* shown(MainWindow* window, const char* name, void (MainWindow::*ask)())
+{
+    auto* dialog = window->findChild<Dialog*>(name);
+    if (dialog && dialog->isVisible()) return dialog;
+    (window->*ask)();
+    return window->findChild<Dialog*>(name);
+}
+
 /// The dialog with that tab in view, whichever the last event has chosen.
 static QWidget* tabOf(QWidget* dialog, const char* name, int tab)
 {
@@ -464,8 +493,7 @@ void MonkeyTest::parameterMenu()
     QFETCH(int, nTabs);
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents / nTabs, [&] {
-        monkey.window->parameterMenu();
-        return tabOf(monkey.window->findChild<QDialog*>("ParmMenuDialog"), "tabView", tab);
+        return tabOf(shown<QDialog>(monkey.window.get(), "ParmMenuDialog", &MainWindow::parameterMenu), "tabView", tab);
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
@@ -476,8 +504,7 @@ void MonkeyTest::segyMenuTabs()
     QFETCH(int, nTabs);
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents / nTabs, [&] {
-        monkey.window->segyMenu();
-        return tabOf(monkey.window->findChild<SegyMenuDialog*>(), "tabWidget", tab);
+        return tabOf(shown<SegyMenuDialog>(monkey.window.get(), "SegyMenuDialog", &MainWindow::segyMenu), "tabWidget", tab);
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
@@ -486,8 +513,7 @@ void MonkeyTest::guessPanel()
 {
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents, [&] {
-        monkey.window->segyMenu();
-        auto* menu = monkey.window->findChild<SegyMenuDialog*>();
+        auto* menu = shown<SegyMenuDialog>(monkey.window.get(), "SegyMenuDialog", &MainWindow::segyMenu);
         auto* panel = menu->findChild<SegyGuessDialog*>();
         if (!panel || !panel->isVisible()) menu->findChild<QPushButton*>("guessButton")->click();
         return menu->findChild<SegyGuessDialog*>();
@@ -544,8 +570,7 @@ void MonkeyTest::titles()
 {
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents, [&] {
-        monkey.window->titleMenu();
-        return monkey.window->findChild<Titles*>();
+        return shown<Titles>(monkey.window.get(), "Titles", &MainWindow::titleMenu);
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
@@ -554,8 +579,7 @@ void MonkeyTest::drawing()
 {
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents, [&] {
-        monkey.window->drawMenu();
-        return monkey.window->findChild<DrawDialog*>();
+        return shown<DrawDialog>(monkey.window.get(), "DrawDialog", &MainWindow::drawMenu);
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }

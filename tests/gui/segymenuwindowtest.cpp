@@ -5,6 +5,7 @@
 #include "frame/mainwindow.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
+#include "host/globals.h"
 #include "sources/menus/segyrecdialog.h"
 #include "sources/menus/segyremapdialog.h"
 #include "tests/gui/modalanswer.h"
@@ -50,6 +51,7 @@ private slots:
     void aFileOpenedElsewhereIsShownInTheLoadTab();
     void seekShowsTheRecord();
     void seekInAnotherSortRebuildsTheSortFirst();
+    void aNewSortIsInTheRunTimeRecord();
     void anotherSortLeavesThePictureAsItWasSet();
     void theTraceTabCountsInTheNewOrder();
     void aDismissedSeekChangesNothing();
@@ -364,6 +366,30 @@ void SegyMenuWindowTest::seekShowsTheRecord()
     QVERIFY(fixture.action("forwardAct")->isEnabled());
     fixture.action("forwardAct")->trigger();
     QCOMPARE(fixture.shownKey(), QString("FFID :12"));
+}
+
+void SegyMenuWindowTest::aNewSortIsInTheRunTimeRecord()
+{
+    SegyWindow fixture;
+    fixture.open(_file, "Yes");
+    const auto record = [&] {
+        const orvinRuntimeStruct& own = fixture.menu->_orvinruntime;
+        return QVector<int>({own.ipsort, own.idtyp, globalRuntime.ipsort, globalRuntime.idtyp});
+    };
+    QCOMPARE(record(), QVector<int>({2, 0, 2, 0}));  // FFID
+    const auto seek = [&](const char* sort, int value) {
+        return fixture.seek([=](SegyRecDialog* dialog) {
+            dialog->findChild<QComboBox*>("seekPriBox")->setCurrentText(sort);
+            dialog->findChild<QSpinBox*>("seekSpin")->setValue(value);
+            dialog->accept();
+        });
+    };
+    QVERIFY(seek("In-Line Stack", 0));
+    QCOMPARE(record(), QVector<int>({7, 7, 7, 7}));
+    QVERIFY(fixture.window->segyLoader()->isStacked());
+    QVERIFY(seek("CDP Gather", 104));
+    QCOMPARE(record(), QVector<int>({1, 0, 1, 0}));
+    QVERIFY(!fixture.window->segyLoader()->isStacked());
 }
 
 void SegyMenuWindowTest::seekInAnotherSortRebuildsTheSortFirst()

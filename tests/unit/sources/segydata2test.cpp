@@ -1,8 +1,10 @@
 /// Reel header, traces and positions of one SEG-Y file.
 #include "host/signal/bytes.h"
 #include "sources/segydata2.h"
+#include "tests/brokenplaces.h"
 #include "tests/unit/sources/segybuilder.h"
 
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -447,6 +449,47 @@ TEST(SegyFile, OpeningTellsTheNameOrTheSystemsReason)
     EXPECT_FALSE(data.openFile(folder.path(), true));
     EXPECT_EQ(report.text, "\nsegyData2: open error=Is a directory\n\n");
     EXPECT_TRUE(data.closeFile());
+}
+
+/// Writes a reel and traces of 200 samples until something fails, at most 100.
+static bool writeFile(const QString& path, QString* error)
+{
+    CollectReport report;
+    SegyReadParm parm = swapped();
+    parm.imode = 1;
+    segyData2 out(parm, &report);
+    bool isWritten = out.openFile(path, true);
+    if (isWritten) {
+        out.reel.nsamp = 200;
+        out.reel.nsr = 4000;
+        out.reel.format = 5;
+        isWritten = out.reelHeader(false);
+        out.setTraceBytes();
+        std::vector<char> trace(240 + 4 * 200);
+        for (int i = 0; i < 100 && isWritten; ++i) isWritten = out.writeTrace(trace.data()) == int(trace.size());
+    }
+    isWritten = out.closeFile() && isWritten;
+    *error = path + ": " + QString::fromStdString(report.text);
+    return isWritten;
+}
+
+TEST(SegyFile, AFormerFileStaysWhereNothingCanBeWritten)
+{
+    const QString found = failureOfWrites("out.sgy", writeFile);
+    EXPECT_TRUE(found.isEmpty()) << found.toStdString();
+}
+
+TEST(SegyFile, AFormerFileIsReplacedWhenAllIsWritten)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("out.sgy");
+    QFile former(path);
+    ASSERT_TRUE(former.open(QIODevice::WriteOnly) && former.write("the former file") > 0);
+    former.close();
+    QString error;
+    EXPECT_TRUE(writeFile(path, &error)) << error.toStdString();
+    EXPECT_EQ(QFileInfo(path).size(), 3600 + 100 * 1040);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("out.sgy"));
 }
 
 TEST(SegyFile, WhatIsWrittenReadsBackTheSame)
