@@ -15,7 +15,7 @@ struct SegyReading {
     int sampleFormat = 0; ///< code in force
     int nSamples = 0;
     bool isVariable = false;
-    int sortCode = 0;  ///< as told, 0 for the reel's
+    int sortCode = 0;  ///< of the menu, 0 for the reel's
     int nTraces = 0;   ///< of the first ensemble
     int maxTraces = 0; ///< that an ensemble has room for
 };

@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <memory>
 
-/// The told order of two items: slot segymapkey1 first, then slot segymapkey2, compared as floats. Returns
+/// The order of two items: slot segymapkey1 first, then slot segymapkey2, compared as floats. Returns
 /// -1, 0 or 1. A NaN sorts behind all numbers, and equals a NaN.
 int segyMapCompare(const segyMapItem& a, const segyMapItem& b, int segymapkey1, int segymapkey2);
 

@@ -444,7 +444,7 @@ TEST(RealFilesInTheWild, TextHeadersOfEveryKindAreShownWithoutControls)
     static const struct {
         const char* name;
         Type type;
-        const char* first;  // of the printed text; null where EBCDIC rules garble ASCII, as told
+        const char* first;  // of the printed text; null where EBCDIC rules garble ASCII
         bool isGarbled;
     } cases[] = {{"poststack-2d/lineE.sgy", Standard, "C 1", false},
                  {"single-traces/00001034_first_trace.sgy", Msdos, "C 1", false},

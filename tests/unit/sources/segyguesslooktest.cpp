@@ -32,7 +32,7 @@ const std::map<std::string, LookRow> misread = {
     {"poststack-3d/f3-lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian headers and samples"}},
     {"single-traces/00001034_first_trace.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "LITTLE-endian"}},
     {"formats/Format6msb.sgy", {WithSettings, "IEEE (8 byte), but read as 1-byte integers", "code 6 of the standard is 8-byte floats, of this reader one-byte integers"}},
-    {"formats/Format8msb.sgy", {WithSettings, "1-byte integers, but read as IEEE floats", "code 8 is no code of the told formats, so it is read as 4-byte floats"}},
+    {"formats/Format8msb.sgy", {WithSettings, "1-byte integers, but read as IEEE floats", "code 8 is none that the reader knows, so it is read as 4-byte floats"}},
     {"odd-headers/multi-text.sgy", {WithSettings, "the first trace is at byte 16400, not 3600", "4 extended textual headers: 3600 + 4 x 3200"}},
     {"odd-headers/stanzas-known-count.sgy", {WithSettings, "the first trace is at byte 13200, not 3600", "3 extended headers: 3600 + 3 x 3200"}},
     {"odd-headers/rotated-small-rev2.sgy", {WithSettings, "trace headers have 480 bytes, not 240", "a naive 240-byte read goes astray"}},
