@@ -28,7 +28,10 @@ FirstLookBar::FirstLookBar(QWidget* parent) : QFrame(parent)
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(6, 2, 6, 2);
     row->addWidget(_textLabel, 1);
-    for (QPushButton* button : {_useButton, _detailsButton, _densityButton, _notNowButton}) row->addWidget(button);
+    for (QPushButton* button : {_useButton, _detailsButton, _densityButton, _notNowButton}) {
+        button->setAutoDefault(false);  // in a dialog Enter belongs to others
+        row->addWidget(button);
+    }
     row->addWidget(_alwaysBox);
     connect(_useButton, &QPushButton::clicked, this, &FirstLookBar::settingsWanted);
     connect(_detailsButton, &QPushButton::clicked, this, &FirstLookBar::detailsWanted);

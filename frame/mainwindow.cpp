@@ -7,6 +7,7 @@
 #include "display/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
+#include "frame/firstlook.h"
 #include "frame/firstlookbar.h"
 #include "frame/helpkeys.h"
 #include "frame/indexbar.h"
@@ -232,6 +233,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 {
     writeSettings();
     hideMenus();
+    _firstLook->drop();  // nothing is opened in a window that has gone
     _run._doExit = true;
     event->accept();
 }

@@ -131,7 +131,7 @@ def other_windows_can_be_used_while_drawing(program, path):
         window.click(25, 60)  # a menu has the keys while it is open
         time.sleep(0.5)
         window.key('Escape')
-        window.click(72, 60)
+        window.click(112, 60)
         window.key('Down', 'Return')  # the first of Tools
         window.dialog('Parameter Menu')
         window.key('Tab')

@@ -37,6 +37,7 @@ private slots:
     void theWindowGoesOnWhileTheGuessIsMade();
     void aResultThatComesAfterTheNextFileIsDropped();
     void closingTheWindowWaitsForTheGuessAndShowsNothing();
+    void inAClosedWindowNothingIsOpenedUnasked();
     void wigglesOfMoreTracesThanPixelsOfferColor();
     void theOfferOfColorFollowsTheView();
 
@@ -155,6 +156,7 @@ void FirstLookTest::theBarOfARefusedFileIsInTheMenuThatCoversTheScreens()
     QVERIFY(fixture.window->isVisible());
     QCOMPARE(fixture.bar->window(), fixture.window.get());
     QVERIFY(!fixture.bar->isVisible());
+    for (const QPushButton* button : fixture.bar->findChildren<QPushButton*>()) QVERIFY(!button->autoDefault());  // Enter stays the menu's
     // Dismissing the menu brings the bar above the picture.
     fixture.openAnswered(dataFile("formats/Format8lsb.sgy"));
     fixture.window->segyMenu();
@@ -322,6 +324,23 @@ void FirstLookTest::closingTheWindowWaitsForTheGuessAndShowsNothing()
         fixture.window->close();
     }
     QCOMPARE(hasBegun.load(), hasEnded.load());
+}
+
+void FirstLookTest::inAClosedWindowNothingIsOpenedUnasked()
+{
+    NEEDS_TEST_DATA();
+    Looked fixture;
+    fixture.always()->setChecked(true);
+    QSemaphore mayGo;
+    fixture.window->firstLook()->setGuess([&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
+        mayGo.acquire();
+        return guessSegyFile(path, before, guess, error);
+    });
+    fixture.open(dataFile("poststack-2d/small_stack.sgy"));
+    fixture.window->close();
+    mayGo.release();
+    QTRY_VERIFY(fixture.isQuiet());
+    QCOMPARE(fixture.traces(), 1);
 }
 
 void FirstLookTest::wigglesOfMoreTracesThanPixelsOfferColor()
