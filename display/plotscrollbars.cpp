@@ -59,11 +59,18 @@ void PlotScrollBars::reserveHorizontal(bool on)
     place();
 }
 
+void PlotScrollBars::reserveBelow(int nPixels)
+{
+    if (_below == nPixels) return;
+    _below = nPixels;
+    place();
+}
+
 void PlotScrollBars::place()
 {
     const int right = _vscroller->isHidden() ? 0 : _vscroller->sizeHint().width();
     const int bottom = _hscroller->isHidden() && !_isReserved ? 0 : _hscroller->sizeHint().height();
-    const QMargins margins(0, 0, right, bottom);
+    const QMargins margins(0, 0, right, bottom + _below);
     if (_plot->contentsMargins() != margins) _plot->setContentsMargins(margins);
     _vscroller->setGeometry(_plot->width() - right, 0, right, _plot->height() - bottom);
     _hscroller->setGeometry(0, _plot->height() - bottom, _plot->width() - right, bottom);

@@ -30,6 +30,8 @@ public:
     bool hasHorizontal() const;
     /// Leaves room for the horizontal bar also while there is none, as a plot beside it has one.
     void reserveHorizontal(bool on);
+    /// So many pixels more stay free above the horizontal bar's place.
+    void reserveBelow(int nPixels);
 
 signals:
     /// The user moved a bar: the first value to show.
@@ -40,6 +42,7 @@ private:
     QwtPlot* _plot;
     QScrollBar* _hscroller;
     QScrollBar* _vscroller;
+    int _below = 0;
     bool _isReserved = false;
     double _hLeast = 0.0, _vLeast = 0.0;
 };

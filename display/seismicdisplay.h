@@ -143,6 +143,10 @@ public:
     bool hasHorizontalBar() const;
     /// Leaves room for the bar of a display beside this one, so that their times stand in line.
     void reserveHorizontalBar(bool on);
+    /// Pixels that the labels of the vertical axes take below the canvas.
+    int roomBelowCanvas() const;
+    /// Leaves so many more pixels free below the canvas, so that times are in line with a sister's.
+    void reserveBelow(int nPixels);
 
     /// Turns a mouse mode on or off; off is zooming.
     void setMouseMode(MouseMode mode, bool on);

@@ -178,6 +178,16 @@ bool SeismicDisplay::hasHorizontalBar() const
     return _scrollBars->hasHorizontal();
 }
 
+int SeismicDisplay::roomBelowCanvas() const
+{
+    return height() - contentsMargins().bottom() - (canvas()->y() + canvas()->height());
+}
+
+void SeismicDisplay::reserveBelow(int nPixels)
+{
+    _scrollBars->reserveBelow(nPixels);
+}
+
 void SeismicDisplay::reserveHorizontalBar(bool on)
 {
     _scrollBars->reserveHorizontal(on);

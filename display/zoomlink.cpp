@@ -59,7 +59,14 @@ void ZoomLink::alignBottoms() const
     const bool isAny = std::any_of(_displaylist->cbegin(), _displaylist->cend(), [](const SeismicDisplay* display) {
         return !display->isHidden() && display->hasHorizontalBar();
     });
-    for (SeismicDisplay* display : qAsConst(*_displaylist)) display->reserveHorizontalBar(isAny);
+    // A display without a vertical axis has no label that stands out below its canvas.
+    int most = 0;
+    for (SeismicDisplay* display : qAsConst(*_displaylist)) {
+        display->reserveHorizontalBar(isAny);
+        if (display->isVisible()) most = std::max(most, display->roomBelowCanvas());
+    }
+    for (SeismicDisplay* display : qAsConst(*_displaylist))
+        if (display->isVisible()) display->reserveBelow(most - display->roomBelowCanvas());
 }
 
 void ZoomLink::resetOthers(SeismicDisplay* from) const

@@ -17,6 +17,7 @@ class ScreensTest : public QObject
 private slots:
     void init();
     void eachScreenShowsAnEnsembleOfItsOwn();
+    void timesAreInLineOnAllScreens();
     void nextAndPreviousMoveByAllScreens();
     void withoutAnIndexTheFileIsReadOn();
     void screensThatFindNoEnsembleAreEmpty();
@@ -81,6 +82,23 @@ void ScreensTest::eachScreenShowsAnEnsembleOfItsOwn()
     f.press("screens1Act");
     QCOMPARE(axes(0), std::make_pair(true, true));
     QCOMPARE(f.shown(), QStringList({"FFID :3"}));
+}
+
+/// The screen in the middle has no vertical axis, whose last label would stand out below the picture.
+void ScreensTest::timesAreInLineOnAllScreens()
+{
+    ScreensFixture f;
+    QCOMPARE(f.open(QString::fromStdString(testDataFile("poststack-3d/f3.sgy"))), 1);  // 300 ms, which is a label
+    f.press("screens3Act");
+    for (const double ms : {0.0, 100.0, 300.0}) {
+        const auto lineOf = [&](int i) {
+            const SeismicDisplay* display = f.window->displayList()[i];
+            const int y = qRound(display->transform(QwtPlot::yLeft, ms));
+            return display->canvas()->mapTo(f.window.get(), QPoint(0, y)).y();
+        };
+        QTRY_COMPARE(lineOf(1), lineOf(0));
+        QTRY_COMPARE(lineOf(2), lineOf(0));
+    }
 }
 
 void ScreensTest::nextAndPreviousMoveByAllScreens()
