@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 #include <qwt_text_label.h>
 
@@ -112,6 +113,12 @@ void PictureLineTest::theLineTellsTheTracesInViewAndFollowsTheZoom()
     fixture[0]->setZoomRect(QRectF(4.5, 0.0, 5.0, 1000.0));  // traces 5 to 9
     QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 105  to  FFID 7, CHAN 109 "), qPrintable(lineOf(fixture[0])));
     QVERIFY(fixture[0]->footer().text().contains("105"));
+    fixture[0]->horizontalScrollerMoved(10.0);
+    QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 110  to  FFID 7, CHAN 115 "), qPrintable(lineOf(fixture[0])));
+    fixture[0]->resetZoom(-1);
+    const auto x = [&](double trace) { return qRound(fixture[0]->canvasMap(QwtPlot::xTop).transform(trace)); };
+    dragMouse(fixture[0]->canvas(), QPoint(x(6.5), 60), QPoint(x(12.5), 200), Qt::LeftButton);
+    QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 107  to  FFID 7, CHAN 112 "), qPrintable(lineOf(fixture[0])));
     fixture[0]->resetZoom(-1);
     QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 101 "), qPrintable(lineOf(fixture[0])));
     settle();
