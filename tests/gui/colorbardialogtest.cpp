@@ -31,7 +31,9 @@ private slots:
     void aColorIsChosenInADialog();
     void aNewStopTakesTheColorThatTheMapHasThere();
     void resetGoesBackToTheFormerColors();
+    void resetGoesBackToTheFormerFile();
     void numberOfColorsGoesToBarAndTable();
+    void aSavedFileHasAsManyColorsAsTheTableHasRows();
     void scaledColorsAndScaleValuesActAtOnce();
     void theBackgroundGoesToThePicture();
     void filesAreListedAndLoaded();
@@ -215,6 +217,37 @@ void ColorBarDialogTest::numberOfColorsGoesToBarAndTable()
     type("2");  // no stop is lost: there are five
     QCOMPARE(f.bar.numColors(), 2);
     QCOMPARE(f.table()->rowCount(), 5);
+}
+
+void ColorBarDialogTest::resetGoesBackToTheFormerFile()
+{
+    write("a.col", "32,1\n0,4278190080\n1,4294967295\n");
+    PageFixture f;
+    f.choose("a.col");
+    f.press("loadButton");
+    QCOMPARE(f.bar.colorFile(), path("a.col"));
+    f.press("resetButton");
+    QCOMPARE(f.bar.colorFile(), QString());  // the next start must not load what was given up
+    QCOMPARE(f.bar.numColors(), 256);
+}
+
+void ColorBarDialogTest::aSavedFileHasAsManyColorsAsTheTableHasRows()
+{
+    PageFixture f;
+    f.find<NumberEdit>("numColorsEdit")->setText("2");
+    QTest::keyClick(f.find<NumberEdit>("numColorsEdit"), Qt::Key_Return);
+    QCOMPARE(f.table()->rowCount(), 5);
+    f.press("updateButton");
+    QCOMPARE(f.bar.numColors(), 2);  // the field's, although there are five stops
+    QCOMPARE(f.find<NumberEdit>("numColorsEdit")->text(), QString("2"));
+    answerNext<QInputDialog>([](QInputDialog* dialog) {
+        dialog->setTextValue("five");
+        dialog->accept();
+    });
+    f.press("saveButton");
+    QCOMPARE(read("five.col").split('\n').first(), QByteArray("5,1"));
+    QCOMPARE(f.bar.numColors(), 5);  // what is on the screen is what was saved
+    QCOMPARE(f.find<NumberEdit>("numColorsEdit")->text(), QString("5"));
 }
 
 void ColorBarDialogTest::scaledColorsAndScaleValuesActAtOnce()

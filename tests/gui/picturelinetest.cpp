@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 #include <qwt_text_label.h>
 
@@ -32,6 +33,8 @@ private slots:
     void theNameOfTheTraceLabelsStandsBesideThem();
     void anAxisWithoutMultiplesIsLabelledAtItsEnds();
     void thePolarityOfTheMenuIsKeptWithTheFileAndChangesNoSample();
+    void titleAndLineNameTheKeysOfTheSort_data();
+    void titleAndLineNameTheKeysOfTheSort();
     void theStripHasItsUnitAndNumbersInTheFontOfTheWindow();
     void aColourPrintHasItsStripAndAWigglePrintHasNone();
 
@@ -110,6 +113,12 @@ void PictureLineTest::theLineTellsTheTracesInViewAndFollowsTheZoom()
     fixture[0]->setZoomRect(QRectF(4.5, 0.0, 5.0, 1000.0));  // traces 5 to 9
     QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 105  to  FFID 7, CHAN 109 "), qPrintable(lineOf(fixture[0])));
     QVERIFY(fixture[0]->footer().text().contains("105"));
+    fixture[0]->horizontalScrollerMoved(10.0);
+    QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 110  to  FFID 7, CHAN 115 "), qPrintable(lineOf(fixture[0])));
+    fixture[0]->resetZoom(-1);
+    const auto x = [&](double trace) { return qRound(fixture[0]->canvasMap(QwtPlot::xTop).transform(trace)); };
+    dragMouse(fixture[0]->canvas(), QPoint(x(6.5), 60), QPoint(x(12.5), 200), Qt::LeftButton);
+    QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 107  to  FFID 7, CHAN 112 "), qPrintable(lineOf(fixture[0])));
     fixture[0]->resetZoom(-1);
     QVERIFY2(lineOf(fixture[0]).startsWith("FFID 7, CHAN 101 "), qPrintable(lineOf(fixture[0])));
     settle();
@@ -279,6 +288,31 @@ void PictureLineTest::thePolarityOfTheMenuIsKeptWithTheFileAndChangesNoSample()
     next.window->findChild<QAction*>("screens2Act")->trigger();
     QCOMPARE(next.window->displayList().size(), 2);
     for (const SeismicDisplay* screen : next.window->displayList()) QCOMPARE(screen->polarity(), told);
+}
+
+void PictureLineTest::titleAndLineNameTheKeysOfTheSort_data()
+{
+    QTest::addColumn<int>("sort");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("line");
+    // inlines 111 to 133, crosslines 875 to 892
+    QTest::newRow("inline stack") << 9 << "ILINE_NO:111" << "ILINE_NO 111, XLINE_NO 875  to  ILINE_NO 111, XLINE_NO 892 ";
+    QTest::newRow("crossline stack") << 10 << "XLINE_NO:875"
+                                     << "XLINE_NO 875, ILINE_NO 111  to  XLINE_NO 875, ILINE_NO 133 ";
+    // A stack goes by the word of the inline, too, but is named after the line's number, which SEG-Y has no bytes for.
+    QTest::newRow("stack") << 5 << "LINE_NO :0" << "LINE_NO 0, CDP 875  to  LINE_NO 0, CDP 892 ";
+}
+
+void PictureLineTest::titleAndLineNameTheKeysOfTheSort()
+{
+    if (!hasTestData()) QSKIP("no real data files");
+    QFETCH(int, sort);
+    QFETCH(QString, title);
+    QFETCH(QString, line);
+    WindowFixture fixture;
+    QCOMPARE(fixture.open(QString::fromStdString(testDataFile("poststack-3d/f3.sgy")), sort, 1), 1);
+    QCOMPARE(fixture.shownKey(), title);
+    QVERIFY2(lineOf(fixture.window->display()).startsWith(line), qPrintable(lineOf(fixture.window->display())));
 }
 
 void PictureLineTest::theStripHasItsUnitAndNumbersInTheFontOfTheWindow()

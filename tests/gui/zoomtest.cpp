@@ -49,6 +49,7 @@ private slots:
     void zoomFlagsEndWithTheZoom();
     void aSliceHasPositionsInsteadOfTimes();
     void aSliceOfNegativeNumbersRunsUpward();
+    void aReversedSliceOfAFixedSpacingStartsAtItsFirstPosition();
     void aTimeWindowDoesNotReachIntoASlice();
     void timesReturnAfterASlice();
     void spacingsFollowTheMenuThenTheRate();
@@ -506,6 +507,23 @@ void ZoomTest::aSliceOfNegativeNumbersRunsUpward()
     // The first sample stands at the top, at 100; 300 less 100 samples is the start.
     QCOMPARE(display->axisScaleDraw(QwtPlot::yLeft)->label(100.0).text(), QString("300"));
     QCOMPARE(display->axisScaleDraw(QwtPlot::yLeft)->label(80.0).text(), QString("280"));
+}
+
+void ZoomTest::aReversedSliceOfAFixedSpacingStartsAtItsFirstPosition()
+{
+    DisplayFixture fixture;
+    TestEnsemble ensemble(20, 100);
+    loadSlice(&fixture, &ensemble, -300);
+    SeismicPlot* plot = fixture[0]->seismicPlot();
+    const double height = fixture[0]->canvas()->contentsRect().height();
+    plot->setAutoSampleSpacing(false);
+    for (const double shown : {40.0, 250.0}) {  // of 100; the axis runs up, its first position is at the top
+        plot->setSampleSpacing(float(shown * plot->dpi() / height));
+        fixture[0]->rebuildDisplay(false);
+        const QwtScaleDiv scale = fixture[0]->axisScaleDiv(QwtPlot::yLeft);
+        QVERIFY(qAbs(scale.upperBound() - 100.0) < 1e-3);
+        QVERIFY(qAbs(scale.lowerBound() - std::max(0.0, 100.0 - shown)) < 1e-3);
+    }
 }
 
 void ZoomTest::aTimeWindowDoesNotReachIntoASlice()
