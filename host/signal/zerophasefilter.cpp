@@ -12,6 +12,7 @@
 
 struct ZeroPhaseFilter::Plans {
     explicit Plans(int length);
+    ~Plans();
     static const Plans* ofLength(int length);
 
     fftwf_plan forward, back;
@@ -28,6 +29,12 @@ ZeroPhaseFilter::Plans::Plans(int length)
     fftwf_complex *const a = asComplex(first.atLeast(length)), *const b = asComplex(second.atLeast(length));
     forward = fftwf_plan_dft_1d(length / 2, a, b, FFTW_FORWARD, FFTW_ESTIMATE | FFTW_DESTROY_INPUT);
     back = fftwf_plan_dft_1d(length / 2, a, b, FFTW_BACKWARD, FFTW_ESTIMATE | FFTW_DESTROY_INPUT);
+}
+
+ZeroPhaseFilter::Plans::~Plans()
+{
+    fftwf_destroy_plan(forward);
+    fftwf_destroy_plan(back);
 }
 
 const ZeroPhaseFilter::Plans* ZeroPhaseFilter::Plans::ofLength(int length)

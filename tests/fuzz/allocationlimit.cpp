@@ -81,6 +81,17 @@ void* operator new[](size_t n)
     return operator new(n);
 }
 
+// A sort takes its work space without exceptions, and gives it back by the plain delete.
+void* operator new(size_t n, const std::nothrow_t&) noexcept
+{
+    return __wrap_malloc(n > 0 ? n : 1);
+}
+
+void* operator new[](size_t n, const std::nothrow_t& nothrow) noexcept
+{
+    return operator new(n, nothrow);
+}
+
 void operator delete(void* p) noexcept
 {
     __wrap_free(p);
