@@ -78,15 +78,16 @@ MERIDUNE_V3 static void colorColumnsV3(const float* columns, int nTraces, const 
 void paintMap(const RasterPainting& p)
 {
     const MapGeometry geometry(p);
-    if (geometry.places.empty()) return;
     const auto color = cpuVariant() == CpuVariant::V3 ? colorColumnsV3 : colorColumnsPlain;
 #pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))
     for (int r0 = 0; r0 < p.nRows; r0 += traceLanes) {
         static thread_local std::vector<float> columns;
         atLeast(&columns, size_t(p.window.count) * traceLanes);
         interleave(p.rows + r0 * p.stride, p.stride, p.window.count, columns.data());
-        QRgb* const pixels = p.pixels + ptrdiff_t(p.window.top + r0) * p.window.width + p.window.xbase + geometry.begin;
+        const int nRows = std::min(traceLanes, p.nRows - r0);
+        QRgb* const lines = p.pixels + ptrdiff_t(p.window.top + r0) * p.window.width;
+        std::fill_n(lines, size_t(nRows) * p.window.width, p.background);
         color(columns.data(), p.window.count, geometry, *p.colors,
-              {pixels, p.window.width, std::min(traceLanes, p.nRows - r0)});
+              {lines + p.window.xbase + geometry.begin, p.window.width, nRows});
     }
 }

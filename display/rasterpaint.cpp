@@ -218,6 +218,7 @@ static inline MERIDUNE_KERNEL void paintRows(const RasterPainting& p, const Trac
         if (next) findEnds(p, geometry, r + 1, next);
         findSpans<type>(p, geometry, r, row, next, work);
         QRgb* const line = p.pixels + ptrdiff_t(p.window.top + r) * p.window.width;
+        std::fill_n(line, p.window.width, p.background);
         if constexpr (hasColors(type)) {
             write.colors(line, geometry.colors.data(), *work, hasLines(type) ? row.end() : nullptr, p.window.count);
             if constexpr (hasLines(type))
@@ -254,7 +255,6 @@ MERIDUNE_V3 static void paintRowsV3(const RasterPainting& p, const TraceGeometry
 
 void paintTraces(const RasterPainting& p)
 {
-    if (p.displayType == Grayscale) return;  // grey is a choice of colours, not a way of painting
     const TraceGeometry geometry(p);
     const auto paint = cpuVariant() == CpuVariant::V3 ? paintRowsV3 : paintRowsPlain;
 #pragma omp parallel for schedule(static) if (isWorthThreads(p.nRows, p.window.count))

@@ -19,7 +19,10 @@ struct RasterPainting {
     DisplayType displayType = WiggleVA;
     const ColorTable* colors = nullptr;
     QRgb* pixels = nullptr;  ///< window.height lines of window.width pixels
+    QRgb background = 0;     ///< of the rows that are painted
 };
+
+// Each row gets its background just before it is painted, while it is near.
 
 /// Paints wiggles, areas and colours of window.count traces. Rows are shared out to threads.
 void paintTraces(const RasterPainting& painting);

@@ -91,8 +91,12 @@ QImage TraceRaster::render(const RasterParm& parm, TraceTap* tap)
         _image = QImage(window.width, window.height, QImage::Format_RGB32);
     if (_image.isNull()) return QImage();
     _image.setDevicePixelRatio(parm.pixelRatio);
-    _image.fill(0xff000000u | parm.background);
-    if (window.count < 1 || window.height <= window.top) return _image;
+    const QRgb background = 0xff000000u | parm.background;
+    // Grey is a choice of colours, not a way of painting.
+    if (window.count < 1 || window.height <= window.top || parm.displayType == Grayscale) {
+        _image.fill(background);
+        return _image;
+    }
 
     _resampler->resample(parm, window, _columns);
     RasterPainting painting;
@@ -105,6 +109,8 @@ QImage TraceRaster::render(const RasterParm& parm, TraceTap* tap)
     painting.displayType = parm.displayType;
     painting.colors = parm.colors;
     painting.pixels = reinterpret_cast<QRgb*>(_image.bits());
+    painting.background = background;
+    std::fill_n(painting.pixels, size_t(painting.window.top) * window.width, background);
     isMap(parm.displayType) ? paintMap(painting) : paintTraces(painting);
     return _image;
 }
