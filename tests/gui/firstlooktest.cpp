@@ -351,6 +351,7 @@ void FirstLookTest::wigglesOfMoreTracesThanPixelsOfferColor()
     QCOMPARE(fixture.traces(), 900);
     QTRY_VERIFY(fixture.bar->isVisible());
     QVERIFY(fixture.button("densityButton")->isVisible());
+    QCOMPARE(fixture.text(), QString("More traces than pixels: colours show them all."));
     QVERIFY(!fixture.always()->isVisible());
     QCOMPARE(fixture.window->display()->seismicPlot()->displayType(), WiggleVA);
     fixture.press("densityButton");
