@@ -37,6 +37,8 @@ TEST(DataRows, ThePartStartsWithAWholeRow)
 
 TEST(DataRows, PastTheDataNoRowIsLeft)
 {
+    const DataRows single = dataRows({3000.0, 2000.0, 1.0, 0.0}, 1, 0.0, 1000.0);  // a picture of one row
+    EXPECT_EQ(single.first, single.end);
     const DataRows below = dataRows({3000.0, 2000.0, 100.0, 0.0}, 1, 0.0, 1000.0);
     EXPECT_EQ(below.first, below.end);
     const DataRows above = dataRows({-100.0, -200.0, 100.0, 0.0}, 1, 0.0, 1000.0);
