@@ -231,9 +231,15 @@ RasterParm SeismicPlot::rasterParm(std::vector<float>* offsets) const
 {
     static const ColorTable blackAndWhite;
     RasterParm parm;
-    parm.samples = _conditioner.samples();
     parm.nDataTraces = _conditioner.traceCount();
     parm.stride = _conditioner.sampleCount();
+    parm.samples = _conditioner.samples();
+    if (_conditioner.isInPlace()) {
+        // A load that ran out of memory may have left other data, or none.
+        const bool isThere = _data->traceCount() >= parm.nDataTraces && _data->sampleCount() == parm.stride;
+        parm.samples = isThere ? _data->getTraceValues(0, 0) : nullptr;
+        if (!isThere) parm.nDataTraces = 0;
+    }
     parm.sampleRate = _owner && _owner->isSlice() ? 1.0f : _data->sampleRate();
     const TraceConditioner& scale = _scaleSource && _scaleSource->conditioner().traceCount() >= parm.nDataTraces
                                         ? _scaleSource->conditioner()

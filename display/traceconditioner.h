@@ -67,6 +67,8 @@ public:
     int generation() const { return _generation; }
     /// The conditioned traces, sampleCount() floats each; null before the first computeNormalizer.
     const float* samples() const { return _samples; }
+    /// True: samples() are the data's own, which may have gone since.
+    bool isInPlace() const { return _samples && _samples != _tempData.data(); }
     int traceCount() const { return _nTraces; }
     int sampleCount() const { return _nSamples; }
     /// One divisor a trace: twice its mean absolute amplitude; 0 where 3 samples or fewer count. Counted are

@@ -64,6 +64,7 @@ private slots:
     void scalingMeasuresOnlyAfterTheFirstTime();
     void aPlotWithoutABarOnlyStoresTheType();
     void nothingIsDrawnWithoutData();
+    void lentTracesThatHaveGoneAreNotPainted();
     void drawsAtTheCanvasInDevicePixels_data();
     void drawsAtTheCanvasInDevicePixels();
     void aTransparentPlotLetsTheOneBelowThrough();
@@ -359,6 +360,26 @@ void SeismicPlotTest::nothingIsDrawnWithoutData()
     QVERIFY(_plot->renderImage2(x, y, QRectF()).isNull());
     _plot->computeNormalizer();
     QVERIFY(!_plot->renderImage2(x, y, QRectF(0, 0, 5, 100)).isNull());
+}
+
+void SeismicPlotTest::lentTracesThatHaveGoneAreNotPainted()
+{
+    std::vector<float> block(4 * 50, 1.0f);
+    std::vector<float*> traces;
+    for (int i = 0; i < 4; ++i) traces.push_back(&block[size_t(i) * 50]);
+    _data->clear();
+    _data->loadAllTraces(traces.data(), _headers.data(), 50, 4);
+    _plot->setDataLent(true);
+    _plot->setDataLoaded(true);
+    _plot->computeNormalizer();
+    const QwtScaleMap x = scaleMap(0, 5, 0, 100), y = scaleMap(100, 0, 80, 0);
+    const QImage shown = _plot->renderImage2(x, y, QRectF(0, 0, 5, 100)).copy();
+    QImage empty(shown.size(), shown.format());
+    empty.fill(Qt::white);
+    QVERIFY(!shown.isNull() && shown != empty);
+    _data->clear();
+    std::fill(block.begin(), block.end(), -1.0f);  // whatever stands there now
+    QCOMPARE(_plot->renderImage2(x, y, QRectF(0, 0, 5, 100)), empty);
 }
 
 void SeismicPlotTest::drawsAtTheCanvasInDevicePixels_data()
