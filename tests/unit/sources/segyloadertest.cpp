@@ -91,6 +91,20 @@ TEST_F(SegyLoaderTest, WithAnIndexStepsAreClampedToTheList)
     EXPECT_EQ(l.loader.priCurValue(), 30);
 }
 
+TEST_F(SegyLoaderTest, AnIndexTellsValueAndTracesOfEachEntryAndNothingOutside)
+{
+    LoaderParm parm;
+    parm.files = save(shots({2, 3, 1}));
+    parm.indexbuilt = true;
+    Loaded l(parm);
+    ASSERT_TRUE(l.open().isGood);
+    const int values[] = {0, 10, 20, 30, 0}, traces[] = {0, 2, 3, 1, 0};  // entries -1 to 3
+    for (int entry = -1; entry <= 3; ++entry) {
+        EXPECT_EQ(l.loader.ensembleValue(entry), values[entry + 1]) << entry;
+        EXPECT_EQ(l.loader.ensembleTraces(entry), traces[entry + 1]) << entry;
+    }
+}
+
 TEST_F(SegyLoaderTest, TheIndexSortsByBothKeys)
 {
     SegyBuilder file(1);
