@@ -1,9 +1,9 @@
 /// The badge of the status bar and the panel behind it: counts that go on, the delay by name, controls that exist.
 #include "frame/assumptionspanel.h"
 #include "sources/segyloader.h"
+#include "tests/gui/guitestdata.h"
 #include "tests/gui/modalanswer.h"
 #include "tests/gui/windowfixture.h"
-#include "tests/testdata.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -30,14 +30,6 @@ private slots:
 private:
     QTemporaryDir _home;
 };
-
-static QString dataFile(const char* name)
-{
-    return QString::fromStdString(testDataFile(name));
-}
-
-#define NEEDS_TEST_DATA() \
-    if (!hasTestData()) QSKIP("no real data files")
 
 namespace {
 

@@ -1,9 +1,9 @@
 /// The bar above the screens: what it says of a misread file, what its buttons do, and that the window never waits.
 #include "display/seismicplot.h"
 #include "frame/firstlook.h"
+#include "tests/gui/guitestdata.h"
 #include "tests/gui/modalanswer.h"
 #include "tests/gui/windowfixture.h"
-#include "tests/testdata.h"
 #include "tests/unit/sources/segybuilder.h"
 
 #include <QCheckBox>
@@ -44,14 +44,6 @@ private slots:
 private:
     QTemporaryDir _home;
 };
-
-static QString dataFile(const char* name)
-{
-    return QString::fromStdString(testDataFile(name));
-}
-
-#define NEEDS_TEST_DATA() \
-    if (!hasTestData()) QSKIP("no real data files")
 
 namespace {
 

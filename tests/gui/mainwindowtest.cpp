@@ -10,8 +10,8 @@
 #include "sources/segyloader.h"
 #include "sources/segyloadparm.h"
 #include "tests/gui/displayfixture.h"
+#include "tests/gui/guitestdata.h"
 #include "tests/gui/windowfixture.h"
-#include "tests/testdata.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 
@@ -64,14 +64,6 @@ private slots:
 private:
     QTemporaryDir _home;
 };
-
-static QString dataFile(const char* name)
-{
-    return QString::fromStdString(testDataFile(name));
-}
-
-#define NEEDS_TEST_DATA() \
-    if (!hasTestData()) QSKIP("no real data files")
 
 /// Accepts the message boxes that come up until it goes, and keeps their titles and texts.
 class BoxWatcher : public QObject

@@ -241,7 +241,7 @@ TEST_F(SegyLoaderTest, TheMenuGetsItsDisplayDefaults)
     EXPECT_EQ(menu.iscale, 1);
     EXPECT_EQ(menu.ireset, 1);
     EXPECT_EQ(menu.moveup, 1);
-    EXPECT_EQ(menu.iagc, 0x55555555) << "what isn't told stays";
+    EXPECT_EQ(menu.iagc, 0x55555555) << "what the loader doesn't know stays";
 }
 
 TEST_F(SegyLoaderTest, TheCapacityComesFromUserReelAndAuxiliaryTraces)
