@@ -1,6 +1,7 @@
 #include "analysis/parmmenudialog.h"
 
 #include "display/colorbardialog.h"
+#include "display/displaylist.h"
 #include "display/displaymenu.h"
 #include "display/imagedialog.h"
 #include "display/scalemenu.h"
@@ -16,8 +17,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displaylist, ImageStorage* imgstore,
-                               QList<SeismicDisplay*>* otherlist)
+ParmMenuDialog::ParmMenuDialog(QWidget* parent, const DisplayList* displaylist, ImageStorage* imgstore,
+                               const DisplayList* otherlist)
     : QDialog(parent)
 {
     setObjectName("ParmMenuDialog");
@@ -60,8 +61,10 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displayl
         setOverlayMode(displaylist->first()->overlayPlot() &&
                        displaylist->first()->overlayPlot()->isVisible());
     }
-    if (otherlist)
-        for (SeismicDisplay* display : qAsConst(*otherlist)) addNewDisplay(display);
+    if (!otherlist) return;
+    for (SeismicDisplay* display : *otherlist) addNewDisplay(display);
+    connect(otherlist, &DisplayList::added, this, &ParmMenuDialog::addNewDisplay);
+    connect(otherlist, &DisplayList::removed, this, [this](SeismicDisplay*, int place) { removeDisplay(place + 1); });
 }
 
 ParmMenuDialog::~ParmMenuDialog()
@@ -121,4 +124,23 @@ void ParmMenuDialog::addNewDisplay(SeismicDisplay* display)
     _displayLayout->addWidget(button);
     setTabOrder(button, _dismissButton);
     ++_ibcount;
+}
+
+/// The others behind it move up; who was chosen stays chosen, or the main displays are, where it was that one.
+void ParmMenuDialog::removeDisplay(int id)
+{
+    QAbstractButton* gone = _groupDisplay->button(id);
+    if (!gone) return;
+    _groupDisplay->removeButton(gone);
+    delete gone;
+    for (int i = id + 1; i < _ibcount; ++i) {
+        QAbstractButton* button = _groupDisplay->button(i);
+        _groupDisplay->setId(button, i - 1);
+        button->setObjectName(QString("displayButton%1").arg(i - 1));
+    }
+    --_ibcount;
+    if (_lastid < id) return;
+    const int chosen = _lastid == id ? 0 : _lastid - 1;
+    if (QAbstractButton* button = _groupDisplay->button(chosen)) button->setChecked(true);
+    changeDisplay(chosen);
 }

@@ -5,9 +5,9 @@
 #include "tracedata/orvinconstants.h"
 
 #include <QDialog>
-#include <QList>
 
 class ColorBarDialog;
+class DisplayList;
 class DisplayMenu;
 class ImageDialog;
 class ImageStorage;
@@ -26,9 +26,9 @@ class ParmMenuDialog : public QDialog
 
 public:
     /// The lists and the store are lent and outlive the dialog; the second list may be null. A button is made for
-    /// the main list, under the name of its first display, and one for each of the others.
-    ParmMenuDialog(QWidget* parent, QList<SeismicDisplay*>* displaylist, ImageStorage* imgstore,
-                   QList<SeismicDisplay*>* otherlist);
+    /// the main list, under the name of its first display, and one for each of the others, which come and go with
+    /// them.
+    ParmMenuDialog(QWidget* parent, const DisplayList* displaylist, ImageStorage* imgstore, const DisplayList* otherlist);
     /// Hides it first, so that a number that is just being typed is taken while all still stands: delete the
     /// dialog before the displays.
     ~ParmMenuDialog() override;
@@ -58,6 +58,8 @@ public slots:
     void changeDisplay(int id);
 
 private:
+    void removeDisplay(int id);
+
     QTabWidget* _tabView;
     DisplayMenu* _displayMenu;
     ScaleMenu* _scaleMenu;

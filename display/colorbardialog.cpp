@@ -27,7 +27,7 @@ static QString colorFolder()
     return QString(GetHome()) + "/port/misc/";
 }
 
-ColorBarDialog::ColorBarDialog(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
+ColorBarDialog::ColorBarDialog(const DisplayList* displaylist, const DisplayList* otherlist,
                                QWidget* parent)
     : QWidget(parent), _selection(displaylist, otherlist)
 {

@@ -27,8 +27,7 @@ class ColorBarDialog : public QWidget
 
 public:
     /// The lists are lent and outlive the dialog; the second may be null.
-    ColorBarDialog(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
-                   QWidget* parent = nullptr);
+    ColorBarDialog(const DisplayList* displaylist, const DisplayList* otherlist, QWidget* parent = nullptr);
 
     /// Shows another display: 0 all main ones, k the k-th of the others.
     void setDisplay(int id);

@@ -22,7 +22,7 @@
 #include <algorithm>
 #include <cmath>
 
-DisplayMenu::DisplayMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
+DisplayMenu::DisplayMenu(const DisplayList* displaylist, const DisplayList* otherlist,
                          QWidget* parent)
     : QWidget(parent), _selection(displaylist, otherlist)
 {

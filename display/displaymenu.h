@@ -29,8 +29,7 @@ class DisplayMenu : public QWidget
 
 public:
     /// The lists are lent and outlive the menu; the second may be null.
-    DisplayMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
-                QWidget* parent = nullptr);
+    DisplayMenu(const DisplayList* displaylist, const DisplayList* otherlist, QWidget* parent = nullptr);
 
     /// Shows another display: 0 all main ones, k the k-th of the others.
     void setDisplay(int id);

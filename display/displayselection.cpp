@@ -2,9 +2,9 @@
 
 QList<SeismicDisplay*> DisplaySelection::mainlist() const
 {
-    if (_id == 0) return *_displaylist;
+    if (_id == 0) return _displaylist->all();
     if (!_otherlist || _id < 1 || _id > _otherlist->size()) return {};
-    return {_otherlist->at(_id - 1)};
+    return {_otherlist->all().at(_id - 1)};
 }
 
 SeismicDisplay* DisplaySelection::display() const
@@ -15,5 +15,5 @@ SeismicDisplay* DisplaySelection::display() const
 
 QList<SeismicDisplay*> DisplaySelection::allDisplays() const
 {
-    return _otherlist ? *_displaylist + *_otherlist : *_displaylist;
+    return _otherlist ? _displaylist->all() + _otherlist->all() : _displaylist->all();
 }

@@ -2,16 +2,14 @@
 #ifndef DISPLAYSELECTION_H
 #define DISPLAYSELECTION_H
 
-#include <QList>
-
-class SeismicDisplay;
+#include "display/displaylist.h"
 
 /// Either all main displays, or a single one of the others. Both lists are lent, and looked at anew at each
 /// question, so that displays may come and go; the second may be null.
 class DisplaySelection
 {
 public:
-    DisplaySelection(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist)
+    DisplaySelection(const DisplayList* displaylist, const DisplayList* otherlist)
         : _displaylist(displaylist), _otherlist(otherlist)
     {
     }
@@ -23,13 +21,13 @@ public:
     /// The first of them, null if there is none.
     SeismicDisplay* display() const;
     /// The main displays.
-    QList<SeismicDisplay*> mainDisplays() const { return *_displaylist; }
+    QList<SeismicDisplay*> mainDisplays() const { return _displaylist->all(); }
     /// The main displays and the others.
     QList<SeismicDisplay*> allDisplays() const;
 
 private:
-    QList<SeismicDisplay*>* _displaylist;
-    QList<SeismicDisplay*>* _otherlist;
+    const DisplayList* _displaylist;
+    const DisplayList* _otherlist;
     int _id = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "display/imagedialog.h"
 
+#include "display/displaylist.h"
 #include "display/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "widgets/namedcontrol.h"
@@ -25,7 +26,7 @@
 
 #include <algorithm>
 
-ImageDialog::ImageDialog(ImageStorage* imgstore, QList<SeismicDisplay*>* displaylist, QWidget* parent)
+ImageDialog::ImageDialog(ImageStorage* imgstore, const DisplayList* displaylist, QWidget* parent)
     : QDialog(parent), _imgstore(imgstore), _displaylist(displaylist), _timer(new QTimer(this))
 {
     setObjectName("ImageDialog");
@@ -177,7 +178,7 @@ void ImageDialog::connectControls()
 QList<SeismicDisplay*> ImageDialog::displays() const
 {
     QList<SeismicDisplay*> shown;
-    for (SeismicDisplay* display : qAsConst(*_displaylist))
+    for (SeismicDisplay* display : *_displaylist)
         if (!display->isHidden() && !(display->parentWidget() && display->parentWidget()->isHidden())) shown.append(display);
     return shown;
 }
@@ -231,7 +232,7 @@ void ImageDialog::clearImage()
 {
     setDoView(false);
     _imgstore->removeAll();
-    for (SeismicDisplay* display : qAsConst(*_displaylist)) display->images().forgetStored();
+    for (SeismicDisplay* display : *_displaylist) display->images().forgetStored();
     _iloop = 0;
 }
 
@@ -275,7 +276,7 @@ void ImageDialog::setDoView(bool on)
 void ImageDialog::showStored(bool on)
 {
     if (!on) endLoop();
-    for (SeismicDisplay* display : on ? displays() : *_displaylist) {
+    for (SeismicDisplay* display : on ? displays() : _displaylist->all()) {
         display->setShowImage(on);
         if (on) followDisplay(display);
     }
@@ -352,7 +353,7 @@ void ImageDialog::imageLoop()
 
 void ImageDialog::changeSelect(int state)
 {
-    for (SeismicDisplay* display : qAsConst(*_displaylist)) display->setShowImageList(state != 0, _imageArray);
+    for (SeismicDisplay* display : *_displaylist) display->setShowImageList(state != 0, _imageArray);
 }
 
 void ImageDialog::changeImage()

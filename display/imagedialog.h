@@ -6,6 +6,7 @@
 #include <QList>
 #include <QVector>
 
+class DisplayList;
 class ImageStorage;
 class NumberEdit;
 class QCheckBox;
@@ -27,7 +28,7 @@ class ImageDialog : public QDialog
 
 public:
     /// Both are lent and outlive the dialog.
-    ImageDialog(ImageStorage* imgstore, QList<SeismicDisplay*>* displaylist, QWidget* parent = nullptr);
+    ImageDialog(ImageStorage* imgstore, const DisplayList* displaylist, QWidget* parent = nullptr);
 
     /// Brings the slider up to the store's count.
     void checkCount();
@@ -104,7 +105,7 @@ private:
     QGroupBox* _groupBox5;
 
     ImageStorage* _imgstore;              // lent
-    QList<SeismicDisplay*>* _displaylist;  // lent
+    const DisplayList* _displaylist;  // lent
     int _icount = 0;      // pictures that the slider knows of
     int _ispeed = 200;    // ms between two pictures
     double _isvalue = 1;  // of the slider

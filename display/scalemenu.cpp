@@ -23,7 +23,7 @@
 
 #include <cmath>
 
-ScaleMenu::ScaleMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist, QWidget* parent)
+ScaleMenu::ScaleMenu(const DisplayList* displaylist, const DisplayList* otherlist, QWidget* parent)
     : QWidget(parent), _selection(displaylist, otherlist)
 {
     setObjectName("ScaleMenu");

@@ -28,8 +28,7 @@ class ScaleMenu : public QWidget
 
 public:
     /// The lists are lent and outlive the menu; the second may be null.
-    ScaleMenu(QList<SeismicDisplay*>* displaylist, QList<SeismicDisplay*>* otherlist,
-              QWidget* parent = nullptr);
+    ScaleMenu(const DisplayList* displaylist, const DisplayList* otherlist, QWidget* parent = nullptr);
 
     /// Shows another display: 0 all main ones, k the k-th of the others.
     void setDisplay(int id);

@@ -100,7 +100,7 @@ void SeismicDisplay::setColorBar(ColorBarFrame* bar)
     _seismicplot->setColorBar(bar);
 }
 
-void SeismicDisplay::setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others)
+void SeismicDisplay::setLists(const DisplayList* displays, const DisplayList* others)
 {
     _zoomLink.setLists(displays, others);
 }

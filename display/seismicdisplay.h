@@ -20,6 +20,7 @@
 class AxisDrag;
 class ColorBarFrame;
 class DisplayHost;
+class DisplayList;
 class ImageStorage;
 class MyQwtPlotMagnifier;
 class MyQwtPlotPanner;
@@ -69,7 +70,7 @@ public:
     /// The store of the window's pictures; without one none are stored. Lent.
     void setImageStorage(ImageStorage* imgstore) { _images.setStorage(imgstore); }
     /// Sister displays that take over zooms and pans; lent.
-    void setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others);
+    void setLists(const DisplayList* displays, const DisplayList* others);
     /// Takes sample rate, sizes and time window from the record's run-time copy.
     void setNewData();
     /// Changes domain, sample count and rate; domain 8 is the time slice.

@@ -1,5 +1,6 @@
 #include "display/titles.h"
 
+#include "display/displaylist.h"
 #include "display/drawstyle.h"
 #include "display/seismicdisplay.h"
 #include "widgets/dismissbox.h"
@@ -14,7 +15,7 @@
 #include <QVBoxLayout>
 #include <qwt_text.h>
 
-Titles::Titles(QWidget* parent, QList<SeismicDisplay*>* displaylist, QStatusBar* statusBar)
+Titles::Titles(QWidget* parent, const DisplayList* displaylist, QStatusBar* statusBar)
     : QDialog(parent), _displaylist(displaylist), _statusBar(statusBar)
 {
     setObjectName("Titles");
@@ -64,7 +65,7 @@ void Titles::makeAxisTitle(QVBoxLayout* column)
     column->addWidget(group);
     connect(_titleVEdit, &QLineEdit::textEdited, this, &Titles::changeVerticalTitle);
     connect(_titleVBox, &QCheckBox::stateChanged, this, &Titles::showVAxisValues);
-    for (SeismicDisplay* display : qAsConst(*_displaylist))
+    for (SeismicDisplay* display : *_displaylist)
         connect(display, &SeismicDisplay::ensembleShown, this, &Titles::showAxisTitle);
 }
 
@@ -140,12 +141,12 @@ void Titles::setFont()
 
 void Titles::changeVerticalTitle()
 {
-    for (SeismicDisplay* display : qAsConst(*_displaylist)) display->setAxisTitle(_titleVEdit->text());
+    for (SeismicDisplay* display : *_displaylist) display->setAxisTitle(_titleVEdit->text());
 }
 
 void Titles::showVAxisValues(int state)
 {
-    for (SeismicDisplay* display : qAsConst(*_displaylist)) display->setVAxisValues(state != 0);
+    for (SeismicDisplay* display : *_displaylist) display->setVAxisValues(state != 0);
 }
 
 void Titles::showALTitle(int state)

@@ -3,8 +3,8 @@
 #define TITLES_H
 
 #include <QDialog>
-#include <QList>
 
+class DisplayList;
 class DrawStyle;
 class QCheckBox;
 class QLabel;
@@ -21,7 +21,7 @@ class Titles : public QDialog
 
 public:
     /// The list and the status bar, which is that of the displays, are lent and outlive the use of the dialog.
-    Titles(QWidget* parent, QList<SeismicDisplay*>* displaylist, QStatusBar* statusBar);
+    Titles(QWidget* parent, const DisplayList* displaylist, QStatusBar* statusBar);
 
 signals:
     /// The main title is to show area and line, or not.
@@ -54,7 +54,7 @@ private:
     QCheckBox* _areaBox;
     DrawStyle* _style;
     QLabel* _titleLabel;  // child, or of the status bar while it stands there
-    QList<SeismicDisplay*>* _displaylist;
+    const DisplayList* _displaylist;
     QStatusBar* _statusBar;
     bool _enableTitle = false;
 };

@@ -1,11 +1,12 @@
 #include "display/zoomlink.h"
 
 #include "display/displayhost.h"
+#include "display/displaylist.h"
 #include "display/seismicdisplay.h"
 
 #include <algorithm>
 
-void ZoomLink::setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others)
+void ZoomLink::setLists(const DisplayList* displays, const DisplayList* others)
 {
     _displaylist = displays;
     _otherlist = others;
@@ -19,8 +20,8 @@ bool ZoomLink::isSpreading() const
 QList<SeismicDisplay*> ZoomLink::othersOf(SeismicDisplay* from) const
 {
     QList<SeismicDisplay*> others;
-    for (const QList<SeismicDisplay*>* list : {_displaylist, _otherlist})
-        if (list) others += *list;
+    for (const DisplayList* list : {_displaylist, _otherlist})
+        if (list) others += list->all();
     others.removeAll(from);
     return others;
 }
@@ -56,16 +57,16 @@ void ZoomLink::spreadPan(SeismicDisplay* from, int dy) const
 void ZoomLink::alignBottoms() const
 {
     if (!_displaylist) return;
-    const bool isAny = std::any_of(_displaylist->cbegin(), _displaylist->cend(), [](const SeismicDisplay* display) {
+    const bool isAny = std::any_of(_displaylist->begin(), _displaylist->end(), [](const SeismicDisplay* display) {
         return !display->isHidden() && display->hasHorizontalBar();
     });
     // A display without a vertical axis has no label that stands out below its canvas.
     int most = 0;
-    for (SeismicDisplay* display : qAsConst(*_displaylist)) {
+    for (SeismicDisplay* display : *_displaylist) {
         display->reserveHorizontalBar(isAny);
         if (display->isVisible()) most = std::max(most, display->roomBelowCanvas());
     }
-    for (SeismicDisplay* display : qAsConst(*_displaylist))
+    for (SeismicDisplay* display : *_displaylist)
         if (display->isVisible()) display->reserveBelow(most - display->roomBelowCanvas());
 }
 

@@ -6,6 +6,7 @@
 #include <QRectF>
 
 class DisplayHost;
+class DisplayList;
 class SeismicDisplay;
 
 /// Knows the lists of sister displays; both are lent and may be null.
@@ -14,7 +15,7 @@ class ZoomLink
 public:
     /// @param host  guards against the echo; lent, may be null (then nothing is spread)
     explicit ZoomLink(DisplayHost* host) : _host(host) {}
-    void setLists(QList<SeismicDisplay*>* displays, QList<SeismicDisplay*>* others);
+    void setLists(const DisplayList* displays, const DisplayList* others);
 
     /// True while some display spreads its zoom.
     bool isSpreading() const;
@@ -33,8 +34,8 @@ private:
     QList<SeismicDisplay*> othersOf(SeismicDisplay* from) const;
 
     DisplayHost* _host;
-    QList<SeismicDisplay*>* _displaylist = nullptr;
-    QList<SeismicDisplay*>* _otherlist = nullptr;
+    const DisplayList* _displaylist = nullptr;
+    const DisplayList* _otherlist = nullptr;
 };
 
 #endif

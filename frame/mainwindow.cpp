@@ -78,7 +78,9 @@ MainWindow::~MainWindow()
 {
     // The displays borrow from the loader's parameter record and the header table.
     delete _parmmenu;
-    qDeleteAll(_displaylist);
+    const QList<SeismicDisplay*> displays = _displaylist.all();
+    _displaylist.clear();
+    qDeleteAll(displays);
     qDeleteAll(_spareScreens);
 }
 

@@ -3,6 +3,7 @@
 #define MAINWINDOW_H
 
 #include "display/displayhost.h"
+#include "display/displaylist.h"
 #include "frame/runstate.h"
 #include "sources/menus/segymenuhost.h"
 #include "tracedata/headertable.h"
@@ -71,7 +72,9 @@ public:
     void setFBPickMenu(fbPickMenuStruct* fbpickmenu) { _fbpickmenu = fbpickmenu; }
 
     SeismicDisplay* display() const { return _display; }
-    const QList<SeismicDisplay*>& displayList() const { return _displaylist; }
+    const QList<SeismicDisplay*>& displayList() const { return _displaylist.all(); }
+    /// The same with signals for what comes and goes; lives as long as the window.
+    const DisplayList* displays() const { return &_displaylist; }
     ColorBarFrame* colorBarFrame() const { return _colorBarFrame; }
     AssumptionsPanel* assumptionsPanel() const { return _assumptionsPanel; }
     SegyLoader* segyLoader() const override { return _segyloader.get(); }
@@ -218,8 +221,8 @@ private:
     FirstLookBar* _firstLookBar = nullptr;
     FirstLook* _firstLook = nullptr;
     std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
-    QList<SeismicDisplay*> _displaylist;
-    QList<SeismicDisplay*> _otherlist;
+    DisplayList _displaylist;
+    DisplayList _otherlist;
     QList<SeismicDisplay*> _spareScreens;  // hidden until more screens are wanted again
     SeismicDisplay* _display = nullptr;    // the last screen
     ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use

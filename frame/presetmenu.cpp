@@ -1,5 +1,6 @@
 #include "frame/presetmenu.h"
 
+#include "display/displaylist.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "frame/conditioningpreset.h"
@@ -11,7 +12,7 @@
 #include <QMessageBox>
 #include <QSettings>
 
-PresetMenu::PresetMenu(const QList<SeismicDisplay*>* displays, QWidget* parent)
+PresetMenu::PresetMenu(const DisplayList* displays, QWidget* parent)
     : QMenu("&Presets", parent), _displays(displays)
 {
     setObjectName("presetMenu");

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-class SeismicDisplay;
+class DisplayList;
 
 /// Saves the conditioning of the first display under a name, and gives that of a name to all displays at once, each
 /// repainted once.
@@ -16,7 +16,7 @@ class PresetMenu : public QMenu
 
 public:
     /// @param displays  lent, outlives the menu
-    PresetMenu(const QList<SeismicDisplay*>* displays, QWidget* parent);
+    PresetMenu(const DisplayList* displays, QWidget* parent);
 
     /// Saves under a name; a blank one is refused with false.
     bool save(const QString& name);
@@ -37,7 +37,7 @@ private:
     void fillEveryFile(const QStringList& names, const QString& marked);
     void askName();
 
-    const QList<SeismicDisplay*>* _displays;
+    const DisplayList* _displays;
 };
 
 #endif

@@ -25,13 +25,11 @@
 
 /// A main window on a small file with an index, and what it needs to live.
 struct DialogHome {
-    QList<SeismicDisplay*> displays;  // goes after the window
     WindowFixture fixture;
 
     explicit DialogHome(const QString& folder)
     {
         fixture.open(writeSegy(folder + "/small.sgy"), 1, 1);
-        displays = fixture.window->displayList();
     }
     ~DialogHome() { delete made; }
     QPointer<QWidget> made;  // what has no window to belong to
@@ -54,7 +52,7 @@ inline const std::map<QString, std::function<QWidget*(DialogHome*)>>& dialogTabl
          }},
         {"ImageDialog",
          [](DialogHome* home) -> QWidget* {
-             return home->made = new ImageDialog(home->fixture.window->imageStorage(), &home->displays);
+             return home->made = new ImageDialog(home->fixture.window->imageStorage(), home->fixture.window->displays());
          }},
         {"DrawDialog",
          [](DialogHome* home) -> QWidget* {
@@ -79,7 +77,7 @@ inline const std::map<QString, std::function<QWidget*(DialogHome*)>>& dialogTabl
         {"SegyRemapDialog", [](DialogHome* home) -> QWidget* { return home->made = new SegyRemapDialog; }},
         {"SectionExportDialog",
          [](DialogHome* home) -> QWidget* {
-             const auto layout = [home](const SectionScale& scale) { return sectionPage(*home->displays.first(), scale, 15); };
+             const auto layout = [home](const SectionScale& scale) { return sectionPage(*home->fixture.window->display(), scale, 15); };
              return home->made = new SectionExportDialog({5.0, 10.0}, layout);
          }},
     };

@@ -4,6 +4,7 @@
 
 #include "display/colorbarframe.h"
 #include "display/displayhost.h"
+#include "display/displaylist.h"
 #include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/menudefaults.h"
@@ -68,7 +69,7 @@ struct DisplayFixture {
     std::unique_ptr<parmmenu> menu = std::make_unique<parmmenu>();
     ColorBarFrame bar;
     QStatusBar status, control;
-    QList<SeismicDisplay*> displays, others;
+    DisplayList displays, others;
     std::vector<std::unique_ptr<SeismicDisplay>> owned;
 
     explicit DisplayFixture(int nDisplays = 1, int nSamples = 500, float rate = 4.0f)

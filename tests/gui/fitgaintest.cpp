@@ -116,7 +116,7 @@ struct FileFixture : WindowFixture {
     explicit FileFixture(const QString& file)
     {
         open(QString::fromStdString(testDataFile(file.toStdString())));
-        displays = window->displayList();
+        for (SeismicDisplay* display : window->displayList()) displays.append(display);
         page = std::make_unique<DisplayMenu>(&displays, nullptr);
     }
     void choose(const char* name, int index)
@@ -126,7 +126,7 @@ struct FileFixture : WindowFixture {
         emit box->activated(index);
     }
     SeismicPlot* plot() { return window->display()->seismicPlot(); }
-    QList<SeismicDisplay*> displays;
+    DisplayList displays;
     std::unique_ptr<DisplayMenu> page;
 };
 

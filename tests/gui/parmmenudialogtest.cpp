@@ -39,6 +39,7 @@ private slots:
     void initTestCase();
     void theTabsStandInOrder();
     void thereIsAButtonForEachDisplay();
+    void theButtonsFollowTheListOfTheOthers();
     void choosingADisplayReachesAllTabs();
     void theTabShowsWhatEachDisplayIsConditionedBy();
     void aPresetIsShownAndOutlivesTheFile();
@@ -104,6 +105,40 @@ void ParmMenuDialogTest::thereIsAButtonForEachDisplay()
     QCOMPARE(f.find<QRadioButton>("displayButton0")->text(), QString("Main Display"));
     f.dialog->addNewDisplay(f.displays[0]);
     QVERIFY(!f.find<QRadioButton>("displayButton2")->isChecked());
+}
+
+void ParmMenuDialogTest::theButtonsFollowTheListOfTheOthers()
+{
+    MenuFixture f;
+    SeismicDisplay* second = f.others[0];
+    SeismicDisplay third(nullptr, "Stack", nullptr, nullptr, true, true, 2, &f.host);
+    third.setColorBar(&f.bar);
+    third.setMenu(f.menu.get());
+    f.others.append(&third);
+    QCOMPARE(f.find<QRadioButton>("displayButton2")->text(), QString("Stack"));
+    f.find<QRadioButton>("displayButton2")->click();
+
+    // The one before it goes: its own button is now the second, and still the one chosen.
+    f.others.removeAt(0);
+    QCOMPARE(f.dialog->findChildren<QRadioButton*>().size(), 2);
+    QCOMPARE(f.find<QRadioButton>("displayButton1")->text(), QString("Stack"));
+    QVERIFY(f.find<QRadioButton>("displayButton1")->isChecked());
+    const auto typeGain = [&f](const char* db) {
+        f.find<NumberEdit>("gainEdit")->setText(db);
+        QTest::keyClick(f.find<NumberEdit>("gainEdit"), Qt::Key_Return);
+    };
+    typeGain("6");
+    QVERIFY(std::abs(third.seismicPlot()->gain() - 6.0f) < 1e-4f);
+    QCOMPARE(f[0]->seismicPlot()->gain(), 0.0f);
+    QCOMPARE(second->seismicPlot()->gain(), 0.0f);
+
+    // The one chosen goes: the main displays are chosen.
+    f.others.clear();
+    QVERIFY(f.find<QRadioButton>("displayButton0")->isChecked());
+    QVERIFY(!f.dialog->findChild<QRadioButton*>("displayButton1"));
+    typeGain("3");
+    QVERIFY(std::abs(f[0]->seismicPlot()->gain() - 3.0f) < 1e-4f);
+    QVERIFY(std::abs(third.seismicPlot()->gain() - 6.0f) < 1e-4f);
 }
 
 void ParmMenuDialogTest::choosingADisplayReachesAllTabs()

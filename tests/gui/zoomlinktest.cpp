@@ -42,7 +42,7 @@ void ZoomLinkTest::withAFixedSpacingADragZoomsWhereverThePictureWasPannedTo()
     f.menu->tpi = tpi;
     f.menu->ips = ips;
     TestEnsemble ensemble(200, 500);
-    for (SeismicDisplay* display : qAsConst(f.displays)) display->setMenu(f.menu.get());
+    for (SeismicDisplay* display : f.displays) display->setMenu(f.menu.get());
     f.load(ensemble, 0);
     f.load(ensemble, 1);
     QCOMPARE(f[0]->zoomBase(), QRectF(0.0, 0.0, 201.0, 2000.0));
