@@ -142,6 +142,7 @@ void DrawDialog::beginDrawing()
     if (!isLastThere) _target = _targets.first();
     takeInput(true);
     newCurrent();
+    emit drawingBegun();
 }
 
 void DrawDialog::stopDrawing()

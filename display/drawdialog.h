@@ -42,6 +42,10 @@ public:
 
     bool eventFilter(QObject* object, QEvent* event) override;
 
+signals:
+    /// The mouse draws from now on.
+    void drawingBegun();
+
 public slots:
     void applyDraw(int state);
     void changeMethod();

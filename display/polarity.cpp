@@ -1,8 +1,9 @@
 #include "display/polarity.h"
 
+#include "widgets/appsettings.h"
+
 #include <QCryptographicHash>
 #include <QFileInfo>
-#include <QSettings>
 #include <QStringList>
 
 static const char* const senseNames[] = {"unknown", "normal", "reversed"};
@@ -35,7 +36,7 @@ static QString keyOf(const QString& files)
         paths += canonical.isEmpty() ? info.absoluteFilePath() : canonical;
     }
     const QByteArray hash = QCryptographicHash::hash(paths.join('\n').toUtf8(), QCryptographicHash::Sha1);
-    return "polarity/" + QString::fromLatin1(hash.toHex());
+    return QString(SettingsKey::polarity) + "/" + QString::fromLatin1(hash.toHex());
 }
 
 Polarity readPolarity(const QSettings& settings, const QString& files)

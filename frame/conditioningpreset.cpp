@@ -2,8 +2,8 @@
 
 #include "display/rasternumber.h"
 #include "display/seismicplot.h"
+#include "widgets/appsettings.h"
 
-#include <QSettings>
 #include <QUrl>
 
 #include <cmath>
@@ -31,12 +31,12 @@ const std::vector<PresetField>& presetFields()
 /// A slash in a name would make a group of its own.
 static QString groupOf(const QString& name)
 {
-    return "presets/" + QString::fromLatin1(QUrl::toPercentEncoding(name, " "));
+    return QString(SettingsKey::presets) + "/" + QString::fromLatin1(QUrl::toPercentEncoding(name, " "));
 }
 
 QStringList presetNames(QSettings* settings)
 {
-    settings->beginGroup("presets");
+    settings->beginGroup(SettingsKey::presets);
     QStringList names;
     for (const QString& group : settings->childGroups()) names.append(QUrl::fromPercentEncoding(group.toLatin1()));
     settings->endGroup();
@@ -78,8 +78,6 @@ bool loadPreset(QSettings* settings, const QString& name, ConditioningPreset* pr
     return true;
 }
 
-static const char everyFileKey[] = "options/presetForEveryFile";
-
 void removePreset(QSettings* settings, const QString& name)
 {
     settings->remove(groupOf(name));
@@ -88,12 +86,12 @@ void removePreset(QSettings* settings, const QString& name)
 
 QString presetForEveryFile(const QSettings& settings)
 {
-    return settings.value(everyFileKey).toString();
+    return settings.value(SettingsKey::presetForEveryFile).toString();
 }
 
 void setPresetForEveryFile(QSettings* settings, const QString& name)
 {
-    settings->setValue(everyFileKey, name);
+    settings->setValue(SettingsKey::presetForEveryFile, name);
 }
 
 ConditioningPreset presetOf(const SeismicPlot& plot)

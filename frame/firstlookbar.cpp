@@ -1,14 +1,12 @@
 #include "frame/firstlookbar.h"
 
+#include "widgets/appsettings.h"
 #include "widgets/namedcontrol.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QSettings>
-
-static const char alwaysKey[] = "guess-always";
 
 FirstLookBar::FirstLookBar(QWidget* parent) : QFrame(parent)
 {
@@ -24,7 +22,7 @@ FirstLookBar::FirstLookBar(QWidget* parent) : QFrame(parent)
     _densityButton = makeControl<QPushButton>("densityButton", tr("Show amplitudes by colours: the display type Color"), tr("Show as Color"));
     _notNowButton = makeControl<QPushButton>("notNowButton", tr("Leave all as it is"), tr("Not now"));
     _alwaysBox = makeControl<QCheckBox>("alwaysBox", tr("Use such settings unasked, from the next file on"), tr("Always"));
-    _alwaysBox->setChecked(QSettings("Brenlake", "SEISMICDISPLAY").value(alwaysKey, false).toBool());
+    _alwaysBox->setChecked(AppSettings().value(SettingsKey::guessAlways, false).toBool());
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(6, 2, 6, 2);
     row->addWidget(_textLabel, 1);
@@ -37,7 +35,7 @@ FirstLookBar::FirstLookBar(QWidget* parent) : QFrame(parent)
     connect(_detailsButton, &QPushButton::clicked, this, &FirstLookBar::detailsWanted);
     connect(_densityButton, &QPushButton::clicked, this, &FirstLookBar::densityWanted);
     connect(_notNowButton, &QPushButton::clicked, this, &FirstLookBar::dismiss);
-    connect(_alwaysBox, &QCheckBox::toggled, this, [](bool on) { QSettings("Brenlake", "SEISMICDISPLAY").setValue(alwaysKey, on); });
+    connect(_alwaysBox, &QCheckBox::toggled, this, [](bool on) { AppSettings().setValue(SettingsKey::guessAlways, on); });
     hide();
 }
 

@@ -1,46 +1,44 @@
 #include "frame/mainwindow.h"
 
-#include "analysis/parmmenudialog.h"
 #include "display/colorbarframe.h"
-#include "display/drawdialog.h"
-#include "display/imagedialog.h"
 #include "display/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
-#include "frame/firstlook.h"
+#include "frame/barcolumn.h"
+#include "frame/differencetool.h"
+#include "frame/drawtool.h"
 #include "frame/firstlookbar.h"
-#include "frame/helpkeys.h"
+#include "frame/imagetool.h"
 #include "frame/indexbar.h"
 #include "frame/pagekeys.h"
+#include "frame/parmtool.h"
 #include "frame/presetmenu.h"
+#include "frame/screenrow.h"
+#include "frame/titletool.h"
 #include "frame/windowactions.h"
+#include "frame/windowdisplayhost.h"
+#include "frame/windowexports.h"
+#include "frame/windowhelp.h"
+#include "frame/windowlook.h"
 #include "frame/windowreport.h"
-#include "frame/windowsettings.h"
-#include "host/home.h"
+#include "frame/windowsegyhost.h"
+#include "frame/windowsession.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
-#include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
-#include "widgets/screenplace.h"
 #include "widgets/wholefile.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QFile>
 #include <QFrame>
 #include <QGroupBox>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QRadioButton>
-#include <QScreen>
-#include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTextStream>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 /// Resources of a static library are only linked in when they are asked for by name.
 static void initPictures()
@@ -59,29 +57,25 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     makeCentre();
     _actions = std::make_unique<WindowActions>(this);
     _actions->setFlow(_menu->dotrevia == 1 || _menu->inputtool != 0);
+    makeParts();
+    makeTools();
     makeRecentMenu();
-    makeViewMenu();
+    makeScreensMenu();
     makeRecordList();
     makeOptions();
     makeAssumptionsPanel();
-    makeFirstLook();
-    new HelpKeys(this, [this](QWidget* window, const QString& page) { showHelp(window, page); });
     connect(WrittenFiles::all(), &WrittenFiles::written, statusBar(), [this](const QString& line) { statusBar()->showMessage(line); });
     statusBar()->showMessage("Ready");
-    readSettings();
-    _COMPANY = setCompanyName();
-    setAreaLineTitle(true);
+    _session->restore();
+    showTitle();
     setNavigation();
 }
 
 MainWindow::~MainWindow()
 {
-    // The displays borrow from the loader's parameter record and the header table.
-    delete _parmmenu;
-    const QList<SeismicDisplay*> displays = _displaylist.all();
-    _displaylist.clear();
-    qDeleteAll(displays);
-    qDeleteAll(_spareScreens);
+    // The displays borrow from the loader's parameter record and the header table, the tools from the displays.
+    _tools.beforeDisplaysGo();
+    _screens.reset();
 }
 
 void MainWindow::makeCentre()
@@ -94,14 +88,9 @@ void MainWindow::makeCentre()
     vLayout->setContentsMargins(2, 2, 2, 2);
     auto* row = new QHBoxLayout;
     _splitter = new QSplitter(Qt::Horizontal);
-    _cvLayout = new QVBoxLayout;
-    _colorBarFrame = new ColorBarFrame;
-    _colorBarFrame->setObjectName("colorBarFrame");
-    _cvLayout->addStretch();
-    _cvLayout->addWidget(_colorBarFrame);
-    _cvLayout->addStretch();
+    _bars = new BarColumn;
     row->addWidget(_splitter, 1);
-    row->addLayout(_cvLayout);
+    row->addLayout(_bars);
     _firstLookBar = new FirstLookBar;
     vLayout->addWidget(_firstLookBar);
     vLayout->addLayout(row, 1);
@@ -115,18 +104,48 @@ void MainWindow::makeCentre()
     setCentralWidget(frame);
 }
 
+void MainWindow::makeParts()
+{
+    _help = std::make_unique<WindowHelp>(this);
+    _session = std::make_unique<WindowSession>(this, _bars->bar(), _menu, _report.get());
+    _imgstore = std::make_unique<ImageStorage>();
+    _displayHost = std::make_unique<WindowDisplayHost>(&_headerTable, _bars, &_tools);
+    _segyHost = std::make_unique<WindowSegyHost>(this);
+    _screens = std::make_unique<ScreenRow>(
+        _splitter, _menu, ScreenParts{statusBar(), _controlStatus, _bars->bar(), _imgstore.get(), _displayHost.get()});
+    connect(_screens.get(), &ScreenRow::screenMade, this, &MainWindow::watchScreen);
+    _look = std::make_unique<WindowLook>(_firstLookBar, [this](const SegyLoadParm& parm) { return loadSegyFile(parm) != 0; },
+                                         displays());
+    _exports = std::make_unique<WindowExports>(this, _screens.get(),
+                                               [this] { return SectionOrigin{_title.file, _segyloader.get()}; });
+}
+
+/// In the order in which they hear of a record: the data come back before the difference is made, and the menu shows
+/// what has come of both.
+void MainWindow::makeTools()
+{
+    auto parms = std::make_unique<ParmTool>(this, displays(), _screens->others(), _imgstore.get());
+    _imageTool = _tools.add(std::make_unique<ImageTool>(this, _imgstore.get(), parms.get(), displays(), _actions.get(), _menu));
+    _differenceTool = _tools.add(std::make_unique<DifferenceTool>(_screens.get(), _menu));
+    _parmTool = _tools.add(std::move(parms));
+    _titleTool = _tools.add(std::make_unique<TitleTool>(this, displays(), statusBar()));
+    _drawTool = _tools.add(std::make_unique<DrawTool>(this, displays(), &_tools));
+    connect(_imageTool, &ImageTool::viewingChanged, this, &MainWindow::checkRadioButtons);
+    connect(_parmTool, &ParmTool::overlayWanted, _actions->box("overlayBox"), &QCheckBox::setChecked);
+    connect(_titleTool, &TitleTool::areaLineTitleWanted, this, &MainWindow::setAreaLineTitle);
+    connect(_firstLookBar, &FirstLookBar::densityWanted, _parmTool, &ParmTool::showAsColor);
+}
+
 void MainWindow::makeOptions()
 {
     QMenu* tools = _actions->menu("&Tools");
     tools->addSeparator();
     auto* keys = new PageKeys(this, _actions->action("forwardAct"), _actions->action("backAct"));
     tools->addAction(keys->option());
-    auto* presets = new PresetMenu(&_displaylist, this);
+    auto* presets = new PresetMenu(displays(), this);
     tools->addMenu(presets);
     connect(this, &MainWindow::fileShown, presets, &PresetMenu::applyToNewFile);
-    connect(presets, &PresetMenu::applied, this, [this] {
-        if (_parmmenu) _parmmenu->updateAll();
-    });
+    connect(presets, &PresetMenu::applied, this, [this] { _tools.parametersChanged(); });
 }
 
 void MainWindow::makeAssumptionsPanel()
@@ -144,30 +163,38 @@ void MainWindow::makeAssumptionsPanel()
 
 void MainWindow::buildMainPlot()
 {
-    makeImageStorage();
-    for (int i = 0; i < _menu->iscreens; ++i) _displaylist.append(makeScreen());
-    _display = _displaylist.last();
-    layoutScreens();
+    _imageTool->start();
+    _screens->build();
     checkRadioButtons();
     if (_menu->idifference != 0 && _menu->iscreens > 1) _actions->box("differBox")->setChecked(true);
     showScreens();
-    _displaylist.first()->canvas()->setFocus();
+    displays()->first()->canvas()->setFocus();
 }
+
+const DisplayList* MainWindow::displays() const { return _screens->displays(); }
+SeismicDisplay* MainWindow::display() const { return _screens->lastScreen(); }
+ColorBarFrame* MainWindow::colorBarFrame() const { return _bars->bar(); }
+FirstLook* MainWindow::firstLook() const { return _look->firstLook(); }
+ParmMenuDialog* MainWindow::parmMenuDialog() const { return _parmTool->madeMenu(); }
+const QString& MainWindow::companyName() const { return _help->company(); }
 
 int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
 {
-    if (screen < 0 || screen >= _displaylist.size()) return 0;
-    _isEnsembleShown = _displaylist[screen]->loadSeismicData(traces, heads, n, true) == 0;
-    endViewing();
-    if (_showDifference && _actions->box("differBox")->isChecked() && screen == _menu->iscreens - 1) loadDifference();
-    if (_parmmenu) _parmmenu->update();
+    if (screen < 0 || screen >= displays()->size()) return 0;
+    _isEnsembleShown = (*displays())[screen]->loadSeismicData(traces, heads, n, true) == 0;
+    _tools.afterRecord(screen);
     return 0;
 }
 
 int MainWindow::saveEnsemble(float** traces, int** heads, int n, int screen)
 {
-    if (screen < 0 || screen >= _displaylist.size()) return 0;
-    return _displaylist[screen]->saveSeismicData(traces, heads, n);
+    if (screen < 0 || screen >= displays()->size()) return 0;
+    return (*displays())[screen]->saveSeismicData(traces, heads, n);
+}
+
+void MainWindow::performProcessing()
+{
+    _tools.processEnsemble();
 }
 
 int MainWindow::getMoveUp() const
@@ -178,6 +205,7 @@ int MainWindow::getMoveUp() const
 void MainWindow::setLastEnsemble(bool last)
 {
     _actions->action("forwardAct")->setEnabled(!last);
+    if (last) _tools.endOfData();
     if (last && _run._contFlow) _run._doExit = true;
 }
 
@@ -192,50 +220,19 @@ void MainWindow::enableBackKey(bool on)
     }
 }
 
-QString MainWindow::setCompanyName() const
+void MainWindow::saveBeforeClose()
 {
-    QFile file(QString(GetHome()) + "/linux/lib/company.txt");
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) return QString();
-    return QTextStream(&file).readLine();
-}
-
-static QSettings* openSettings(QObject* parent)
-{
-    return new QSettings("Brenlake", "SEISMICDISPLAY", parent);
-}
-
-void MainWindow::readSettings()
-{
-    const std::unique_ptr<QSettings> settings(openSettings(nullptr));
-    const QRect area = screen() ? screen()->geometry() : QRect(0, 0, 1280, 1024);
-    const WindowSettings window =
-        clampedSettings(readWindowSettings(settings.get(), area, _menu->ireset != 0), presentScreens());
-    // A flow's menu tells how many; a record that asks for several gets them.
-    if (_menu->dotrevia == 0 && _menu->inputtool == 0 && _menu->iscreens == 1) {
-        _menu->iscreens = std::clamp(settings->value("screens", _menu->iscreens).toInt(), 1, mostScreens);
-        _menu->idifference = settings->value("difference", _menu->idifference).toInt() != 0;
-    }
-    resize(window.size);
-    move(window.pos);
-    if (!window.state.isEmpty()) restoreState(window.state);
-    if (!window.colormap.isEmpty() && !_colorBarFrame->loadColorMapFile(window.colormap))
-        _report->line("MERIDUNE: the colour file " + window.colormap.toStdString() + " can't be read, using the built-in map\n");
-}
-
-void MainWindow::writeSettings()
-{
-    const std::unique_ptr<QSettings> settings(openSettings(nullptr));
-    writeWindowSettings(settings.get(), {pos(), size(), _colorBarFrame->colorFile(), saveState()});
-    if (_menu->dotrevia != 0) return;
-    settings->setValue("screens", _menu->iscreens);
-    settings->setValue("difference", _menu->idifference);
+    if (!_tools.hasUnsaved()) return;
+    const auto answer = QMessageBox::warning(this, "Seismic Display", "Save edits?", QMessageBox::Yes | QMessageBox::No);
+    if (answer == QMessageBox::Yes) _tools.save();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    writeSettings();
-    hideMenus();
-    _firstLook->drop();  // nothing is opened in a window that has gone
+    saveBeforeClose();
+    _session->keep();
+    _tools.hide();
+    _look->firstLook()->drop();  // nothing is opened in a window that has gone
     _run._doExit = true;
     event->accept();
 }
@@ -253,13 +250,13 @@ void MainWindow::closeContinue()
 
 void MainWindow::closeProcess()
 {
-    hideMenus();
+    _tools.hide();
     _run.processFlow(false);
 }
 
 void MainWindow::closeProcessHide()
 {
-    hideMenus();
+    _tools.hide();
     _run.processFlow(true);
     hide();
     _report->line("\nMERIDUNE: close window but continue processing this flow.\n");
@@ -267,7 +264,7 @@ void MainWindow::closeProcessHide()
 
 void MainWindow::checkRadioButtons()
 {
-    if (_drawMenu) _drawMenu->endDrawing();  // another tool takes the mouse
+    _tools.leave(WindowTool::Group::Mouse);  // the tool bar takes the mouse
     const bool isOwned = _actions->box("showImageBox")->isChecked();
     _actions->radioBox()->setEnabled(!isOwned);
     for (const auto& [name, what] : {std::make_pair("radioSpectrum", "The amplitude spectrum"),
@@ -276,7 +273,7 @@ void MainWindow::checkRadioButtons()
         _actions->radio("radioZoom")->setChecked(true);
         tellNotBuilt(what);
     }
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->showDisplay(isOwned ? -1 : 0);
+    for (SeismicDisplay* display : *displays()) display->showDisplay(isOwned ? -1 : 0);
 }
 
 void MainWindow::tellNotBuilt(const QString& what)
@@ -284,51 +281,45 @@ void MainWindow::tellNotBuilt(const QString& what)
     statusBar()->showMessage(what + " is not built yet.");
 }
 
-void MainWindow::makeParmMenu()
+void MainWindow::setAreaLineNames(const QString& area, const QString& line, const QString& flow)
 {
-    if (_parmmenu) return;
-    _parmmenu = new ParmMenuDialog(this, &_displaylist, _imgstore.get(), &_otherlist);
-    QCheckBox* box = _actions->box("overlayBox");
-    connect(_parmmenu, &ParmMenuDialog::overlayChanged, box, &QCheckBox::setChecked);
-    connect(_parmmenu->imageDialog(), &ImageDialog::viewChanged, _actions->box("showImageBox"), &QCheckBox::setChecked);
+    _title.area = area;
+    _title.line = line;
+    _title.flow = flow;
+    showTitle();
 }
 
-void MainWindow::parameterMenu()
+void MainWindow::setAreaLineTitle(bool show)
 {
-    makeParmMenu();
-    bringUp(_parmmenu);
+    _title.isShown = show;
+    showTitle();
 }
 
+void MainWindow::showTitle()
+{
+    setWindowTitle(_title.text());
+}
+
+void MainWindow::parameterMenu() { _parmTool->show(); }
+void MainWindow::titleMenu() { _titleTool->show(); }
+void MainWindow::drawMenu() { _drawTool->show(); }
+void MainWindow::print() { _exports->print(); }
+void MainWindow::exportPDF() { _exports->exportPdf(); }
+void MainWindow::exportSection() { _exports->exportSection(); }
+void MainWindow::exportImage() { _exports->exportImage(); }
+void MainWindow::exportScreen() { _exports->exportScreen(); }
+void MainWindow::contentHelp() { _help->showContents(); }
+void MainWindow::about() { _help->showAbout(); }
+void MainWindow::saveImage(int state) { _imageTool->setStored(state != 0); }
+void MainWindow::showImage(int state) { _imageTool->showPictures(state != 0); }
+void MainWindow::showOverlay(int state) { _parmTool->showOverlay(state != 0); }
+void MainWindow::setOverlayMode(bool on) { _displayHost->setOverlayMode(on); }
+bool MainWindow::isCollectImage(int* n) const { return _imageTool->isCollecting(n); }
+void MainWindow::setCollecting(bool on) { _imageTool->setCollecting(on); }
 void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }
 void MainWindow::addNewDisplay() { tellNotBuilt("Adding a display"); }
 void MainWindow::menuViewer() {}
 void MainWindow::getMapViewer() { tellNotBuilt("The map"); }
-
-
-void MainWindow::showOverlay(int state)
-{
-    makeParmMenu();
-    _parmmenu->showOverlay(state != 0);
-}
-
-ColorBarFrame* MainWindow::overlayColorBarFrame()
-{
-    if (!_overlayColorBarFrame) {
-        _overlayColorBarFrame = new ColorBarFrame;
-        _overlayColorBarFrame->setObjectName("overlayColorBarFrame");
-        _cvLayout->addWidget(_overlayColorBarFrame);
-        _cvLayout->addStretch();
-    }
-    return _overlayColorBarFrame;
-}
-
-void MainWindow::setOverlayMode(bool on)
-{
-    overlayColorBarFrame()->setVisible(on);
-    // The room below a bar that isn't shown would push the other one up.
-    for (int i = 0; i < _cvLayout->count(); i += 2) _cvLayout->setStretch(i, i < 4 || on ? 1 : 0);
-    if (_parmmenu) _parmmenu->setOverlayMode(on);
-}
 
 /// A mode without a tool gives the mouse to nobody, so that its box doesn't stay checked.
 void MainWindow::refuseMode(const char* box, const QString& what)
@@ -351,10 +342,6 @@ void MainWindow::showFBPicker(int state)
 {
     if (state) refuseMode("showFBPickerBox", "First-break picking");
 }
-
-void MainWindow::doFBPicking(bool) {}
-
-void MainWindow::pickTraceChange(const float*, int, int, int) {}
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {

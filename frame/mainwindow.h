@@ -2,13 +2,13 @@
 #ifndef MAINWINDOW_H
 #define MAINWINDOW_H
 
-#include "display/displayhost.h"
 #include "display/displaylist.h"
 #include "frame/runstate.h"
-#include "sources/menus/segymenuhost.h"
+#include "frame/toolbench.h"
+#include "frame/windowtitle.h"
+#include "sources/segyloadparm.h"
 #include "tracedata/headertable.h"
 
-#include <QList>
 #include <QMainWindow>
 #include <QString>
 
@@ -16,32 +16,44 @@
 #include <memory>
 
 class AssumptionsPanel;
+class BarColumn;
 class ColorBarFrame;
-class ParmMenuDialog;
 class DialogProgress;
-class DrawDialog;
+class DifferenceTool;
+class DisplayHost;
+class DrawTool;
 class FirstLook;
 class FirstLookBar;
 class ImageStorage;
+class ImageTool;
 class IndexBar;
+class ParmMenuDialog;
+class ParmTool;
 class QLabel;
 class QSplitter;
 class QStatusBar;
-class QVBoxLayout;
 class RecordList;
+class ScreenRow;
+class ScreensMenu;
 class SegyLoader;
 class SegyMenuDialog;
+class SegyMenuHost;
 class SeismicDisplay;
-class Titles;
+class TitleTool;
 class WindowActions;
+class WindowExports;
+class WindowHelp;
+class WindowLook;
 class WindowReport;
+class WindowSession;
 struct fbPickMenuStruct;
 struct parmmenu;
 struct velSemblanceStruct;
 
-/// Holds the screens, the loaders, the navigation through the records and the ways out. The three
-/// parameter records are lent and live until the process ends.
-class MainWindow : public QMainWindow, public DisplayHost, public SegyMenuHost
+/// The top window: it opens files, goes from record to record, and hands on what the user asks for to the classes behind
+/// it. Its tools are on a bench that it calls without knowing them. The three parameter records are lent and live until
+/// the process ends.
+class MainWindow : public QMainWindow
 {
     Q_OBJECT
 
@@ -71,18 +83,21 @@ public:
     void setVelSemblance(velSemblanceStruct* velsemblance) { _velsemblance = velsemblance; }
     void setFBPickMenu(fbPickMenuStruct* fbpickmenu) { _fbpickmenu = fbpickmenu; }
 
-    SeismicDisplay* display() const { return _display; }
-    const QList<SeismicDisplay*>& displayList() const { return _displaylist.all(); }
+    /// The last screen.
+    SeismicDisplay* display() const;
+    const QList<SeismicDisplay*>& displayList() const { return displays()->all(); }
     /// The same with signals for what comes and goes; lives as long as the window.
-    const DisplayList* displays() const { return &_displaylist; }
-    ColorBarFrame* colorBarFrame() const { return _colorBarFrame; }
+    const DisplayList* displays() const;
+    ColorBarFrame* colorBarFrame() const;
     AssumptionsPanel* assumptionsPanel() const { return _assumptionsPanel; }
-    SegyLoader* segyLoader() const override { return _segyloader.get(); }
-    /// The pictures of all screens; null before buildMainPlot.
+    SegyLoader* segyLoader() const { return _segyloader.get(); }
+    /// The pictures of all screens.
     ImageStorage* imageStorage() const { return _imgstore.get(); }
-    FirstLook* firstLook() const { return _firstLook; }
+    FirstLook* firstLook() const;
     /// Null before its first use.
-    ParmMenuDialog* parmMenuDialog() const { return _parmmenu; }
+    ParmMenuDialog* parmMenuDialog() const;
+    /// The tools, for whoever brings another one.
+    ToolBench* tools() { return &_tools; }
     /// How many pictures a collection takes; true if more than one.
     bool isCollectImage(int* n) const;
     /// Switches the collection on or off.
@@ -97,7 +112,7 @@ public:
     bool atExit() const { return _run._doExit; }
     bool contFlow() const { return _run._contFlow; }
     int getDirection() const { return _run._direction; }
-    const QString& companyName() const { return _COMPANY; }
+    const QString& companyName() const;
     /// What the data are called, for the main title: names of the line that they come from, empty where unknown.
     void setAreaLineNames(const QString& area, const QString& line, const QString& flow);
     /// Shows what the data are called in the main title, or not.
@@ -105,16 +120,18 @@ public:
     /// Lets "previous" and "seek" act, or not.
     void enableBackKey(bool on);
 
-    int segyLoadFromMenu() override;
-    SegyLoadParm segyLoadParm() const override;
+    /// Opens what the SEG-Y menu says. Returns 1; 0 when that failed and the user knows it.
+    int segyLoadFromMenu();
+    /// The file on screen and how it was read; before the first one what the menu starts with.
+    SegyLoadParm segyLoadParm() const;
 
-    bool isZooming() const override { return _isZoom; }
-    void setZooming(bool on) override { _isZoom = on; }
-    const HeaderTable* headerTable() const override { return &_headerTable; }
-    void setOverlayMode(bool on) override;
-    ColorBarFrame* overlayColorBarFrame() override;
-    void doFBPicking(bool on) override;
-    void pickTraceChange(const float* trace, int start, int n, int iTrace) override;
+    /// An ensemble of a flow that isn't to be drawn: the tools do with it what is to be done with each.
+    void performProcessing();
+    /// Asks whether unsaved edits are to be saved, where a tool has some.
+    void saveBeforeClose();
+
+    /// An overlay came or went: its colour bar and the tools follow.
+    void setOverlayMode(bool on);
 
 public slots:
     /// Asks for a file, in the folder of the last one.
@@ -162,40 +179,24 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    static constexpr int mostScreens = 3;
-
     void makeCentre();
-    void showHelp(QWidget* window, const QString& page);
-    void makeImageStorage();
-    void storeImages();
-    void endViewing();
-    QPixmap wholePicture();
-    void makeViewMenu();
+    void makeParts();
+    void makeTools();
+    void makeScreensMenu();
     void makeRecordList();
-    void listRecords();
-    void tellRecord();
-    void showEntry(int entry);
-    SeismicDisplay* makeScreen();
-    void setScreens(int n);
-    void layoutScreens();
-    void showScreens();
-    void fillScreens(int from);
-    void makeParmMenu();
-    void hideMenus();
-    void makeDifference();
-    void loadDifference();
     void makeRecentMenu();
     void makeOptions();
     void makeAssumptionsPanel();
+    void setScreens(int n);
+    void showScreens();
+    void fillScreens(int from);
+    void watchScreen(SeismicDisplay* screen);
+    void listRecords();
+    void tellRecord();
+    void showEntry(int entry);
     void showAssumptions();
-    void makeFirstLook();
-    void placeLookBar(bool isInMenu);
-    void tellDensity();
     void openSegy(const QString& name);
     void openSegyWindow();
-    void readSettings();
-    void writeSettings();
-    QString setCompanyName() const;
     void saveHeader();
     void showRecord(bool found);
     void setNavigation();
@@ -203,45 +204,49 @@ private:
     bool takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadParm& parm);
     void showLoader(const SegyLoadParm& parm, const QString& name);
     bool showLoaded(const std::function<bool()>& load);
+    void showTitle();
     void tellNotBuilt(const QString& what);
     void refuseMode(const char* box, const QString& what);
     void fillGlobalRuntime() const;
 
-    QVBoxLayout* _cvLayout = nullptr;
     QSplitter* _splitter = nullptr;
     QStatusBar* _controlStatus = nullptr;
-    ColorBarFrame* _colorBarFrame = nullptr;
-    ColorBarFrame* _overlayColorBarFrame = nullptr;  // child, made for the first overlay
-    std::unique_ptr<WindowActions> _actions;
-    std::unique_ptr<WindowReport> _report;
+    BarColumn* _bars = nullptr;  // in the layout of the centre
+    FirstLookBar* _firstLookBar = nullptr;
+    IndexBar* _indexBar = nullptr;
     AssumptionsPanel* _assumptionsPanel = nullptr;
     RecordList* _recordList = nullptr;
     QLabel* _recordLabel = nullptr;  // in the status bar, where the read-out doesn't cover it
-    IndexBar* _indexBar = nullptr;
-    FirstLookBar* _firstLookBar = nullptr;
-    FirstLook* _firstLook = nullptr;
-    std::unique_ptr<ImageStorage> _imgstore;  // lent to the displays
-    DisplayList _displaylist;
-    DisplayList _otherlist;
-    QList<SeismicDisplay*> _spareScreens;  // hidden until more screens are wanted again
-    SeismicDisplay* _display = nullptr;    // the last screen
-    ParmMenuDialog* _parmmenu = nullptr;  // child, made on first use
-    Titles* _titleMenu = nullptr;         // child, made on first use
-    DrawDialog* _drawMenu = nullptr;      // child, made on first use
-    SegyMenuDialog* _segy = nullptr;     // child, made on first use
+    std::unique_ptr<WindowActions> _actions;
+    std::unique_ptr<WindowReport> _report;
+    std::unique_ptr<WindowHelp> _help;
+    std::unique_ptr<WindowSession> _session;
+    std::unique_ptr<WindowLook> _look;
+    std::unique_ptr<WindowExports> _exports;
+    ScreensMenu* _screensMenu = nullptr;  // child of the menu
+
+    std::unique_ptr<ImageStorage> _imgstore;   // lent to the displays
+    std::unique_ptr<DisplayHost> _displayHost;  // the same
+    std::unique_ptr<ScreenRow> _screens;
+    ToolBench _tools;
+    ImageTool* _imageTool = nullptr;  // these are on the bench, each for the slots that are its own
+    DifferenceTool* _differenceTool = nullptr;
+    ParmTool* _parmTool = nullptr;
+    TitleTool* _titleTool = nullptr;
+    DrawTool* _drawTool = nullptr;
+
+    std::unique_ptr<SegyMenuHost> _segyHost;
+    SegyMenuDialog* _segy = nullptr;            // child, made on first use
     std::unique_ptr<DialogProgress> _progress;  // lent to the loader, so it goes after it
     std::unique_ptr<SegyLoader> _segyloader;
     SegyLoadParm _segyParm;  // how the loader reads its file
 
-    parmmenu* _menu;                            // lent
+    parmmenu* _menu;                              // lent
     velSemblanceStruct* _velsemblance = nullptr;  // lent
     fbPickMenuStruct* _fbpickmenu = nullptr;      // lent
     HeaderTable _headerTable;
     RunState _run;
-    bool _showDifference = false;  // the last display is a difference
-    bool _isZoom = false;
-    bool _isViewing = false;       // stored pictures are shown
-    bool _couldGoForward = false;  // before they were
+    WindowTitle _title;
     bool _isSegy = false;
     bool _isEnsembleShown = true;  // of the last ensemble handed to a display: there was memory for it
     bool _isStandAlone = true;
@@ -250,9 +255,6 @@ private:
     int _nRead = 0;             // records read from the file so far, without an index
     int _nShown = 0;            // screens that have a record
     bool _isFirstMenu = false;  // nothing was shown before the menu that is up: with it the program ends
-    QString _fileName, _areaName, _lineName, _flowName;
-    bool _showAreaLine = true;
-    QString _COMPANY;
 };
 
 #endif

@@ -59,7 +59,7 @@ void MainWindow::showEntry(int entry)
     if (!_segyloader || !_segyloader->canSeek() || entry < 0 || entry >= _segyloader->numEnsembles()) return;
     if (entry == _firstEntry) return;  // already on the screen
     _dataReady = false;
-    storeImages();
+    _tools.beforeRecord();
     {
         const WaitCursor wait;
         showLoaded([this, entry] {

@@ -1,126 +1,64 @@
 /// Several screens side by side, each with an ensemble of its own.
 #include "frame/mainwindow.h"
 
-#include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
+#include "frame/differencetool.h"
+#include "frame/screenrow.h"
+#include "frame/screensmenu.h"
 #include "frame/windowactions.h"
+#include "frame/windowlook.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
+#include "widgets/appsettings.h"
 #include "widgets/waitcursor.h"
 
-#include <QActionGroup>
 #include <QCheckBox>
-#include <QMenu>
-#include <QSettings>
-#include <QSplitter>
-#include <QStatusBar>
 
 #include <algorithm>
 
-void MainWindow::makeViewMenu()
+void MainWindow::makeScreensMenu()
 {
-    QMenu* view = _actions->menu("&View");
-    auto* group = new QActionGroup(this);
-    for (int n = 1; n <= mostScreens; ++n) {
-        QAction* action = view->addAction(n == 1 ? QString("&1 Screen") : QString("&%1 Screens").arg(n), this,
-                                          [this, n] { setScreens(n); });
-        action->setObjectName(QString("screens%1Act").arg(n));
-        action->setStatusTip("Show so many ensembles side by side");
-        action->setCheckable(true);
-        group->addAction(action);
-    }
-    view->addSeparator();
-    QAction* difference = view->addAction("&Difference");
-    difference->setObjectName("differenceAct");
-    difference->setCheckable(true);
-    difference->setStatusTip("Show the difference of the last two screens beside them");
-    connect(difference, &QAction::toggled, _actions->box("differBox"), &QCheckBox::setChecked);
+    _screensMenu = new ScreensMenu(_actions->menu("&View"));
+    connect(_screensMenu, &ScreensMenu::countWanted, this, &MainWindow::setScreens);
+    connect(_screensMenu, &ScreensMenu::differenceWanted, _actions->box("differBox"), &QCheckBox::setChecked);
 }
 
 /// Brings the menu up to what is on the screen.
 void MainWindow::showScreens()
 {
-    findChild<QAction*>(QString("screens%1Act").arg(std::clamp(_menu->iscreens, 1, mostScreens)))->setChecked(true);
-    auto* difference = findChild<QAction*>("differenceAct");
-    const bool isPossible = _menu->iscreens > 1;
-    difference->setEnabled(isPossible);
-    difference->setToolTip(isPossible ? difference->statusTip() : difference->statusTip() + "\nNeeds two screens.");
-    difference->setChecked(isPossible && _actions->box("differBox")->isChecked());
+    _screensMenu->show(_menu->iscreens, _actions->box("differBox")->isChecked());
 }
 
-/// A screen behind the last one, before the difference; one that was put aside comes back.
-SeismicDisplay* MainWindow::makeScreen()
+void MainWindow::watchScreen(SeismicDisplay* screen)
 {
-    const int i = _displaylist.size();
-    if (!_spareScreens.isEmpty()) {
-        SeismicDisplay* spare = _spareScreens.takeLast();
-        spare->setMenu(_menu);
-        spare->parentWidget()->show();
-        return spare;
-    }
-    auto* column = new QSplitter(Qt::Vertical);
-    _splitter->insertWidget(i, column);
-    auto* display = new SeismicDisplay(column, "Main Display", statusBar(), _controlStatus, i == 0, false, i, this);
-    column->addWidget(display);
-    display->setColorBar(_colorBarFrame);
-    display->setImageStorage(_imgstore.get());
-    display->setMenu(_menu);
-    connect(display->myCanvas(), &MyQwtPlotCanvas::rendered, this, &MainWindow::tellDensity, Qt::QueuedConnection);
-    display->setLists(&_displaylist, &_otherlist);
-    connect(display, &SeismicDisplay::polarityStated, this, [this](const Polarity& polarity) {
-        QSettings settings("Brenlake", "SEISMICDISPLAY");
+    _look->watch(screen);
+    connect(screen, &SeismicDisplay::polarityStated, this, [this](const Polarity& polarity) {
+        AppSettings settings;
         if (!_segyParm.files.isEmpty()) writePolarity(&settings, _segyParm.files, polarity);
     });
-    return display;
 }
 
-/// The first screen has the left axis, the last one in view the right axis; all are as wide as the others. A new one
-/// gets its size at once, for its first ensemble is spaced by it.
-void MainWindow::layoutScreens()
+void MainWindow::plotDifference(int state)
 {
-    const bool hasDifference = _showDifference && _actions->box("differBox")->isChecked() && _menu->iscreens > 1;
-    for (int i = 0; i < _menu->iscreens; ++i)
-        _displaylist[i]->enableVerticalAxis(i == 0, i == _menu->iscreens - 1 && !hasDifference);
-    if (!isVisible()) return;
-    for (int i = 0; i < _displaylist.size(); ++i)
-        _displaylist[i]->parentWidget()->setVisible(i < _menu->iscreens || hasDifference);
-    QList<int> sizes;
-    for (int i = 0; i < _splitter->count(); ++i) sizes.append(_splitter->width());
-    _splitter->setSizes(sizes);
+    if (_differenceTool->show(state != 0)) showScreens();
 }
 
 void MainWindow::setScreens(int n)
 {
-    if (n == _menu->iscreens || _displaylist.isEmpty()) return;
+    if (n == _menu->iscreens || displays()->isEmpty()) return;
     const WaitCursor wait;
     if (n == 1) _actions->box("differBox")->setChecked(false);
-    SeismicDisplay* difference = _showDifference ? _displaylist.takeLast() : nullptr;
-    const int before = _displaylist.size();
-    while (_displaylist.size() > n) {
-        SeismicDisplay* last = _displaylist.takeLast();
-        last->clearData();
-        last->parentWidget()->hide();
-        _spareScreens.append(last);
-    }
-    while (_displaylist.size() < n) {
-        SeismicDisplay* added = makeScreen();
-        added->takeLook(*_displaylist.first());
-        _displaylist.append(added);
-    }
-    _display = _displaylist.last();
-    if (difference) _displaylist.append(difference);
-    _menu->iscreens = n;
+    const int before = _screens->setCount(n);
     _nShown = std::min(_nShown, n);
-    layoutScreens();
     showScreens();
-    if (!_segyloader || _displaylist.first()->traceCount() == 0) return;
+    if (!_segyloader || displays()->first()->traceCount() == 0) return;
     if (n > before) return fillScreens(before);
     if (_segyloader->canSeek()) {  // the next ensemble is the one behind the last screen
         _segyloader->setEnsemble(_firstEntry + _menu->moveup * (n - 1));
         _segyloader->loadNextEnsemble(0);
     }
     tellRecord();
-    if (_actions->box("differBox")->isChecked()) loadDifference();
+    _differenceTool->load();
 }
 
 /// Loads the ensembles behind the loader's present one into the screens from `from` on; a screen for which none is left
@@ -136,7 +74,7 @@ void MainWindow::fillScreens(int from)
             ++_nShown;
             continue;
         }
-        for (int k = i; k < _displaylist.size(); ++k) _displaylist[k]->clearData();
+        _screens->clearFrom(i);
         break;
     }
     tellRecord();

@@ -1,13 +1,12 @@
 /// SEG-Y in the main window: opening files and going from record to record.
 #include "frame/mainwindow.h"
 
-#include "analysis/parmmenudialog.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
-#include "frame/firstlook.h"
 #include "frame/indexbar.h"
 #include "frame/menudefaults.h"
 #include "frame/windowactions.h"
+#include "frame/windowlook.h"
 #include "frame/windowreport.h"
 #include "host/globals.h"
 #include "host/signal/bytes.h"
@@ -15,6 +14,7 @@
 #include "sources/menus/segyrecdialog.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
+#include "widgets/appsettings.h"
 #include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
 #include "widgets/recentfiles.h"
@@ -26,7 +26,6 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMessageBox>
-#include <QSettings>
 #include <QStatusBar>
 
 #include <algorithm>
@@ -85,11 +84,9 @@ void MainWindow::openSegy(const QString& name)
     loadSegyFile(parm);
 }
 
-static const char lastFolderKey[] = "lastfolder";
-
 void MainWindow::openSegyFile()
 {
-    const QString folder = QSettings("Brenlake", "SEISMICDISPLAY").value(lastFolderKey, QDir::homePath()).toString();
+    const QString folder = AppSettings().value(SettingsKey::lastFolder, QDir::homePath()).toString();
     const QString name = QFileDialog::getOpenFileName(this, "Open SEG-Y", folder,
                                                       "SEG-Y Files (*.sgy *.segy *.SGY *.SEGY);;All files (*)");
     if (!name.isEmpty()) openSegy(name);
@@ -111,8 +108,8 @@ SegyLoadParm MainWindow::segyLoadParm() const
 /// For the next session: the folder, and a single file among the recent ones.
 static void keepFileName(const QString& files)
 {
-    QSettings settings("Brenlake", "SEISMICDISPLAY");
-    settings.setValue(lastFolderKey, QFileInfo(files.section(',', 0, 0)).absolutePath());
+    AppSettings settings;
+    settings.setValue(SettingsKey::lastFolder, QFileInfo(files.section(',', 0, 0)).absolutePath());
     if (files.contains(',')) return;
     writeRecentFiles(&settings, withRecentFile(readRecentFiles(&settings), QFileInfo(files).absoluteFilePath()));
 }
@@ -120,7 +117,7 @@ static void keepFileName(const QString& files)
 int MainWindow::loadSegyFile(const SegyLoadParm& parm)
 {
     WaitCursor wait;
-    _firstLook->drop();
+    _look->firstLook()->drop();
     auto loader = std::make_unique<SegyLoader>(1, parm.files, 0, parm.isort, parm.itype, parm.iformat, parm.ivariable,
                                                littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
                                                parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
@@ -133,7 +130,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
         QGuiApplication::restoreOverrideCursor();
         _report->box("SEGY Load Error", ("Error while open or read from file: " + parm.files).toStdString());
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        _firstLook->look(loader->currentFile(), parm, segyReading(nullptr, parm));
+        _look->firstLook()->look(loader->currentFile(), parm, segyReading(nullptr, parm));
         return 0;
     }
     _progress->close();
@@ -151,7 +148,7 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
     _dataReady = true;
     keepFileName(parm.files);
     emit fileShown(parm.files);
-    _firstLook->look(_segyloader->currentFile(), parm, reading);
+    _look->firstLook()->look(_segyloader->currentFile(), parm, reading);
     return 1;
 }
 
@@ -161,7 +158,7 @@ bool MainWindow::takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadP
 {
     const parmmenu menuBefore = *_menu;
     const SegyLoadParm parmBefore = _segyParm;
-    const QString nameBefore = _fileName;
+    const QString nameBefore = _title.file;
     std::swap(_segyloader, *loader);
     const auto takeNew = [&] {
         _segyloader->setMenu(_menu);
@@ -193,7 +190,7 @@ void MainWindow::showAssumptions()
 void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
 {
     _segyParm = parm;
-    _fileName = name;
+    _title.file = name;
     _nRead = _nShown = 0;
     if (_segy) _segy->buildConnections(_segyloader.get());
     if (_segyloader) _segyloader->initBuild();
@@ -205,18 +202,18 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
         saveHeader();
         _segyloader->saveHeaders();
     }
-    endViewing();
-    const Polarity polarity = readPolarity(QSettings("Brenlake", "SEISMICDISPLAY"), parm.files);
-    for (SeismicDisplay* display : qAsConst(_displaylist)) {
+    _tools.beforeData();
+    const Polarity polarity = readPolarity(AppSettings(), parm.files);
+    for (SeismicDisplay* display : *displays()) {
         display->setNewFile(_menu);
         display->setPolarity(polarity);
     }
-    setAreaLineTitle(_showAreaLine);
+    showTitle();
     if (_segyloader) {
         showRecord(_segyloader->numTraces() > 0);
         listRecords();
     }
-    if (_parmmenu) _parmmenu->updateAll();
+    _tools.parametersChanged();
 }
 
 /// Shows the ensemble that `load` brings. False with the old one in place when it was refused, or when there is
@@ -299,7 +296,7 @@ void MainWindow::nextRecord()
 {
     if (!_segyloader) return;
     _dataReady = false;
-    storeImages();
+    _tools.beforeRecord();
     _run.pressNext();
     enableBackKey(_segyloader->canSeek());
     {
@@ -314,7 +311,7 @@ void MainWindow::previousRecord()
 {
     if (!_segyloader) return;
     _dataReady = false;
-    storeImages();
+    _tools.beforeRecord();
     _run.pressPrevious();
     {
         WaitCursor wait;
@@ -366,7 +363,7 @@ void MainWindow::seekRecord()
         showLoaded([this] { return _segyloader->reloadEnsemble(); });
         return;
     }
-    storeImages();
+    _tools.beforeRecord();
     setLastEnsemble(false);
     enableBackKey(true);
 }
@@ -376,8 +373,8 @@ void MainWindow::takeLoaderKeys()
 {
     _segyloader->tellSort();
     if (_isStandAlone) fillGlobalRuntime();
-    endViewing();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewKeys();
+    _tools.beforeData();
+    for (SeismicDisplay* display : *displays()) display->setNewKeys();
 }
 
 /// A window on a dataset or a flow keeps its data: SEG-Y gets a window of its own, with a record of its own.
@@ -401,8 +398,8 @@ void MainWindow::segyMenu()
 {
     if (_menu->dotrevia != 0) return openSegyWindow();
     if (!_segy) {
-        _segy = new SegyMenuDialog(this, this);
-        connect(_segy, &QDialog::finished, this, [this] { placeLookBar(false); });
+        _segy = new SegyMenuDialog(_segyHost.get(), this);
+        _look->setMenu(_segy);
         connect(_segy, &QDialog::rejected, this, [this] {
             if (_isFirstMenu && !_segyloader) close();
         });
@@ -421,7 +418,7 @@ void MainWindow::makeRecentMenu()
     _actions->menu("&File")->insertMenu(_actions->action("printAct"), recent);
     connect(recent, &QMenu::aboutToShow, this, [this, recent] {
         recent->clear();
-        QSettings settings("Brenlake", "SEISMICDISPLAY");
+        AppSettings settings;
         for (const QString& name : readRecentFiles(&settings))
             recent->addAction(name, this, [this, name] { openSegy(name); });
         if (recent->isEmpty()) recent->addAction("No files yet")->setEnabled(false);

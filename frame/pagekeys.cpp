@@ -1,12 +1,11 @@
 #include "frame/pagekeys.h"
 
+#include "widgets/appsettings.h"
+
 #include <QAction>
 #include <QKeyEvent>
-#include <QSettings>
 #include <QTimer>
 #include <QWidget>
-
-static const char key[] = "options/pageKeys";
 
 PageKeys::PageKeys(QWidget* window, QAction* forward, QAction* back)
     : QObject(window), _forward(forward), _back(back), _option(new QAction("Pa&ge Up/Down page through the records", this))
@@ -14,8 +13,8 @@ PageKeys::PageKeys(QWidget* window, QAction* forward, QAction* back)
     _option->setObjectName("pageKeysAct");
     _option->setStatusTip("Page Down shows the next record, Page Up the previous one");
     _option->setCheckable(true);
-    _option->setChecked(QSettings("Brenlake", "SEISMICDISPLAY").value(key, false).toBool());
-    connect(_option, &QAction::toggled, this, [](bool on) { QSettings("Brenlake", "SEISMICDISPLAY").setValue(key, on); });
+    _option->setChecked(AppSettings().value(SettingsKey::pageKeys, false).toBool());
+    connect(_option, &QAction::toggled, this, [](bool on) { AppSettings().setValue(SettingsKey::pageKeys, on); });
     window->installEventFilter(this);
 }
 

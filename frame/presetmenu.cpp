@@ -5,12 +5,12 @@
 #include "display/seismicplot.h"
 #include "frame/conditioningpreset.h"
 #include "tracedata/parmmenu.h"
+#include "widgets/appsettings.h"
 #include "widgets/waitcursor.h"
 
 #include <QActionGroup>
 #include <QInputDialog>
 #include <QMessageBox>
-#include <QSettings>
 
 PresetMenu::PresetMenu(const DisplayList* displays, QWidget* parent)
     : QMenu("&Presets", parent), _displays(displays)
@@ -31,7 +31,7 @@ void PresetMenu::fill()
     clear();
     qDeleteAll(findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));  // of the former list
     addAction("&Save Preset...", this, &PresetMenu::askName)->setObjectName("savePresetAct");
-    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    AppSettings settings;
     const QStringList names = presetNames(&settings);
     auto* deletes = addMenu("&Delete Preset");
     deletes->setObjectName("deletePresetMenu");
@@ -52,7 +52,7 @@ void PresetMenu::fillEveryFile(const QStringList& names, const QString& marked)
     auto* group = new QActionGroup(everyFile);
     const auto add = [&](const QString& text, const QString& name) {
         QAction* action = everyFile->addAction(text, this, [name] {
-            QSettings kept("Brenlake", "SEISMICDISPLAY");
+            AppSettings kept;
             setPresetForEveryFile(&kept, name);
         });
         action->setCheckable(true);
@@ -65,13 +65,13 @@ void PresetMenu::fillEveryFile(const QStringList& names, const QString& marked)
 
 void PresetMenu::remove(const QString& name)
 {
-    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    AppSettings settings;
     removePreset(&settings, name);
 }
 
 void PresetMenu::applyToNewFile()
 {
-    const QString name = presetForEveryFile(QSettings("Brenlake", "SEISMICDISPLAY"));
+    const QString name = presetForEveryFile(AppSettings());
     if (!name.isEmpty()) apply(name);
 }
 
@@ -84,7 +84,7 @@ void PresetMenu::askName()
 bool PresetMenu::save(const QString& name)
 {
     if (name.trimmed().isEmpty() || _displays->isEmpty()) return false;
-    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    AppSettings settings;
     savePreset(&settings, name.trimmed(), presetOf(*_displays->first()->seismicPlot()));
     fill();
     return true;
@@ -92,7 +92,7 @@ bool PresetMenu::save(const QString& name)
 
 bool PresetMenu::apply(const QString& name)
 {
-    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    AppSettings settings;
     ConditioningPreset preset;
     if (!loadPreset(&settings, name, &preset)) return false;
     const WaitCursor wait;

@@ -1,8 +1,9 @@
 #include "frame/recordlist.h"
 
+#include "widgets/appsettings.h"
+
 #include <QHeaderView>
 #include <QLabel>
-#include <QSettings>
 #include <QTableView>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -94,9 +95,9 @@ RecordList::RecordList(QWidget* parent)
 
 void RecordList::setRecords(const QString& file, const QString& keyName, std::vector<RecordRow> rows)
 {
-    _marksKey = "marks/" + QString::fromLatin1(QUrl::toPercentEncoding(file + "|" + keyName));
+    _marksKey = QString(SettingsKey::marks) + "/" + QString::fromLatin1(QUrl::toPercentEncoding(file + "|" + keyName));
     QSet<int> marks;
-    for (const QString& value : QSettings("Brenlake", "SEISMICDISPLAY").value(_marksKey).toStringList())
+    for (const QString& value : AppSettings().value(_marksKey).toStringList())
         marks.insert(value.toInt());
     _table->setVisible(!rows.empty());
     _emptyLabel->setVisible(rows.empty());
@@ -114,7 +115,7 @@ void RecordList::keepMarks() const
     QStringList values;
     for (const int value : _model->marks()) values.append(QString::number(value));
     values.sort();
-    QSettings settings("Brenlake", "SEISMICDISPLAY");
+    AppSettings settings;
     if (values.isEmpty())
         settings.remove(_marksKey);
     else

@@ -1,8 +1,8 @@
 #include "frame/windowsettings.h"
 
+#include "widgets/appsettings.h"
 #include "widgets/screenplace.h"
 
-#include <QSettings>
 
 WindowSettings defaultWindowSettings(const QRect& screen)
 {
@@ -18,11 +18,11 @@ WindowSettings readWindowSettings(QSettings* settings, const QRect& screen, bool
 {
     WindowSettings window = defaultWindowSettings(screen);
     if (!reset) {
-        window.pos = settings->value("pos", window.pos).toPoint();
-        window.size = settings->value("size", window.size).toSize();
+        window.pos = settings->value(SettingsKey::pos, window.pos).toPoint();
+        window.size = settings->value(SettingsKey::size, window.size).toSize();
     }
-    window.state = settings->value("state").toByteArray();
-    window.colormap = settings->value("colormap").toString();
+    window.state = settings->value(SettingsKey::state).toByteArray();
+    window.colormap = settings->value(SettingsKey::colormap).toString();
     return window;
 }
 
@@ -38,8 +38,8 @@ WindowSettings clampedSettings(const WindowSettings& settings, const QVector<QRe
 
 void writeWindowSettings(QSettings* settings, const WindowSettings& window)
 {
-    settings->setValue("pos", window.pos);
-    settings->setValue("size", window.size);
-    settings->setValue("colormap", window.colormap);
-    settings->setValue("state", window.state);
+    settings->setValue(SettingsKey::pos, window.pos);
+    settings->setValue(SettingsKey::size, window.size);
+    settings->setValue(SettingsKey::colormap, window.colormap);
+    settings->setValue(SettingsKey::state, window.state);
 }

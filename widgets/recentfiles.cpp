@@ -1,8 +1,6 @@
 #include "widgets/recentfiles.h"
 
-#include <QSettings>
-
-static const char recentKey[] = "recentfiles";
+#include "widgets/appsettings.h"
 
 QStringList withRecentFile(QStringList files, const QString& file, int most)
 {
@@ -13,10 +11,10 @@ QStringList withRecentFile(QStringList files, const QString& file, int most)
 
 QStringList readRecentFiles(QSettings* settings)
 {
-    return settings->value(recentKey).toStringList();
+    return settings->value(SettingsKey::recentFiles).toStringList();
 }
 
 void writeRecentFiles(QSettings* settings, const QStringList& files)
 {
-    settings->setValue(recentKey, files);
+    settings->setValue(SettingsKey::recentFiles, files);
 }

@@ -6,6 +6,7 @@
 #include "sources/segyguesssettings.h"
 #include "sources/segyloader.h"
 #include "sources/segysamples.h"
+#include "widgets/appsettings.h"
 #include "widgets/bringup.h"
 
 #include <QApplication>
@@ -21,7 +22,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSettings>
 
 #include <algorithm>
 #include <cfloat>
@@ -33,8 +33,8 @@ constexpr double leastRate = 1e-7;
 SegyLoadMenu::SegyLoadMenu(SegyMenuHost* host, QWidget* parent) : QWidget(parent), _host(host)
 {
     setObjectName("segyloadmenu");
-    QSettings settings("Brenlake", "SEISMICDISPLAY");
-    _homePath = settings.value("lastfolder", QDir::homePath()).toString();
+    AppSettings settings;
+    _homePath = settings.value(SettingsKey::lastFolder, QDir::homePath()).toString();
     auto* grid = new QGridLayout(this);
     grid->setColumnStretch(1, 1);
     makeFileRow(grid);
@@ -359,7 +359,7 @@ void SegyLoadMenu::changeFiles()
                                       tr("All files (*);;SEG-Y (*.sgy *.segy *.SGY *.SEGY)"));
     if (names.isEmpty()) return;
     _homePath = QFileInfo(names.first()).absolutePath();
-    QSettings("Brenlake", "SEISMICDISPLAY").setValue("lastfolder", _homePath);
+    AppSettings().setValue(SettingsKey::lastFolder, _homePath);
     for (const QString& name : names)
         if (name.contains(',')) {
             QMessageBox::warning(this, tr("SEGY File Loader"),

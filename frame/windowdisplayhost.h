@@ -1,0 +1,35 @@
+/// What the displays of a main window ask of it.
+#ifndef WINDOWDISPLAYHOST_H
+#define WINDOWDISPLAYHOST_H
+
+#include "display/displayhost.h"
+
+class BarColumn;
+class ToolBench;
+
+/// Answers out of the window's header table, its colour bars and its tools.
+class WindowDisplayHost : public DisplayHost
+{
+public:
+    /// All are lent and outlive the displays.
+    WindowDisplayHost(const HeaderTable* table, BarColumn* bars, const ToolBench* bench)
+        : _table(table), _bars(bars), _bench(bench)
+    {
+    }
+
+    bool isZooming() const override { return _isZooming; }
+    void setZooming(bool on) override { _isZooming = on; }
+    const HeaderTable* headerTable() const override { return _table; }
+    void setOverlayMode(bool on) override;
+    ColorBarFrame* overlayColorBarFrame() override;
+    void doFBPicking(bool /*on*/) override {}
+    void pickTraceChange(const float* /*trace*/, int /*start*/, int /*n*/, int /*iTrace*/) override {}
+
+private:
+    const HeaderTable* _table;
+    BarColumn* _bars;
+    const ToolBench* _bench;
+    bool _isZooming = false;
+};
+
+#endif

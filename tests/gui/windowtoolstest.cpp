@@ -1,0 +1,199 @@
+/// The tools of a main window hear what it does.
+#include "display/drawdialog.h"
+#include "sources/segyloader.h"
+#include "tests/gui/modalanswer.h"
+#include "tests/gui/segymenufixture.h"
+#include "tests/gui/windowfixture.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QMessageBox>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class WindowToolsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void aToolHearsBeforeAndAfterEachRecord();
+    void aToolHearsOfEachScreen();
+    void aToolGetsEnsemblesThatAreNotDrawn();
+    void aToolHearsTheEndOfTheData();
+    void aToolHearsOfAnotherFile();
+    void closingAsksForUnsavedPicks();
+    void closingAsksNobodyWithoutUnsavedPicks();
+    void aToolIsHiddenWithTheWindow();
+    void aToolLeavesWhenAnotherOfItsGroupIsSwitchedOn();
+    void drawingEndsWhenAnotherToolTakesTheMouse();
+
+private:
+    QString shots();
+
+    QTemporaryDir _home;
+};
+
+void WindowToolsTest::initTestCase()
+{
+    QVERIFY(_home.isValid());
+    qputenv("TREVIA_HOME", _home.path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", _home.path().toLocal8Bit());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _home.path());
+}
+
+/// Stands in for a picker: writes down what it is told.
+class StandIn : public WindowTool
+{
+public:
+    void beforeRecord() override { heard += "before"; }
+    void afterRecord(int screen) override { heard += QString("after%1").arg(screen); }
+    void processEnsemble() override { heard += "process"; }
+    void endOfData() override { heard += "end"; }
+    void beforeData() override { heard += "data"; }
+    void parametersChanged() override { heard += "parameters"; }
+    bool hasUnsaved() const override { return isDirty; }
+    void save() override
+    {
+        heard += "save";
+        isDirty = false;
+    }
+    void hide() override { heard += "hide"; }
+    Group group() const override { return Group::Mouse; }
+    void leave() override { heard += "leave"; }
+
+    QStringList heard;
+    bool isDirty = false;
+};
+
+/// A window with the stand-in behind its own tools.
+struct ToolsFixture : WindowFixture {
+    StandIn* tool = nullptr;
+
+    ToolsFixture() { tool = window->tools()->add(std::make_unique<StandIn>()); }
+    /// What it has heard since the last question.
+    QStringList take() { return std::exchange(tool->heard, QStringList()); }
+};
+
+/// Three shots of two traces.
+QString WindowToolsTest::shots()
+{
+    return writeSegy(_home.filePath("shots.sgy"));
+}
+
+void WindowToolsTest::aToolHearsBeforeAndAfterEachRecord()
+{
+    ToolsFixture f;
+    QVERIFY(f.open(shots(), 1, 1));
+    f.take();
+    f.window->nextRecord();
+    QCOMPARE(f.take(), QStringList({"before", "after0"}));
+    QCOMPARE(f.window->segyLoader()->priCurKey(), 1);
+    f.window->previousRecord();
+    QCOMPARE(f.take(), QStringList({"before", "after0"}));
+}
+
+void WindowToolsTest::aToolHearsOfEachScreen()
+{
+    ToolsFixture f;
+    QVERIFY(f.open(shots(), 1, 1));
+    f.take();
+    f.window->findChild<QAction*>("screens2Act")->trigger();
+    QCOMPARE(f.take(), QStringList({"after1"}));
+    f.window->firstRecord();
+    QCOMPARE(f.take(), QStringList({"before", "after0", "after1"}));
+}
+
+void WindowToolsTest::aToolGetsEnsemblesThatAreNotDrawn()
+{
+    ToolsFixture f;
+    f.window->performProcessing();
+    QCOMPARE(f.take(), QStringList({"process"}));
+}
+
+void WindowToolsTest::aToolHearsTheEndOfTheData()
+{
+    ToolsFixture f;
+    QVERIFY(f.open(shots(), 1));  // without an index the end is found by reading on
+    for (int i = 0; i < 2; ++i) f.window->nextRecord();
+    f.take();
+    f.window->nextRecord();
+    QCOMPARE(f.take(), QStringList({"before", "end"}));
+    f.window->setLastEnsemble(false);
+    QCOMPARE(f.take(), QStringList());
+}
+
+void WindowToolsTest::aToolHearsOfAnotherFile()
+{
+    ToolsFixture f;
+    QVERIFY(f.open(shots(), 1));
+    QCOMPARE(f.take(), QStringList({"data", "after0", "parameters"}));
+}
+
+void WindowToolsTest::closingAsksForUnsavedPicks()
+{
+    for (const bool isYes : {true, false}) {
+        ToolsFixture f;
+        f.tool->isDirty = true;
+        QString title, text;
+        ModalAnswer answer([&](QDialog* dialog) {
+            auto* box = qobject_cast<QMessageBox*>(dialog);
+            title = box->windowTitle();
+            text = box->text();
+            box->button(isYes ? QMessageBox::Yes : QMessageBox::No)->click();
+        });
+        f.window->close();
+        QCOMPARE(answer.count, 1);
+        QCOMPARE(title, QString("Seismic Display"));
+        QCOMPARE(text, QString("Save edits?"));
+        QCOMPARE(f.take(), isYes ? QStringList({"save", "hide"}) : QStringList({"hide"}));
+        QVERIFY(f.window->isHidden());
+    }
+}
+
+void WindowToolsTest::closingAsksNobodyWithoutUnsavedPicks()
+{
+    ToolsFixture f;
+    ModalAnswer answer([](QDialog* dialog) { dialog->reject(); });
+    f.window->close();
+    QCOMPARE(answer.count, 0);
+    QCOMPARE(f.take(), QStringList({"hide"}));
+}
+
+void WindowToolsTest::aToolIsHiddenWithTheWindow()
+{
+    ToolsFixture f;
+    f.window->closeProcessHide();
+    QCOMPARE(f.take(), QStringList({"hide"}));
+    QVERIFY(f.window->isHidden());
+}
+
+void WindowToolsTest::aToolLeavesWhenAnotherOfItsGroupIsSwitchedOn()
+{
+    ToolsFixture f;
+    f.window->drawMenu();
+    QCOMPARE(f.take(), QStringList());  // the dialog alone takes nothing
+    auto* box = f.window->findChild<DrawDialog*>()->findChild<QCheckBox*>("enableBox");
+    box->setChecked(true);
+    QCOMPARE(f.take(), QStringList({"leave"}));
+    box->setChecked(false);
+    QCOMPARE(f.take(), QStringList());
+    f.window->checkRadioButtons();  // a mode of the tool bar
+    QCOMPARE(f.take(), QStringList({"leave"}));
+}
+
+void WindowToolsTest::drawingEndsWhenAnotherToolTakesTheMouse()
+{
+    ToolsFixture f;
+    f.window->drawMenu();
+    auto* dialog = f.window->findChild<DrawDialog*>();
+    dialog->findChild<QCheckBox*>("enableBox")->setChecked(true);
+    QVERIFY(dialog->isDrawing());
+    f.window->tools()->switchedOn(f.tool);
+    QVERIFY(!dialog->isDrawing());
+    QVERIFY(!dialog->findChild<QCheckBox*>("enableBox")->isChecked());
+}
+
+QTEST_MAIN(WindowToolsTest)
+#include "windowtoolstest.moc"
