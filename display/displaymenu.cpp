@@ -34,8 +34,26 @@ DisplayMenu::DisplayMenu(const DisplayList* displaylist, const DisplayList* othe
     makePolarityRow(grid);
     makeFoot(grid);
     grid->setColumnStretch(1, 1);
+    listControls();
     connectControls();
     setDisplay(0);
+}
+
+/// The controls that show a parameter as it is.
+void DisplayMenu::listControls()
+{
+    _controls.add("displayType", _displayBox);
+    _controls.add("direction", _directBox);
+    _controls.add("scaling", _scalarBox);
+    _controls.add("clip", _clipEdit);
+    _controls.add("gain", _gainSlider);
+    _controls.add("gain", _gainEdit);
+    _controls.add("rangeMin", _lminEdit);
+    _controls.add("rangeMax", _lmaxEdit);
+    _controls.add("autoRange", _lautoBox);
+    _controls.add("bias", _biasEdit);
+    _controls.add("applyBias", _biasBox);
+    _controls.add("antialias", _aliasBox);
 }
 
 static QComboBox* makeCombo(const char* name, const QString& tip, const QStringList& choices)
@@ -67,15 +85,14 @@ static void addRow(QGridLayout* grid, const QString& label, const QList<QWidget*
 void DisplayMenu::makeTraceRows(QGridLayout* grid)
 {
     _displayBox = makeCombo("displayBox", tr("How the traces are drawn"),
-                            {"Wiggle/Variable Area", "Wiggle Only", "Variable Area Only", "Color",
-                             "Color/Wiggle", "Map", "Velocity"});
+                            parmChoices("displayType", 7));
     _directBox = makeCombo("directBox", tr("Side at which the first trace stands"),
-                           {"Left to Right", "Right to Left"});
+                           parmChoices("direction", 2));
     _scalarBox = makeCombo(
         "scalarBox",
         tr("Amplitudes are divided by twice the mean of each trace, of the ensemble, or not at all"),
-        {"Trace", "Ensemble", "None"});
-    _clipEdit = makeControl<NumberEdit>("clipEdit", tr("Largest excursion, in trace widths"), 0.0, 1000.0);
+        parmChoices("scaling", 3));
+    _clipEdit = makeParmEdit("clip", "clipEdit", tr("Largest excursion, in trace widths"));
     _moveEdit = makeControl<NumberEdit>("moveEdit", tr("Ensembles that Next and Previous move by"), 1.0, 1e6);
     _moveEdit->setWhole(true);
     addRow(grid, "Trace Display Mode:", {_displayBox});
@@ -88,7 +105,7 @@ void DisplayMenu::makeTraceRows(QGridLayout* grid)
 void DisplayMenu::makeSpacingRows(QGridLayout* grid)
 {
     _tscaleSlider = makeSlider("tscaleSlider", tr("Trace spacing, in tenths of a trace per inch"), 1, 1000);
-    _tscaleEdit = makeControl<NumberEdit>("tscaleEdit", tr("Trace spacing, in traces per inch"), 1e-3, 1e6);
+    _tscaleEdit = makeParmEdit("traceSpacing", "tscaleEdit", tr("Trace spacing, in traces per inch"));
     _tscaleBox = makeControl<QCheckBox>("tscaleBox", tr("All traces fill the width of the display"));
     addRow(grid, "Trace Spacing:",
            {_tscaleSlider, _tscaleEdit, new QLabel("TPI"), new QLabel("Automatic:"), _tscaleBox});
@@ -102,18 +119,15 @@ void DisplayMenu::makeSpacingRows(QGridLayout* grid)
 
 void DisplayMenu::makeAmplitudeRows(QGridLayout* grid)
 {
-    _gainSlider = makeSlider("gainSlider", tr("Gain, in dB"), -200, 200);
-    _gainEdit = makeControl<NumberEdit>("gainEdit", tr("Gain, in dB"), -200.0, 200.0);
+    _gainSlider = makeSlider("gainSlider", tr("Gain, in dB"), int(plotParmField("gain").rule.least), int(plotParmField("gain").rule.most));
+    _gainEdit = makeParmEdit("gain", "gainEdit", tr("Gain, in dB"));
     _fitGainButton = makeControl<QPushButton>(
         "fitGainButton", tr("Sets the gain so that 98 of 100 samples stay inside the clip"), "Fit Gain");
     _fitGainButton->setAutoDefault(false);
     addRow(grid, "Gain:", {_gainSlider, _gainEdit, _fitGainButton});
 
-    const double most = 3.4e38;
-    _lminEdit = makeControl<NumberEdit>(
-        "lminEdit", tr("Amplitude at the lower end of the color bar, after trace scaling"), -most, most);
-    _lmaxEdit = makeControl<NumberEdit>(
-        "lmaxEdit", tr("Amplitude at the upper end of the color bar, after trace scaling"), -most, most);
+    _lminEdit = makeParmEdit("rangeMin", "lminEdit", tr("Amplitude at the lower end of the color bar, after trace scaling"));
+    _lmaxEdit = makeParmEdit("rangeMax", "lmaxEdit", tr("Amplitude at the upper end of the color bar, after trace scaling"));
     _lautoBox = makeControl<QCheckBox>("lautoBox", tr("The range follows the amplitudes of each ensemble"));
     addRow(grid, "Range Limit,   Min:",
            {_lminEdit, new QLabel("   Max:"), _lmaxEdit, new QLabel("Automatic:"), _lautoBox});
@@ -121,13 +135,12 @@ void DisplayMenu::makeAmplitudeRows(QGridLayout* grid)
     _rmsEdit = makeControl<NumberEdit>("rmsEdit",
                                        tr("Sets the RMS amplitude until the next ensemble is measured; the "
                                           "automatic range of scaled traces is 1.4 times it"),
-                                       0.0, most);
+                                       0.0, 3.4e38);
     _rmsEdit->setPlaceholderText(tr("measured"));
     _rmsLabel = makeControl<QLabel>("rmsLabel", tr("RMS amplitude of the ensemble, in units of the samples"));
     addRow(grid, "RMS:", {_rmsEdit, _rmsLabel, new QLabel("   Amplitude")});
 
-    _biasEdit = makeControl<NumberEdit>(
-        "biasEdit", tr("Added to the samples after the gain, in units of the samples"), -most, most);
+    _biasEdit = makeParmEdit("bias", "biasEdit", tr("Added to the samples after the gain, in units of the samples"));
     _biasBox = makeControl<QCheckBox>("biasBox", tr("Apply the bias"));
     addRow(grid, "Bias:", {_biasEdit, _biasBox});
     _aliasBox = makeControl<QCheckBox>("aliasBox", tr("Low-pass traces that have more samples than pixels"));
@@ -287,18 +300,8 @@ void DisplayMenu::updateDisplay()
     const SeismicPlot* plot = shownPlot();
     if (!plot) return;
     const QScopedValueRollback<bool> showing(_doUpdate, true);
-    _displayBox->setCurrentIndex(plot->displayType());
-    _directBox->setCurrentIndex(plot->plotDirection());
-    _scalarBox->setCurrentIndex(int(plot->normalization()));
-    _clipEdit->setNumber(plot->clip());
+    _controls.show(plot->parm());
     if (const parmmenu* menu = _selection.display()->menu()) _moveEdit->setNumber(menu->moveup);
-    _gainSlider->setValue(int(plot->gain()));
-    _gainEdit->setNumber(plot->gain());
-    showRange(plot);
-    _lautoBox->setChecked(plot->isAutoGain());
-    _biasEdit->setNumber(plot->bias());
-    _biasBox->setChecked(plot->isApplyBias());
-    _aliasBox->setChecked(plot->isAntiAlias());
     showPolarity(_selection.display()->polarity());
     showSpacing();
 }

@@ -3,6 +3,7 @@
 #define DISPLAYMENU_H
 
 #include "display/displayselection.h"
+#include "display/parmcontrols.h"
 #include "tracedata/orvinconstants.h"
 
 #include <QWidget>
@@ -83,6 +84,7 @@ private:
     void setGain(double db);
     void fitShownRange();
     void rebuildAll(bool resetOthers);
+    void listControls();
     void showRange(const SeismicPlot* plot);
     void showSpacing();
     void showPolarity(const Polarity& polarity);
@@ -90,6 +92,7 @@ private:
     double shownIPS() const;
 
     DisplaySelection _selection;
+    ParmControls _controls;
     QComboBox* _displayBox;  // all controls are children of this widget
     QComboBox* _directBox;
     QComboBox* _scalarBox;

@@ -16,19 +16,18 @@ static QString gainText(double db)
 
 QStringList pictureChips(const SeismicPlot& plot, const QString& overlayRecord)
 {
-    const TraceConditioner& conditioner = plot.conditioner();
+    const PlotParm parm = plot.parm();
+    const auto printed = [&](const char* key) { return QString::fromStdString(plotParmField(key).print(parm)); };
     QStringList chips;
-    if (conditioner.isPhase()) chips += QString("Phase %1 degrees").arg(conditioner.phaseAngle());
-    if (conditioner.isFilter()) {
-        const int* c = conditioner.filterCorners();
-        chips += QString("Filter %1-%2-%3-%4 Hz").arg(c[0]).arg(c[1]).arg(c[2]).arg(c[3]);
-    }
-    if (conditioner.isAGC()) chips += QString("AGC %1 ms").arg(conditioner.agcWindow());
-    // The gain is kept as a factor, whose logarithm is not quite the number that was typed.
-    const double db = std::round(double(plot.gain()) * 100.0) / 100.0;
+    if (parm.isPhase) chips += "Phase " + printed("phaseAngle");
+    if (parm.isFilter)
+        chips += QString("Filter %1-%2-%3-%4 Hz").arg(parm.lowCut).arg(parm.lowPass).arg(parm.highPass).arg(parm.highCut);
+    if (parm.isAGC) chips += "AGC " + printed("agcWindow");
+    // A gain that was fitted has more digits than anybody typed.
+    const double db = std::round(double(parm.gain) * 100.0) / 100.0;
     if (db != 0.0) chips += gainText(db);
     if (!overlayRecord.isEmpty()) chips += "Overlay " + overlayRecord;
-    if (plot.plotDirection() == RightToLeft) chips += "Traces reversed";
+    if (parm.plotDirection == RightToLeft) chips += "Traces reversed";
     return chips;
 }
 

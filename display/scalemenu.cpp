@@ -121,7 +121,7 @@ void ScaleMenu::makeHeaders(QVBoxLayout* column)
 void ScaleMenu::makeConditioners(QVBoxLayout* column)
 {
     _agcBox = makeControl<QCheckBox>("agcBox", tr("Balance amplitudes along each trace"));
-    _agcEdit = makeEdit("agcEdit", tr("Length of the AGC window, in ms"), 1.0, 1e6, true);
+    _agcEdit = makeParmEdit("agcWindow", "agcEdit", tr("Length of the AGC window, in ms"));
     _agcEdit->setNumber(500.0);
     QGridLayout* grid = makeGroup(column, "Automatic Gain Control");
     addWidgets(grid, {new QLabel("Apply AGC:"), _agcBox, new QLabel("Window Length:"), _agcEdit,
@@ -130,8 +130,9 @@ void ScaleMenu::makeConditioners(QVBoxLayout* column)
 
     _phseBox = makeControl<QCheckBox>("phseBox", tr("Rotate the phase of all frequencies"), "Phase Rotation");
     _phseSlider = makeControl<QSlider>("phseSlider", tr("Angle, in degrees"), Qt::Horizontal);
-    _phseSlider->setRange(-360, 360);
-    _phseEdit = makeEdit("phseEdit", tr("Angle, in degrees"), -360.0, 360.0, true);
+    const ParmRule& angle = plotParmField("phaseAngle").rule;
+    _phseSlider->setRange(int(angle.least), int(angle.most));
+    _phseEdit = makeParmEdit("phaseAngle", "phseEdit", tr("Angle, in degrees"));
     _phseEdit->setBlankValue(0.0);
     _phseEdit->setNumber(0.0);
     grid = makeGroup(column, "Phase Angle Rotation");
@@ -140,6 +141,11 @@ void ScaleMenu::makeConditioners(QVBoxLayout* column)
     _agcEdit->setEnabled(false);
     _phseSlider->setEnabled(false);
     _phseEdit->setEnabled(false);
+    _controls.add("agc", _agcBox);
+    _controls.add("agcWindow", _agcEdit);
+    _controls.add("phase", _phseBox);
+    _controls.add("phaseAngle", _phseSlider);
+    _controls.add("phaseAngle", _phseEdit);
 }
 
 void ScaleMenu::makeOverlay(QVBoxLayout* column)
@@ -205,13 +211,8 @@ void ScaleMenu::showDisplay()
     _gridSMinorBox->setChecked(grid->xMinEnabled());
     _gridSMinorBox->setEnabled(grid->xEnabled());
     _gridSMajorEdit->setNumber(display->traceIncrement());
-    _agcBox->setChecked(display->seismicPlot()->isAGC());
+    _controls.show(display->seismicPlot()->parm());
     _agcEdit->setEnabled(_agcBox->isChecked());
-    const TraceConditioner& conditioner = display->seismicPlot()->conditioner();
-    _agcEdit->setNumber(conditioner.agcWindow());
-    _phseBox->setChecked(display->seismicPlot()->isPhase());
-    _phseSlider->setValue(wholeOf(conditioner.phaseAngle()));
-    _phseEdit->setNumber(wholeOf(conditioner.phaseAngle()));
     _phseSlider->setEnabled(_phseBox->isChecked());
     _phseEdit->setEnabled(_phseBox->isChecked());
     _opacBox->setChecked(display->menu() && display->menu()->ioverlay != 0);
@@ -385,9 +386,7 @@ void ScaleMenu::changeApplyAGC(int state)
     const int window = int(_agcEdit->number());
     condition([=](SeismicPlot* plot) { plot->applyAGC(state != 0, window); });
     for (SeismicDisplay* display : _selection.mainlist()) {
-        if (!display->menu()) continue;
-        display->menu()->iagc = state != 0;
-        display->menu()->agcwinlen = window;
+        if (display->menu()) keepInMenu(display->seismicPlot()->parm(), display->menu());
     }
 }
 

@@ -3,6 +3,7 @@
 #define SCALEMENU_H
 
 #include "display/displayselection.h"
+#include "display/parmcontrols.h"
 
 #include <QStringList>
 #include <QWidget>
@@ -83,6 +84,7 @@ private:
     void enableOpacity();
 
     DisplaySelection _selection;
+    ParmControls _controls;
     QStringList _hlist;   // header names of 8 characters
     QStringList _hvlist;  // texts for the combos
     QList<int> _hindex;   // their words, counted from 0

@@ -148,23 +148,9 @@ void SeismicDisplay::setMenu(parmmenu* menu)
     _isTrevia = menu->dotrevia;
     _seismicplot->setTrevia(menu->dotrevia != 0);
     setNewData();
-    _seismicplot->setNormalization(menu->iscale == 1   ? Normalize::Trace
-                                   : menu->iscale == 2 ? Normalize::Dataset
-                                                       : Normalize::None);
-    const bool isColor = menu->idisplay == ColorB || menu->idisplay == ColorWiggle;
-    const auto setRange = [this, menu, isColor] {
-        if (menu->irange == 0)
-            _seismicplot->setRange(menu->minrange, menu->maxrange);
-        else if (isColor)
-            _seismicplot->setRange(-3.0f, 3.0f);
-        else
-            return;
-        _seismicplot->setAutoGain(false);
-    };
-    setRange();
-    _seismicplot->setDisplayType(DisplayType(menu->idisplay));
-    setRange();  // the display type has its own idea of the range; the user's stays in force
-    _seismicplot->setPlotDirection(PlotDirection(menu->idirection));
+    PlotParm parm = _seismicplot->parm();
+    takeFromMenu(*menu, &parm);
+    _seismicplot->setParm(parm);
     _recordaxis->setPlotDirection(menu->idirection);
 
     _idomain = menu->idomain;
@@ -172,18 +158,6 @@ void SeismicDisplay::setMenu(parmmenu* menu)
         _ctaxis = "Time (msec)";  // until its first traces tell the keys
     else
         setTimeAxis();
-    _seismicplot->setGain(float(menu->igain));
-    if (menu->tpi != 0.0f) {
-        _seismicplot->setAutoTraceSpacing(false);
-        _seismicplot->setTraceSpacing(menu->tpi);
-    }
-    if (menu->ips != 0.0f) {
-        _seismicplot->setAutoSampleSpacing(false);
-        _seismicplot->setSampleSpacing(float((1.0 / menu->ips) / 0.002));
-    }
-    _seismicplot->setClip(menu->clip);
-    _seismicplot->setBias(menu->bias);
-    _seismicplot->applyAGC(menu->iagc != 0, menu->agcwinlen);
     setOverlayMode(menu->ioverlay != 0);
     if (menu->ioverlay != 0) _lastOverlay = true;
 

@@ -29,16 +29,10 @@ void SeismicDisplay::makeOverlay()
     _overlayplot->attach(this);
     _overlayplot->setColorBar(_host ? _host->overlayColorBarFrame() : _seismicplot->colorBar());
     measureOverlay();
-    _overlayplot->setPlotDirection(_seismicplot->plotDirection());
     _overlayplot->setTrevia(_seismicplot->isTrevia());
-    if (!_seismicplot->isAutoTraceSpacing()) {
-        _overlayplot->setAutoTraceSpacing(false);
-        _overlayplot->setTraceSpacing(_seismicplot->traceSpacing());
-    }
-    if (!_seismicplot->isAutoSampleSpacing()) {
-        _overlayplot->setAutoSampleSpacing(false);
-        _overlayplot->setSampleSpacing(_seismicplot->sampleSpacing());
-    }
+    PlotParm parm = _overlayplot->parm();
+    copyParms(plotParmFields(), InOverlay, _seismicplot->parm(), &parm);
+    _overlayplot->changeParm(parm);
     _overlayplot->setTransparent(true);
     if (_host) _host->setOverlayMode(true);
 }

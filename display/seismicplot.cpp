@@ -18,19 +18,10 @@ SeismicPlot::SeismicPlot(PlotOwner* owner, SeismicData* data, const QString& tit
 {
     setItemAttribute(QwtPlotItem::AutoScale, false);
     setItemAttribute(QwtPlotItem::Legend, false);
+    _look.normalize = Normalize::None;  // until somebody tells
 }
 
 SeismicPlot::~SeismicPlot() = default;
-
-void SeismicPlot::setGain(float db)
-{
-    _gain = float(std::pow(10.0, db / 20.0));
-}
-
-float SeismicPlot::gain() const
-{
-    return float(20.0 * std::log10(double(_gain)));
-}
 
 void SeismicPlot::setRMS(float rms)
 {
@@ -52,21 +43,21 @@ void SeismicPlot::setMinAmp(float value)
 
 void SeismicPlot::setMinMax()
 {
-    _applyBias = _minAmp != _maxAmp;
-    _bias = _applyBias ? (_maxAmp + _minAmp) / ((_maxAmp - _minAmp) + (_maxAmp - _minAmp)) : 0.0f;
+    _look.applyBias = _minAmp != _maxAmp;
+    _look.bias = _look.applyBias ? (_maxAmp + _minAmp) / ((_maxAmp - _minAmp) + (_maxAmp - _minAmp)) : 0.0f;
 }
 
 void SeismicPlot::passRangeToBar()
 {
     if (!_colorBar) return;
-    _colorBar->setMinMaxValue(_rangeMin, _rangeMax);
-    _colorBar->setDataMinMaxValue(_rangeMin, _rangeMax);
+    _colorBar->setMinMaxValue(_look.rangeMin, _look.rangeMax);
+    _colorBar->setDataMinMaxValue(_look.rangeMin, _look.rangeMax);
 }
 
 void SeismicPlot::setRange(float rmin, float rmax)
 {
-    _rangeMin = rmin;
-    _rangeMax = rmax;
+    _look.rangeMin = rmin;
+    _look.rangeMax = rmax;
     passRangeToBar();
 }
 
@@ -79,20 +70,20 @@ void SeismicPlot::setColorBar(ColorBarFrame* bar)
 {
     _colorBar = bar;
     if (!_colorBar) return;
-    _colorBar->setColorType(isColorType(_displayType) ? ColorYes : ColorNo);
-    _colorBar->setUnit(unitOf(_displayType));
+    _colorBar->setColorType(isColorType(_look.displayType) ? ColorYes : ColorNo);
+    _colorBar->setUnit(unitOf(_look.displayType));
     passRangeToBar();
 }
 
 void SeismicPlot::setNormalization(Normalize normalize)
 {
     const bool wasScaled = isScaled();
-    _normalize = normalize;
+    _look.normalize = normalize;
     if (_firstTime) return;
     computeNormalizer();
-    if (_autoGain || wasScaled == isScaled()) return;
+    if (_look.autoRange || wasScaled == isScaled()) return;
     // The same numbers would be amplitudes of another unit.
-    _rangeOf[wasScaled] = QPointF(_rangeMin, _rangeMax);
+    _rangeOf[wasScaled] = QPointF(_look.rangeMin, _look.rangeMax);
     if (_rangeOf[isScaled()])
         setRange(float(_rangeOf[isScaled()]->x()), float(_rangeOf[isScaled()]->y()));
     else if (_conditioner.countedTraces() > 0) {
@@ -103,18 +94,52 @@ void SeismicPlot::setNormalization(Normalize normalize)
 
 void SeismicPlot::setDisplayType(DisplayType type)
 {
-    _displayType = type;
+    _look.displayType = type;
     for (auto& range : _rangeOf) range.reset();
     if (!_colorBar) return;
     const bool isAmplitude = type == ColorB || type == ColorWiggle;
     if (isAmplitude && _colorBar->colorType() == ColorNo) setRange(-3.0f, 3.0f);
     _colorBar->setColorType(isColorType(type) ? ColorYes : ColorNo);
     _colorBar->setUnit(unitOf(type));
-    if (type == Velocity) _normalize = Normalize::None;
+    if (type == Velocity) _look.normalize = Normalize::None;
     setAutoGain(!isAmplitude);
     computeNormalizer();
     passRangeToBar();
     _colorBar->update();
+}
+
+/// All but what has consequences of its own: type, scaling and range.
+void SeismicPlot::takePlain(const LookParm& parm)
+{
+    const LookParm before = _look;
+    _look = parm;
+    _look.displayType = before.displayType;
+    _look.normalize = before.normalize;
+    _look.autoRange = before.autoRange;
+    _look.rangeMin = before.rangeMin;
+    _look.rangeMax = before.rangeMax;
+}
+
+void SeismicPlot::setParm(const PlotParm& parm)
+{
+    _conditioner.setParm(parm);
+    takePlain(parm);
+    setDisplayType(parm.displayType);
+    _look.normalize = parm.normalize;
+    _look.autoRange = parm.autoRange;
+    if (!_firstTime) computeNormalizer();
+    if (!parm.autoRange) setRange(parm.rangeMin, parm.rangeMax);
+}
+
+void SeismicPlot::changeParm(const PlotParm& parm)
+{
+    const PlotParm before = this->parm();
+    _conditioner.setParm(parm);
+    takePlain(parm);
+    if (parm.displayType != before.displayType) setDisplayType(parm.displayType);
+    if (parm.autoRange != before.autoRange) setAutoGain(parm.autoRange);
+    setNormalization(parm.normalize);  // also conditions
+    if (parm.rangeMin != before.rangeMin || parm.rangeMax != before.rangeMax) setRange(parm.rangeMin, parm.rangeMax);
 }
 
 void SeismicPlot::applyAGC(bool state, int winlen)
@@ -134,8 +159,8 @@ void SeismicPlot::applyFilter(bool state, int lc, int lp, int hp, int hc, bool i
 
 void SeismicPlot::applyMoveout(int moveout, float velocity)
 {
-    _applyMoveout = moveout;
-    _velocity = velocity;
+    _look.moveout = moveout;
+    _look.velocity = velocity;
 }
 
 void SeismicPlot::applyProcessing(float* trace, int num)
@@ -147,14 +172,14 @@ void SeismicPlot::applyProcessing(float* trace, int num)
 void SeismicPlot::takeAutomaticRange()
 {
     if (_scaleSource) {
-        _rangeMin = _scaleSource->rangeMin();
-        _rangeMax = _scaleSource->rangeMax();
+        _look.rangeMin = _scaleSource->rangeMin();
+        _look.rangeMax = _scaleSource->rangeMax();
     } else if (!isScaled()) {
-        _rangeMin = _conditioner.minimum();
-        _rangeMax = _conditioner.maximum();
+        _look.rangeMin = _conditioner.minimum();
+        _look.rangeMax = _conditioner.maximum();
     } else {
-        _rangeMax = isColorType(_displayType) ? float(1.4 * _conditioner.meanScaled(_normalize)) : _peak;
-        _rangeMin = -_rangeMax;
+        _look.rangeMax = isColorType(_look.displayType) ? float(1.4 * _conditioner.meanScaled(_look.normalize)) : _peak;
+        _look.rangeMin = -_look.rangeMax;
     }
 }
 
@@ -163,14 +188,14 @@ void SeismicPlot::computeNormalizer()
     _conditioner.computeNormalizer(*_data);
     setRMS(_scaleSource ? _scaleSource->rms() : _conditioner.rms());
     const bool isFirstRange =
-        _firstTime && _displayType != ColorB && _displayType != ColorWiggle && _displayType != Map;
+        _firstTime && _look.displayType != ColorB && _look.displayType != ColorWiggle && _look.displayType != Map;
     const bool isMeasured = _conditioner.countedTraces() > 0 || _scaleSource;
-    if (isMeasured && (_autoGain || isFirstRange)) takeAutomaticRange();
-    if (!isMeasured && _autoGain) _rangeMin = _rangeMax = 0.0f;
+    if (isMeasured && (_look.autoRange || isFirstRange)) takeAutomaticRange();
+    if (!isMeasured && _look.autoRange) _look.rangeMin = _look.rangeMax = 0.0f;
     _firstTime = false;
     if (!_colorBar) return;
-    if (_colorBar->colorType() == ColorYes) _colorBar->setMinMaxValue(_rangeMin, _rangeMax);
-    _colorBar->setDataMinMaxValue(_rangeMin, _rangeMax);
+    if (_colorBar->colorType() == ColorYes) _colorBar->setMinMaxValue(_look.rangeMin, _look.rangeMax);
+    _colorBar->setDataMinMaxValue(_look.rangeMin, _look.rangeMax);
 }
 
 void SeismicPlot::setSeismicView(int traceNum, int sampleNum, int nTraces, int nSamples, int startSample)
@@ -186,13 +211,13 @@ void SeismicPlot::setOutputBuffers(const QRect& rect)
 {
     const int w = rect.width(), h = rect.height();
     if (!_dataLoaded || w <= 0 || h <= 0) return;
-    if (_autoTraceSpacing) {
-        _traceSpacing = (_data->traceCount() + 1) * _dpi / w;
-        if (_traceSpacing < 1.0f) _traceSpacing = 1.0f;
+    if (_look.autoTraceSpacing) {
+        _look.traceSpacing = (_data->traceCount() + 1) * _dpi / w;
+        if (_look.traceSpacing < 1.0f) _look.traceSpacing = 1.0f;
     }
-    _plotTraceCount = w * _traceSpacing / _dpi;
-    if (_autoSampleSpacing) _sampleSpacing = _data->sampleCount() * _dpi / h;
-    _plotSampleCount = h * _sampleSpacing / _dpi;
+    _plotTraceCount = w * _look.traceSpacing / _dpi;
+    if (_look.autoSampleSpacing) _look.sampleSpacing = _data->sampleCount() * _dpi / h;
+    _plotSampleCount = h * _look.sampleSpacing / _dpi;
     setOutput(rect);
 }
 
@@ -249,22 +274,22 @@ RasterParm SeismicPlot::rasterParm(std::vector<float>* offsets) const
     parm.view = _seisRect;
     parm.startSample = _startSample;
     parm.timeDirection = timeDirection();
-    parm.displayType = _displayType;
-    parm.plotDirection = _plotDirection;
-    parm.normalize = _normalize;
-    parm.gain = _gain;
-    parm.bias = _bias;
-    parm.applyBias = _applyBias;
-    parm.clip = _clip;
-    parm.antialias = _antialias;
-    parm.bulkshift = _bulkshift;
-    parm.moveout = _applyMoveout;
-    parm.velocity = _velocity;
+    parm.displayType = _look.displayType;
+    parm.plotDirection = _look.plotDirection;
+    parm.normalize = _look.normalize;
+    parm.gain = float(std::pow(10.0, _look.gain / 20.0));
+    parm.bias = _look.bias;
+    parm.applyBias = _look.applyBias;
+    parm.clip = _look.clip;
+    parm.antialias = _look.antialias;
+    parm.bulkshift = _look.bulkshift;
+    parm.moveout = _look.moveout;
+    parm.velocity = _look.velocity;
     parm.plotSampleCount = _plotSampleCount;
     parm.colors = _colorBar ? &_colorBar->table() : &blackAndWhite;
     if (_colorBar) parm.background = _colorBar->backRGB();
 
-    if (_owner && _applyMoveout != 0 && _velocity > 0.0f) {
+    if (_owner && _look.moveout != 0 && _look.velocity > 0.0f) {
         offsets->resize(parm.nDataTraces);  // of the conditioned copy, which may be older than the data
         _owner->traceOffsets(*_data, std::min(_data->traceCount(), parm.nDataTraces), offsets->data());
         parm.offsets = offsets->data();
@@ -355,7 +380,7 @@ void SeismicPlot::draw(QPainter* painter, const QwtScaleMap& xMap, const QwtScal
                        const QRectF& canvasRect) const
 {
     if (!_dataLoaded || !canvasRect.isValid()) return;
-    if (_transparent) painter->setOpacity(_opacity);
+    if (_transparent) painter->setOpacity(_look.opacity);
     if (_doDrawImage)
         drawStored(painter, xMap, yMap, canvasRect);
     else

@@ -55,10 +55,18 @@ public:
     /// makes room for a render.
     void setOutputBuffers(const QRect& rect);
     void setOutput(const QRect& rect);
-    void setAntiAlias(bool state) { _antialias = state; }
+    void setAntiAlias(bool state) { _look.antialias = state; }
 
     /// With a colour bar: also its type, the range, and a computeNormalizer.
     void setDisplayType(DisplayType type);
+    /// All parameters of the plot; a copy, put together from those of the conditioning and those of the painting.
+    PlotParm parm() const { return {_conditioner.parm(), _look}; }
+    /// Takes all of them, as for other data: also a computeNormalizer, and the told range where it isn't automatic.
+    void setParm(const PlotParm& parm);
+    /// Takes what differs from the present ones, each as if it alone were set: another scaling brings its own range.
+    /// Conditions once.
+    void changeParm(const PlotParm& parm);
+
     /// Also a computeNormalizer, once there has been one.
     void setNormalization(Normalize normalize);
     /// Takes the bar over: its type follows the display type, its ranges the plot's. Lent; may go before the
@@ -72,31 +80,31 @@ public:
     /// As TraceConditioner::setLent.
     void setDataLent(bool lent) { _conditioner.setLent(lent); }
     /// In dB.
-    void setGain(float db);
-    float gain() const;
+    void setGain(float db) { _look.gain = db; }
+    float gain() const { return _look.gain; }
     void setRMS(float rms);
     /// The amplitude limits define the bias.
     void setMaxAmp(float value);
     void setMinAmp(float value);
     void setMinMax();
 
-    void setClip(float clip) { _clip = clip; }
-    void setBias(float bias) { _bias = bias; }
-    void setApplyBias(bool state) { _applyBias = state; }
-    void setAutoTraceSpacing(bool state) { _autoTraceSpacing = state; }
-    void setTraceSpacing(float spacing) { _traceSpacing = spacing; }
+    void setClip(float clip) { _look.clip = clip; }
+    void setBias(float bias) { _look.bias = bias; }
+    void setApplyBias(bool state) { _look.applyBias = state; }
+    void setAutoTraceSpacing(bool state) { _look.autoTraceSpacing = state; }
+    void setTraceSpacing(float spacing) { _look.traceSpacing = spacing; }
     void setPlotTraceCount(float count) { _plotTraceCount = count; }
-    void setAutoSampleSpacing(bool state) { _autoSampleSpacing = state; }
-    void setSampleSpacing(float spacing) { _sampleSpacing = spacing; }
+    void setAutoSampleSpacing(bool state) { _look.autoSampleSpacing = state; }
+    void setSampleSpacing(float spacing) { _look.sampleSpacing = spacing; }
     void setPlotSampleCount(float count) { _plotSampleCount = count; }
     void setDataLoaded(bool state) { _dataLoaded = state; }
     void setZoomFlag(bool state) { _isZoomed = state; }
-    void setPlotDirection(PlotDirection direction) { _plotDirection = direction; }
+    void setPlotDirection(PlotDirection direction) { _look.plotDirection = direction; }
     void setTransparent(bool state) { _transparent = state; }
-    void setOpacity(float opacity) { _opacity = opacity; }
-    void setBulkshift(int samples) { _bulkshift = samples; }
+    void setOpacity(float opacity) { _look.opacity = opacity; }
+    void setBulkshift(int samples) { _look.bulkshift = samples; }
     void setTrevia(bool state) { _isTrevia = state; }
-    void setAutoGain(bool state) { _autoGain = state; }
+    void setAutoGain(bool state) { _look.autoRange = state; }
     void setShiftTime(double ms) { _shiftTime = ms; }
     void setDoDrawImage(bool state) { _doDrawImage = state; }
     /// Draws the data again, and lets go of the stored picture.
@@ -118,36 +126,36 @@ public:
     int getTraceShift(int itrace) const { return _raster.traceShift(itrace); }
     const SeisRect& seisRect() const { return _seisRect; }
     int startSample() const { return _startSample; }
-    Normalize normalization() const { return _normalize; }
-    DisplayType displayType() const { return _displayType; }
-    PlotDirection plotDirection() const { return _plotDirection; }
-    float bias() const { return _bias; }
-    bool isApplyBias() const { return _applyBias; }
+    Normalize normalization() const { return _look.normalize; }
+    DisplayType displayType() const { return _look.displayType; }
+    PlotDirection plotDirection() const { return _look.plotDirection; }
+    float bias() const { return _look.bias; }
+    bool isApplyBias() const { return _look.applyBias; }
     float rms() const { return _rms; }
     float peak() const { return _peak; }
-    float clip() const { return _clip; }
+    float clip() const { return _look.clip; }
     float minAmp() const { return _minAmp; }
     float maxAmp() const { return _maxAmp; }
     /// Traces, samples an inch.
-    float traceSpacing() const { return _traceSpacing; }
-    float sampleSpacing() const { return _sampleSpacing; }
-    bool isAutoTraceSpacing() const { return _autoTraceSpacing; }
-    bool isAutoSampleSpacing() const { return _autoSampleSpacing; }
+    float traceSpacing() const { return _look.traceSpacing; }
+    float sampleSpacing() const { return _look.sampleSpacing; }
+    bool isAutoTraceSpacing() const { return _look.autoTraceSpacing; }
+    bool isAutoSampleSpacing() const { return _look.autoSampleSpacing; }
     /// How many traces and samples the plot shows at the current spacing.
     float plotTraceCount() const { return _plotTraceCount; }
     float plotSampleCount() const { return _plotSampleCount; }
     float dpi() const { return _dpi; }
-    float rangeMin() const { return _rangeMin; }
-    float rangeMax() const { return _rangeMax; }
-    bool isAutoGain() const { return _autoGain; }
-    bool isAntiAlias() const { return _antialias; }
+    float rangeMin() const { return _look.rangeMin; }
+    float rangeMax() const { return _look.rangeMax; }
+    bool isAutoGain() const { return _look.autoRange; }
+    bool isAntiAlias() const { return _look.antialias; }
     bool isDataLoaded() const { return _dataLoaded; }
     bool isZoomed() const { return _isZoomed; }
     bool isTransparent() const { return _transparent; }
-    float opacity() const { return _opacity; }
-    int bulkshift() const { return _bulkshift; }
-    int moveout() const { return _applyMoveout; }
-    float velocity() const { return _velocity; }
+    float opacity() const { return _look.opacity; }
+    int bulkshift() const { return _look.bulkshift; }
+    int moveout() const { return _look.moveout; }
+    float velocity() const { return _look.velocity; }
     bool isTrevia() const { return _isTrevia; }
     double shiftTime() const { return _shiftTime; }
     bool isDrawImage() const { return _doDrawImage; }
@@ -179,7 +187,8 @@ private:
     void setupStored(const QwtScaleMap& xMap, const QwtScaleMap& yMap, bool isPixmap, bool isBitmap);
     void passRangeToBar();
     void takeAutomaticRange();
-    bool isScaled() const { return _normalize != Normalize::None; }
+    void takePlain(const LookParm& parm);
+    bool isScaled() const { return _look.normalize != Normalize::None; }
 
     PlotOwner* _owner;   // lent, may be null
     SeismicData* _data;  // lent
@@ -188,9 +197,7 @@ private:
     QPointer<ColorBarFrame> _colorBar;
     SeisRect _seisRect;
     int _startSample = 0;
-    Normalize _normalize = Normalize::None;
-    DisplayType _displayType = WiggleVA;
-    PlotDirection _plotDirection = LeftToRight;
+    LookParm _look;  // what is done to the traces before is the conditioner's
 
     QImage _image;
     QPixmap _pixmap;
@@ -201,37 +208,21 @@ private:
     bool _doDrawPixmap = false;
     double _shiftTime = 0.0;  // ms at the top of a stored picture
 
-    float _bias = 0.0f;
     float _rms = 1.0f;
     float _peak = 1.0f;
-    float _gain = 1.0f;
-    float _clip = 2.0f;
     float _minAmp = -1000.0f;
     float _maxAmp = 1000.0f;
-    bool _applyBias = false;
-    float _rangeMin = 0.0f;
-    float _rangeMax = 255.0f;
     std::optional<QPointF> _rangeOf[2];  // ranges left behind: of samples as they are, of scaled ones
     const SeismicPlot* _scaleSource = nullptr;  // lent
-    bool _autoGain = true;
     bool _firstTime = true;  // no computeNormalizer so far
 
-    float _traceSpacing = 5.0f;
-    bool _autoTraceSpacing = true;
-    float _sampleSpacing = 1.0f;
-    bool _autoSampleSpacing = true;
     float _plotTraceCount = 0.0f;
     float _plotSampleCount = 0.0f;
     float _dpi = 115.0f;
-    bool _antialias = false;
 
     bool _dataLoaded = false;
     bool _isZoomed = false;
     bool _transparent = false;
-    float _opacity = 0.75f;
-    int _bulkshift = 0;
-    int _applyMoveout = 0;
-    float _velocity = 0.0f;
     bool _isTrevia = false;
     bool _invalidImage = true;
     bool _doPrint = false;

@@ -99,27 +99,37 @@ TraceConditioner::~TraceConditioner() = default;
 
 void TraceConditioner::applyAGC(bool state, int winlen)
 {
-    _applyAGC = state;
+    _parm.isAGC = state;
     if (!state && winlen < 1) return;  // no window is told: the former one stays
-    _agcWindow = winlen;
+    _parm.agcWindow = winlen;
     if (_agc) _agc->setWindowLength(winlen);
 }
 
 void TraceConditioner::applyPhase(bool state, float angle)
 {
-    _applyPhase = state;
-    _angle = angle;
+    _parm.isPhase = state;
+    _parm.phaseAngle = angle;
     if (_phase) _phase->setAngle(angle);
 }
 
 void TraceConditioner::applyFilter(bool state, int lc, int lp, int hp, int hc, bool isTime)
 {
-    _applyFilter = state;
+    _parm.isFilter = state;
     if (!state) return;
-    const int corners[4] = {lc, lp, hp, hc};
-    std::copy_n(corners, 4, _corners);
-    _isTime = isTime;
+    _parm.lowCut = lc;
+    _parm.lowPass = lp;
+    _parm.highPass = hp;
+    _parm.highCut = hc;
+    _parm.isTimeFilter = isTime;
     _filter.reset();
+}
+
+void TraceConditioner::setParm(const ConditionParm& parm)
+{
+    applyAGC(parm.isAGC, parm.agcWindow);
+    applyPhase(parm.isPhase, parm.phaseAngle);
+    applyFilter(true, parm.lowCut, parm.lowPass, parm.highPass, parm.highCut, parm.isTimeFilter);
+    _parm.isFilter = parm.isFilter;
 }
 
 /// Makes what is missing. Data of another length or rate need other operators.
@@ -132,21 +142,21 @@ void TraceConditioner::prepare(int nSamples, float sampleRate)
         _opSamples = nSamples;
         _opRate = sampleRate;
     }
-    if (_applyPhase && !_phase) _phase = std::make_unique<OrvinPhaseShift>(nSamples, _angle);
-    if (_applyAGC && !_agc) _agc = std::make_unique<OrvinAGC>(nSamples, _agcWindow, sampleRate);
-    if (_applyFilter && !_filter) {
-        const float lc = _corners[0], lp = _corners[1], hp = _corners[2], hc = _corners[3];
+    if (_parm.isPhase && !_phase) _phase = std::make_unique<OrvinPhaseShift>(nSamples, _parm.phaseAngle);
+    if (_parm.isAGC && !_agc) _agc = std::make_unique<OrvinAGC>(nSamples, _parm.agcWindow, sampleRate);
+    if (_parm.isFilter && !_filter) {
+        const float lc = _parm.lowCut, lp = _parm.lowPass, hp = _parm.highPass, hc = _parm.highCut;
         _filter = std::make_unique<BandPassFilter>(0, 0, 0, 0.02f, lc, lp, hp, hc, nSamples, sampleRate);
-        _filter->setTimeDomain(_isTime);
+        _filter->setTimeDomain(_parm.isTimeFilter);
         _filter->buildFilter(lc, lp, hp, hc);
     }
 }
 
 void TraceConditioner::process(float* trace, int num) const
 {
-    if (_applyPhase) _phase->applyPhaseShift(trace, num);
-    if (_applyFilter) _filter->applyFilter(trace, num);
-    if (_applyAGC) _agc->applyAGC(trace, num);
+    if (_parm.isPhase) _phase->applyPhaseShift(trace, num);
+    if (_parm.isFilter) _filter->applyFilter(trace, num);
+    if (_parm.isAGC) _agc->applyAGC(trace, num);
 }
 
 void TraceConditioner::applyProcessing(float* trace, int num, int nSamples, float sampleRate)
@@ -176,7 +186,7 @@ static const float* firstOfBlock(const SeismicData& data)
 
 void TraceConditioner::measureTraces(const SeismicData& data, std::vector<TraceMeasure>* measures)
 {
-    const bool isConditioned = _applyPhase || _applyFilter || _applyAGC;
+    const bool isConditioned = _parm.isPhase || _parm.isFilter || _parm.isAGC;
     const float* const lent = _isLent && !isConditioned ? firstOfBlock(data) : nullptr;
     const size_t nAll = size_t(_nTraces) * _nSamples;
     if (!lent && _tempData.size() < nAll) _tempData.resize(nAll);

@@ -2,11 +2,10 @@
 #ifndef TRACECONDITIONER_H
 #define TRACECONDITIONER_H
 
-#include "tracedata/orvinconstants.h"
+#include "host/rawvector.h"
+#include "tracedata/plotparm.h"
 
 #include <cstdint>
-#include "host/rawvector.h"
-
 #include <memory>
 #include <vector>
 
@@ -39,16 +38,16 @@ public:
     void applyPhase(bool state, float angle);
     /// Corners in Hz, rising: low cut, low pass, high pass, high cut.
     void applyFilter(bool state, int lc, int lp, int hp, int hc, bool isTime);
-    bool isAGC() const { return _applyAGC; }
-    bool isPhase() const { return _applyPhase; }
-    bool isFilter() const { return _applyFilter; }
+    /// All three at once; the corners are kept also for a filter that is off.
+    void setParm(const ConditionParm& parm);
+    const ConditionParm& parm() const { return _parm; }
+    bool isAGC() const { return _parm.isAGC; }
+    bool isPhase() const { return _parm.isPhase; }
+    bool isFilter() const { return _parm.isFilter; }
     /// In ms.
-    int agcWindow() const { return _agcWindow; }
+    int agcWindow() const { return _parm.agcWindow; }
     /// In degrees.
-    float phaseAngle() const { return _angle; }
-    /// The four corners in Hz.
-    const int* filterCorners() const { return _corners; }
-    bool isTimeFilter() const { return _isTime; }
+    float phaseAngle() const { return _parm.phaseAngle; }
 
     /// Conditions num samples in place: phase, band-pass, AGC.
     /// @param nSamples    length of the ensemble's traces
@@ -92,13 +91,7 @@ private:
     void process(float* trace, int num) const;
     void measureTraces(const SeismicData& data, std::vector<TraceMeasure>* measures);
 
-    bool _applyAGC = false;
-    bool _applyPhase = false;
-    bool _applyFilter = false;
-    int _agcWindow = 500;
-    float _angle = 0.0f;
-    int _corners[4] = {4, 12, 50, 60};
-    bool _isTime = false;
+    ConditionParm _parm;
     std::unique_ptr<OrvinAGC> _agc;  // the three are made on first use, for _opSamples and _opRate
     std::unique_ptr<OrvinPhaseShift> _phase;
     std::unique_ptr<BandPassFilter> _filter;

@@ -2,35 +2,20 @@
 #ifndef CONDITIONINGPRESET_H
 #define CONDITIONINGPRESET_H
 
+#include "tracedata/plotparm.h"
+
 #include <QStringList>
 
-#include <variant>
 #include <vector>
 
 class QSettings;
 class SeismicPlot;
 
-/// What a preset keeps of a plot.
-struct ConditioningPreset {
-    bool isAGC = false;
-    int agcWindow = 500;  ///< ms
-    bool isPhase = false;
-    int phaseAngle = 0;  ///< degrees
-    bool isFilter = false;
-    int lowCut = 4, lowPass = 12, highPass = 50, highCut = 60;  ///< Hz
-    bool isTimeFilter = false;  ///< the band-pass works in the time domain
-    float gain = 0.0f;          ///< dB
-    float clip = 2.0f;          ///< trace widths
-    int scaling = 0;            ///< a Normalize
-};
-
-/// One field of a preset and its key in the settings.
-struct PresetField {
-    const char* key;
-    std::variant<bool ConditioningPreset::*, int ConditioningPreset::*, float ConditioningPreset::*> member;
-};
-/// All fields; saving, loading and their tests walk this list.
-const std::vector<PresetField>& presetFields();
+/// What a preset keeps of a plot: the rows of presetFields(), nothing of the others.
+using ConditioningPreset = PlotParm;
+using PresetField = ParmField<ConditioningPreset>;
+/// The rows that presets keep; saving, loading and their tests walk them.
+std::vector<PresetField> presetFields();
 
 /// Names under "presets/", sorted.
 QStringList presetNames(QSettings* settings);
@@ -45,8 +30,7 @@ void removePreset(QSettings* settings, const QString& name);
 QString presetForEveryFile(const QSettings& settings);
 void setPresetForEveryFile(QSettings* settings, const QString& name);
 
-ConditioningPreset presetOf(const SeismicPlot& plot);
-/// Sets all of it and conditions the traces once; the caller replots.
+/// Sets what a preset keeps and conditions the traces once; the caller replots.
 void applyPreset(const ConditioningPreset& preset, SeismicPlot* plot);
 
 #endif

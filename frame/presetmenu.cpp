@@ -4,7 +4,6 @@
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "frame/conditioningpreset.h"
-#include "tracedata/parmmenu.h"
 #include "widgets/appsettings.h"
 #include "widgets/waitcursor.h"
 
@@ -85,7 +84,7 @@ bool PresetMenu::save(const QString& name)
 {
     if (name.trimmed().isEmpty() || _displays->isEmpty()) return false;
     AppSettings settings;
-    savePreset(&settings, name.trimmed(), presetOf(*_displays->first()->seismicPlot()));
+    savePreset(&settings, name.trimmed(), _displays->first()->seismicPlot()->parm());
     fill();
     return true;
 }
@@ -98,10 +97,7 @@ bool PresetMenu::apply(const QString& name)
     const WaitCursor wait;
     for (SeismicDisplay* display : *_displays) {
         applyPreset(preset, display->seismicPlot());
-        if (parmmenu* menu = display->menu()) {  // for displays that are still to come
-            menu->iagc = preset.isAGC;
-            menu->agcwinlen = preset.agcWindow;
-        }
+        if (display->menu()) keepInMenu(preset, display->menu());  // for displays that are still to come
         display->rebuildPlot();
     }
     emit applied();

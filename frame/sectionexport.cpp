@@ -54,8 +54,8 @@ static QString numberText(double value)
 static QString filterText(const TraceConditioner& conditioner)
 {
     if (!conditioner.isFilter()) return "none";
-    const int* c = conditioner.filterCorners();
-    return QString("%1-%2-%3-%4 Hz").arg(c[0]).arg(c[1]).arg(c[2]).arg(c[3]);
+    const ConditionParm& c = conditioner.parm();
+    return QString("%1-%2-%3-%4 Hz").arg(c.lowCut).arg(c.lowPass).arg(c.highPass).arg(c.highCut);
 }
 
 static QString sortText(const SeismicDisplay& display, const SegyLoader* loader)

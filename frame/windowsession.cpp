@@ -1,6 +1,7 @@
 #include "frame/windowsession.h"
 
 #include "display/colorbarframe.h"
+#include "frame/parmsettings.h"
 #include "frame/screenrow.h"
 #include "frame/windowsettings.h"
 #include "host/report.h"
@@ -11,7 +12,14 @@
 #include <QMainWindow>
 #include <QScreen>
 
-#include <algorithm>
+const std::vector<ParmField<parmmenu>>& sessionFields()
+{
+    static const std::vector<ParmField<parmmenu>> fields = {
+        {&parmmenu::iscreens, {"screens", "", 1, ScreenRow::most, InSession, true}},
+        {&parmmenu::idifference, {"difference", "", 0, 1, InSession, true}},
+    };
+    return fields;
+}
 
 void WindowSession::restore() const
 {
@@ -19,10 +27,8 @@ void WindowSession::restore() const
     const QRect area = _window->screen() ? _window->screen()->geometry() : QRect(0, 0, 1280, 1024);
     const WindowSettings kept = clampedSettings(readWindowSettings(&settings, area, _menu->ireset != 0), presentScreens());
     // A flow's menu tells how many; a record that asks for several gets them.
-    if (_menu->dotrevia == 0 && _menu->inputtool == 0 && _menu->iscreens == 1) {
-        _menu->iscreens = std::clamp(settings.value("screens", _menu->iscreens).toInt(), 1, int(ScreenRow::most));
-        _menu->idifference = settings.value("difference", _menu->idifference).toInt() != 0;
-    }
+    if (_menu->dotrevia == 0 && _menu->inputtool == 0 && _menu->iscreens == 1)
+        readParms(sessionFields(), InSession, &settings, _menu);
     _window->resize(kept.size);
     _window->move(kept.pos);
     if (!kept.state.isEmpty()) _window->restoreState(kept.state);
@@ -35,6 +41,5 @@ void WindowSession::keep() const
     AppSettings settings;
     writeWindowSettings(&settings, {_window->pos(), _window->size(), _bar->colorFile(), _window->saveState()});
     if (_menu->dotrevia != 0) return;
-    settings.setValue("screens", _menu->iscreens);
-    settings.setValue("difference", _menu->idifference);
+    writeParms(sessionFields(), InSession, *_menu, &settings);
 }

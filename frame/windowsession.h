@@ -2,10 +2,17 @@
 #ifndef WINDOWSESSION_H
 #define WINDOWSESSION_H
 
+#include "tracedata/parmfield.h"
+
+#include <vector>
+
 class ColorBarFrame;
 class QMainWindow;
 class Report;
 struct parmmenu;
+
+/// The fields of the menu record that a session leaves to the next; another one is another row.
+const std::vector<ParmField<parmmenu>>& sessionFields();
 
 /// Place, tool bars and panels, colour map, and the screens. A window of a flow has as many screens as the flow says.
 class WindowSession

@@ -157,7 +157,7 @@ static ConditioningPreset otherPreset()
     preset.isAGC = preset.isPhase = preset.isFilter = preset.isTimeFilter = true;
     preset.gain = -7.5f;
     preset.clip = 1.25f;
-    preset.scaling = 1;
+    preset.normalize = Normalize::Dataset;
     return preset;
 }
 
@@ -174,11 +174,11 @@ void OptionsTest::everyFieldOfAPresetComesBack()
     for (const PresetField& field : presetFields()) {
         std::visit(
             [&](auto member) {
-                QVERIFY2(other.*member != defaults.*member, field.key);  // else a lost field would go unseen
-                QVERIFY2(back.*member == other.*member, field.key);
+                QVERIFY2(other.*member != defaults.*member, field.rule.key);  // else a lost field would go unseen
+                QVERIFY2(back.*member == other.*member, field.rule.key);
             },
             field.member);
-        QVERIFY2(fresh.contains(QString("presets/quick look/") + field.key), field.key);
+        QVERIFY2(fresh.contains(QString("presets/quick look/") + field.rule.key), field.rule.key);
     }
 }
 
@@ -238,10 +238,10 @@ void OptionsTest::aPresetActsOnAllDisplaysWithOneRepaintEach()
     settle();
     for (int i : {0, 1}) {
         QCOMPARE(counters[i]->count, 1);
-        const ConditioningPreset now = presetOf(*fixture[i]->seismicPlot());
+        const ConditioningPreset now = fixture[i]->seismicPlot()->parm();
         const ConditioningPreset wanted = otherPreset();
         for (const PresetField& field : presetFields())
-            std::visit([&](auto m) { QVERIFY2(std::abs(double(now.*m) - double(wanted.*m)) < 1e-5, field.key); },
+            std::visit([&](auto m) { QVERIFY2(std::abs(double(now.*m) - double(wanted.*m)) < 1e-5, field.rule.key); },
                        field.member);
     }
     QCOMPARE(fixture[0]->seismicPlot()->conditioner().generation(), generation + 1);

@@ -63,6 +63,8 @@ private slots:
     void velocityTurnsTheScalingOff();
     void scalingMeasuresOnlyAfterTheFirstTime();
     void aPlotWithoutABarOnlyStoresTheType();
+    void everyParameterIsTakenAndToldAgain();
+    void parametersChangeAsIfEachWereSet();
     void nothingIsDrawnWithoutData();
     void lentTracesThatHaveGoneAreNotPainted();
     void drawsAtTheCanvasInDevicePixels_data();
@@ -346,6 +348,57 @@ QImage SeismicPlotTest::drawn(double ratio, const QSize& size, const QwtScaleMap
     painter.end();
     canvas.setDevicePixelRatio(1.0);
     return canvas;
+}
+
+void SeismicPlotTest::everyParameterIsTakenAndToldAgain()
+{
+    for (const ParmField<PlotParm>& field : plotParmFields()) {
+        SeismicPlot plot(_owner.get(), _data.get(), "plot");
+        plot.setAutoGain(false);  // an automatic range is the data's to tell
+        PlotParm parm = plot.parm();
+        const ParmValue before = field.value(parm);
+        const double step = std::holds_alternative<float>(before) ? 0.25 : 1.0;
+        const double former = std::visit([](auto value) { return double(value); }, before);
+        const double number = former + step <= field.rule.most ? former + step : former - step;
+        const ParmValue told = std::holds_alternative<bool>(before)  ? ParmValue(!std::get<bool>(before))
+                               : std::holds_alternative<int>(before) ? ParmValue(int(number))
+                                                                     : ParmValue(float(number));
+        QVERIFY2(field.setValue(told, &parm), field.rule.key);
+        plot.setParm(parm);
+        QVERIFY2(field.value(plot.parm()) == told, field.rule.key);
+        for (const ParmField<PlotParm>& other : plotParmFields())
+            QVERIFY2(other.value(plot.parm()) == other.value(parm), other.rule.key);
+    }
+}
+
+void SeismicPlotTest::parametersChangeAsIfEachWereSet()
+{
+    _plot->setColorBar(_bar.get());
+    _plot->computeNormalizer();
+    _plot->setAutoGain(false);
+    _plot->setRange(-9.0f, 9.0f);
+    PlotParm parm = _plot->parm();
+    parm.normalize = Normalize::Trace;
+    parm.clip = 1.25f;
+    const int generation = _plot->conditioner().generation();
+    _plot->changeParm(parm);
+    QCOMPARE(_plot->conditioner().generation(), generation + 1);
+    QCOMPARE(_plot->clip(), 1.25f);
+    QCOMPARE(_plot->normalization(), Normalize::Trace);
+    QCOMPARE(_plot->rangeMax(), 3.5f);  // 1.4 times the mean of 1, 2, 3 and 4: the old one was of another unit
+    QCOMPARE(_plot->rangeMin(), -3.5f);
+    QVERIFY(!_plot->isAutoGain());
+    parm = _plot->parm();
+    parm.normalize = Normalize::None;
+    _plot->changeParm(parm);
+    QCOMPARE(_plot->rangeMax(), 9.0f);
+    // A range that is told itself is taken.
+    parm = _plot->parm();
+    parm.rangeMax = 7.0f;
+    _plot->changeParm(parm);
+    QCOMPARE(_plot->rangeMax(), 7.0f);
+    QCOMPARE(_plot->rangeMin(), -9.0f);
+    QCOMPARE(_bar->maxValue(), 7.0f);
 }
 
 void SeismicPlotTest::nothingIsDrawnWithoutData()
