@@ -13,6 +13,7 @@
 #include "frame/pagekeys.h"
 #include "frame/parmtool.h"
 #include "frame/presetmenu.h"
+#include "frame/resources.h"
 #include "frame/screenrow.h"
 #include "frame/titletool.h"
 #include "frame/windowactions.h"
@@ -40,17 +41,11 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-/// Resources of a static library are only linked in when they are asked for by name.
-static void initPictures()
-{
-    Q_INIT_RESOURCE(meridune);
-}
-
 MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     : QMainWindow(parent), _report(std::make_unique<WindowReport>(this)),
       _progress(std::make_unique<DialogProgress>(this)), _menu(menu)
 {
-    initPictures();
+    initResources();
     setObjectName("MainWindow");
     setAcceptDrops(true);
     _run.resetDirection();
@@ -206,7 +201,9 @@ void MainWindow::setLastEnsemble(bool last)
 {
     _actions->action("forwardAct")->setEnabled(!last);
     if (last) _tools.endOfData();
-    if (last && _run._contFlow) _run._doExit = true;
+    if (!last || !_run._contFlow) return;
+    _tools.save();
+    _run._doExit = true;
 }
 
 void MainWindow::enableBackKey(bool on)

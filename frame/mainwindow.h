@@ -68,14 +68,15 @@ public:
     /// Copies edited header words of a screen back.
     int saveEnsemble(float** traces, int** heads, int n, int screen);
     int getMoveUp() const;
-    /// With true "next" is disabled; the picks of a processed flow are saved.
+    /// With true "next" is disabled and the tools hear that the data end; in a flow that is processed they save, and
+    /// the window goes next.
     void setLastEnsemble(bool last);
     int resetDirection() { return _run.resetDirection(); }
     bool getMoreRecords() { return _run.getMoreRecords(); }
     int numberOfRecords() const;
 
-    /// Loads the file named in the record, or opens the SEG-Y menu where none is named. Returns 0 when
-    /// the load failed and the user has given up.
+    /// Loads the file named in the record, or opens the SEG-Y menu where none is named or it can't be read. Without
+    /// fromStart it only disables the menu. Returns 1.
     int showSegyMenu(bool fromStart, bool inputMode);
     /// Opens a file, or a comma-separated list, and shows its first ensemble. Returns 1; 0 with a box, and
     /// what was on the screen stays.

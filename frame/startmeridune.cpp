@@ -3,6 +3,7 @@
 #include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/mainwindow.h"
+#include "frame/resources.h"
 #include "host/home.h"
 #include "widgets/copymissingfiles.h"
 #include "widgets/screenplace.h"
@@ -54,12 +55,6 @@ static void watchTiming(MainWindow* window)
         toldEnsemble = true;
         sayTime("first ensemble on screen");
     });
-}
-
-/// Resources of a static library are only linked in when they are asked for by name.
-static void initResources()
-{
-    Q_INIT_RESOURCE(meridune);
 }
 
 /// Shipped files, and the folders of the installation that get those which they lack.

@@ -11,7 +11,8 @@ public:
     AppSettings() : QSettings("Brenlake", "SEISMICDISPLAY") {}
 };
 
-/// Every key that the program writes, or the group that its keys stand in.
+/// Every key that the program writes, or the group that its keys stand in, but for those of fields that have a table
+/// (see tracedata/parmfield.h).
 namespace SettingsKey
 {
 constexpr char pos[] = "pos";              ///< QPoint, of the main window

@@ -22,6 +22,7 @@ private slots:
     void aToolHearsOfEachScreen();
     void aToolGetsEnsemblesThatAreNotDrawn();
     void aToolHearsTheEndOfTheData();
+    void theEndOfAProcessedFlowSavesPicks();
     void aToolHearsOfAnotherFile();
     void closingAsksForUnsavedPicks();
     void closingAsksNobodyWithoutUnsavedPicks();
@@ -122,6 +123,20 @@ void WindowToolsTest::aToolHearsTheEndOfTheData()
     QCOMPARE(f.take(), QStringList({"before", "end"}));
     f.window->setLastEnsemble(false);
     QCOMPARE(f.take(), QStringList());
+}
+
+void WindowToolsTest::theEndOfAProcessedFlowSavesPicks()
+{
+    ToolsFixture f;
+    f.tool->isDirty = true;
+    f.window->setLastEnsemble(true);  // the user may still go back
+    QCOMPARE(f.take(), QStringList({"end"}));
+    QVERIFY(!f.window->atExit());
+    f.window->closeProcess();
+    f.take();
+    f.window->setLastEnsemble(true);
+    QCOMPARE(f.take(), QStringList({"end", "save"}));
+    QVERIFY(f.window->atExit());
 }
 
 void WindowToolsTest::aToolHearsOfAnotherFile()
