@@ -107,7 +107,7 @@ public:
 
     bool isZooming() const override { return _isZoom; }
     void setZooming(bool on) override { _isZoom = on; }
-    const HeaderTable* headerTable() const override { return &_headerTable; }
+    const HeaderWords* headerWords() const override;
     void setOverlayMode(bool on) override;
     ColorBarFrame* overlayColorBarFrame() override;
     void doFBPicking(bool on) override;

@@ -14,6 +14,7 @@
 #include "sources/menus/segymenudialog.h"
 #include "sources/menus/segyrecdialog.h"
 #include "sources/segyloader.h"
+#include "sources/segywords.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
@@ -260,6 +261,13 @@ void MainWindow::fillGlobalRuntime() const
     globalRuntime.idomain = from.idomain;
 }
 
+/// Before anything is loaded a SEG-Y window has the standard words; in a flow the host's lists answer until then.
+const HeaderWords* MainWindow::headerWords() const
+{
+    if (_headerTable._headerSaved || _menu->dotrevia != 0) return &_headerTable;
+    return &segyWords();
+}
+
 void MainWindow::saveHeader()
 {
     _segyloader->fillHeaderTable(&_headerTable);
@@ -342,7 +350,7 @@ void MainWindow::seekRecord()
     SegyRecDialog dialog(_segyloader.get(), this);
     if (dialog.exec() != QDialog::Accepted) return;
     WaitCursor wait;
-    const int sortBefore = _segyloader->currentSortKey();
+    const SortCode sortBefore = _segyloader->currentSortKey();
     const SegyLoader::Place before = _segyloader->place();
     const bool isNewSort = dialog.getSortKey() != sortBefore;
     if (isNewSort) _segyloader->buildNewSort(dialog.getSortKey());

@@ -62,8 +62,8 @@ static QString sortText(const SeismicDisplay& display, const SegyLoader* loader)
 {
     const HeaderAxis& axis = display.headerAxis();
     const QString keys = axis.priReal().name.trimmed() + ", " + axis.secReal().name.trimmed();
-    const int code = loader ? loader->currentSortKey() : 0;
-    return code >= 1 && code <= segySortNames().size() ? segySortNames()[code - 1] + " (" + keys + ")" : keys;
+    const QString sort = loader ? segySortName(loader->currentSortKey()) : QString();
+    return sort.isEmpty() ? keys : sort + " (" + keys + ")";
 }
 
 static QString scalingText(Normalize normalize)

@@ -6,6 +6,8 @@
 #include "sources/formatted.h"
 #include "sources/segymapthread.h"
 #include "sources/segysamples.h"
+#include "tracedata/headertable.h"
+#include "tracedata/menukeys.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/picturedefaults.h"
 
@@ -24,7 +26,7 @@ SegyLoader::SegyLoader(int ifile, const QString& cfiles, int imode, int isort, i
                        int ivariable, int iswap, int icscale, int iescale, int nsamp, int maxtr, float srate,
                        int iremap, int indexbuilt, bool isstandalone, Report* report, ProgressSink* progress,
                        const HeaderTable* headerTable)
-    : _cfiles(cfiles), _ifile(ifile - 1), _imode(imode), _isort(isort), _iformat(iformat),
+    : _cfiles(cfiles), _isort(isort), _ifile(ifile - 1), _imode(imode), _iformat(iformat),
       _ivariable(ivariable), _iswap(iswap), _icscale(icscale), _iescale(iescale), _userSamples(nsamp),
       _userTraces(maxtr), _userSort(isort), _userRate(srate), _nsamp(nsamp), _maxtr(maxtr), _srate(srate), _iremap(iremap),
       _itype(itype), _itform(0), _iStandAlone(isstandalone ? 1 : 0), _report(report), _progress(progress),
@@ -80,8 +82,7 @@ void SegyLoader::setMenu(parmmenu* menu)
     if (!_menu) return;
     setPictureDefaults(_menu);
     _menu->nens = _maxtr;
-    _menu->ipkey = _menu->ipkeyreal = _iepkey;
-    _menu->iskey = _menu->iskeyreal = _ieskey;
+    setMenuKeys(_menu, _iepkey, _ieskey);
     _menu->ireset = 1;
 }
 
@@ -270,10 +271,9 @@ void SegyLoader::assumeOfRemap()
 /// Key numbers without a slot of the map sort by the first slot.
 void SegyLoader::assumeOfSort()
 {
-    if (_keys.ipkey < 0 || !segyData2::getHeaderName(_keys.ipkey).isEmpty()) return;
-    const std::string name = _isort >= 1 && _isort <= segySortNames().size()
-                                 ? segySortNames()[_isort - 1].toStdString()
-                                 : std::string(_keys.priWord);
+    if (_keys.ipkey == KeyNumber() || !segyData2::getHeaderName(_keys.ipkey).isEmpty()) return;
+    const QString named = segySortName(_isort);
+    const std::string name = named.isEmpty() ? std::string(_keys.priWord) : named.toStdString();
     assume({.name = "the index has no key for the sort \"" + name + "\"",
             .consequence = "it is sorted by the channel",
             .control = "Data sort order:"});
@@ -294,10 +294,10 @@ void SegyLoader::buildSortKeys()
 {
     _keys = segySortKeys(_isort, _segydata ? _segydata->reel.sort : 0);
     _isort = _keys.code;
-    _iepkey = _ieskey = 0;
-    if (_keys.ipkey < 0) return;
-    _iepkey = _segyheader.OrvinHeaderIndex(_keys.priWord) + 1;
-    _ieskey = _segyheader.OrvinHeaderIndex(_keys.secWord) + 1;
+    _iepkey = _ieskey = WordFrom1();
+    if (_keys.ipkey == KeyNumber()) return;
+    _iepkey = from1(_segyheader.names().index(_keys.priWord));
+    _ieskey = from1(_segyheader.names().index(_keys.secWord));
 }
 
 bool SegyLoader::buildAskedIndex()
@@ -325,8 +325,9 @@ void SegyLoader::tellSort()
     _isStacked = _keys.mysort == 4 || _keys.mysort == 10 || _keys.mysort == 11;
     if (!_menu) return;
     orvinRuntimeStruct& runtime = _menu->_orvinruntime;
-    runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _iepkey;
-    runtime.iskey = _menu->iskey = _menu->iskeyreal = _ieskey;
+    setMenuKeys(_menu, _iepkey, _ieskey);
+    runtime.ipkey = _iepkey.value;
+    runtime.iskey = _ieskey.value;
     runtime.ipsort = _keys.ipsort;
     runtime.idtyp = _isStacked ? 7 : 0;
 }
@@ -355,7 +356,7 @@ void SegyLoader::saveHeaders()
 
 void SegyLoader::fillHeaderTable(HeaderTable* table)
 {
-    _segyheader.fillHeaderTable(table, _orvinheaderwords);
+    table->fill(_segyheader.names(), _orvinheaderwords);
 }
 
 void SegyLoader::dataLoaded()

@@ -91,11 +91,11 @@ public:
     };
     Place place() const;
     void setPlace(const Place& place);
-    bool canSeek() const { return _keys.ipkey >= 0 && _isIndexBuilt; }
+    bool canSeek() const { return _keys.ipkey != KeyNumber() && _isIndexBuilt; }
     /// Changes the sort; with an index sorts anew, without touching the file.
-    void buildNewSort(int isort);
+    void buildNewSort(SortCode isort);
     /// Smallest and largest primary value of a sort over the map; both 0 for a sort without a range.
-    void getSortRange(int isort, float* min, float* max) const;
+    void getSortRange(SortCode isort, float* min, float* max) const;
     /// Sorts the map and lists the distinct primary values.
     QStringList priKeyList();
 
@@ -135,10 +135,10 @@ public:
     segyMapItem* getMapArray() { return _segydata ? _segydata->map().items() : nullptr; }
     segyData2* SegyData() { return _segydata.get(); }
     QStringList priList() const;
-    int priKey() const { return _keys.ipkey; }
-    int secKey() const { return _keys.iskey; }
-    int priEKey() const { return _iepkey; }
-    int secEKey() const { return _ieskey; }
+    KeyNumber priKey() const { return _keys.ipkey; }
+    KeyNumber secKey() const { return _keys.iskey; }
+    WordFrom1 priEKey() const { return _iepkey; }
+    WordFrom1 secEKey() const { return _ieskey; }
     QString priName() const { return _priName; }
     QString secName() const { return _secName; }
     int numHeaderWords() const { return _orvinheaderwords; }
@@ -150,7 +150,7 @@ public:
     int priCurValue() const { return _priCurValue; }
     /// Entry of priList on screen; -1 before the first ensemble.
     int priCurKey() const { return _priCurKey; }
-    int currentSortKey() const { return _isort; }
+    SortCode currentSortKey() const { return _isort; }
     bool isStacked() const { return _isStacked; }
     SegyHeader* segyHeader() { return &_segyheader; }
     bool isOpen() const { return _isOpen; }
@@ -198,7 +198,7 @@ private:
     void takeBuiltMap();
     void listPrimaryKeys();
     int ensembleStart();
-    int rawWord(int key) const;
+    int rawWord(KeyNumber key) const;
     void appendTrace(int64_t rank);
     void convertHeader(int* words);
     void growBuffers(int nTraces);
@@ -216,8 +216,10 @@ private:
 
     const QString _cfiles;
     QStringList cfileList;
-    int _ifile, _imode, _isort, _iformat, _ivariable, _iswap, _icscale, _iescale;
-    const int _userSamples, _userTraces, _userSort;
+    SortCode _isort;
+    int _ifile, _imode, _iformat, _ivariable, _iswap, _icscale, _iescale;
+    const int _userSamples, _userTraces;
+    const SortCode _userSort;
     const float _userRate;
     int _nsamp, _maxtr;
     float _srate;
@@ -253,7 +255,7 @@ private:
     SegyAssumptions _assumptions;
 
     SegySortKeys _keys;
-    int _iepkey = 0, _ieskey = 0;  // header words of the keys, from 1
+    WordFrom1 _iepkey, _ieskey;  // header words of the keys
     QString _priName, _secName;
     std::vector<int> _priValues;  // distinct primary values in sorted order
     std::vector<int> _priStarts;  // first map index of each

@@ -105,14 +105,14 @@ void SegyLoader::takeBuiltMap()
         listPrimaryKeys();
     else
         priKeyList();
-    if (_hasEnsemble && _keys.ipkey >= 0) {
-        const int slot = segyData2::getItemKey(_keys.ipkey);
+    if (_hasEnsemble && _keys.ipkey != KeyNumber()) {
+        const MapSlot slot = segyData2::getItemKey(_keys.ipkey);
         const segyMapItem* items = _segydata->map().items();
         const segyMapItem* end = items + _segydata->totalTraces();
         const segyMapItem* first =
             std::find_if(items, end, [this](const segyMapItem& item) { return item.offset == _firstOffset; });
         if (first != end) {
-            _priCurValue = segyKeyValue(first->item[slot]);
+            _priCurValue = segyKeyValue(first->item[slot.value]);
             _priCurKey = int(std::find(_priValues.begin(), _priValues.end(), _priCurValue) - _priValues.begin());
         }
     }
@@ -121,23 +121,23 @@ void SegyLoader::takeBuiltMap()
     emit indexBuilt();
 }
 
-void SegyLoader::buildNewSort(int isort)
+void SegyLoader::buildNewSort(SortCode isort)
 {
     _isort = isort;
     buildSortKeys();
     if (_isIndexBuilt) priKeyList();
 }
 
-void SegyLoader::getSortRange(int isort, float* min, float* max) const
+void SegyLoader::getSortRange(SortCode isort, float* min, float* max) const
 {
     *min = *max = 0.0f;
-    const int key = segySortRangeKey(isort);
-    if (key == 0) return;
+    const KeyNumber key = segySortRangeKey(isort);
+    if (key == KeyNumber()) return;
     *min = 3.4e38f;
     *max = -3.4e38f;
-    const int slot = segyData2::getItemKey(key);
+    const MapSlot slot = segyData2::getItemKey(key);
     for (int i = 0; i < getTotalTraces(); ++i) {
-        const float value = _segydata->map().items()[i].item[slot];
+        const float value = _segydata->map().items()[i].item[slot.value];
         if (value < *min) *min = value;
         if (value > *max) *max = value;
     }
@@ -145,7 +145,7 @@ void SegyLoader::getSortRange(int isort, float* min, float* max) const
 
 QStringList SegyLoader::priKeyList()
 {
-    if (_segydata && _keys.ipkey >= 0)
+    if (_segydata && _keys.ipkey != KeyNumber())
         sortSegyMap(_segydata->map().items(), _segydata->totalTraces(), segyData2::getItemKey(_keys.ipkey),
                     segyData2::getItemKey(_keys.iskey));
     listPrimaryKeys();
@@ -160,13 +160,13 @@ void SegyLoader::listPrimaryKeys()
     _priStarts.clear();
     _priCurKey = -1;
     int longest = 0, run = 0;
-    if (_segydata && _keys.ipkey >= 0) {
-        const int slot = segyData2::getItemKey(_keys.ipkey);
+    if (_segydata && _keys.ipkey != KeyNumber()) {
+        const MapSlot slot = segyData2::getItemKey(_keys.ipkey);
         _priName = segyData2::getHeaderName(_keys.ipkey);
         _secName = segyData2::getHeaderName(_keys.iskey);
         assumeOfSort();
         for (int i = 0; i < _segydata->totalTraces(); ++i) {
-            const int value = segyKeyValue(_segydata->map().items()[i].item[slot]);
+            const int value = segyKeyValue(_segydata->map().items()[i].item[slot.value]);
             if (!_priValues.empty() && value == _priValues.back()) {
                 ++run;
                 continue;
@@ -263,10 +263,11 @@ int SegyLoader::ensembleStart()
     return _priStarts[size_t(sameBefore)];
 }
 
-/// A 32-bit word of the trace in hand, counted from 1; 0 outside the header.
-int SegyLoader::rawWord(int key) const
+/// A 32-bit word of the trace in hand; 0 outside the header.
+int SegyLoader::rawWord(KeyNumber key) const
 {
-    return key >= 1 && key <= segyTraceHeaderBytes / 4 ? _itempTrc[size_t(key) - 1] : 0;
+    const bool isInside = key.value >= 1 && key.value <= segyTraceHeaderBytes / 4;
+    return isInside ? _itempTrc[size_t(key.value) - 1] : 0;
 }
 
 SegyLoader::Place SegyLoader::place() const

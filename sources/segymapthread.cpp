@@ -104,7 +104,7 @@ void SegyMapThread::build()
     _mapBytesNeeded = data.mapBytesNeeded();
     if (!isBuilt) return;
     _longestRun = longestStackRun(data.map(), _keys.mysort);
-    if (_keys.ipkey >= 0)
+    if (_keys.ipkey != KeyNumber())
         sortSegyMap(data.map().items(), data.totalTraces(), segyData2::getItemKey(_keys.ipkey),
                     segyData2::getItemKey(_keys.iskey));
     _isRemapRejected = data.isRemapRejected();

@@ -357,7 +357,7 @@ TEST_P(RealFileTest, EverySortLoadsAndHoldsEveryTraceOnce)
     RealLoader real(GetParam());
     ASSERT_TRUE(real.isGood);
     for (int isort = 1; isort <= 11; ++isort) {
-        real.loader.buildNewSort(isort);
+        real.loader.buildNewSort(SortCode(isort));
         std::set<uint32_t> ranks;
         for (int i = 0; i < real.loader.getTotalTraces(); ++i) ranks.insert(real.loader.getMapArray()[i].itrace);
         EXPECT_EQ(int(ranks.size()), GetParam().nTraces);

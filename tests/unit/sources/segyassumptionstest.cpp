@@ -145,8 +145,8 @@ TEST_F(SegyAssumptionsTest, AnIndexThatSortsByTheChannelInsteadIsTold)
     ASSERT_TRUE(l.open().isGood);
     EXPECT_THAT(l.report.assumptions,
                 ElementsAre("SegyLoader: the index has no key for the sort \"Receiver\": it is sorted by the channel"));
-    l.loader.buildNewSort(1);
-    l.loader.buildNewSort(3);
+    l.loader.buildNewSort(SortCode(1));
+    l.loader.buildNewSort(SortCode(3));
     EXPECT_EQ(l.report.assumptions.size(), 1u);
     Loaded ffid({.files = save(shots({2})), .isort = 1, .indexbuilt = 1});
     ASSERT_TRUE(ffid.open().isGood);

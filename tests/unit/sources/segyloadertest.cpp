@@ -123,19 +123,19 @@ TEST_F(SegyLoaderTest, TheIndexSortsByBothKeys)
     EXPECT_THAT(l.firstSamples(), ElementsAre(3, 4, 1));
     EXPECT_EQ(l.loader.priName(), "FFID    ");
     EXPECT_EQ(l.loader.secName(), "CHAN    ");
-    l.loader.buildNewSort(4);
+    l.loader.buildNewSort(SortCode(4));
     EXPECT_THAT(l.loader.priList(), ElementsAre("3", "4", "5", "6", "7"));
-    EXPECT_EQ(l.loader.currentSortKey(), 4);
+    EXPECT_EQ(l.loader.currentSortKey(), SortCode(4));
     l.loader.loadNextEnsemble(1);
     EXPECT_THAT(l.firstSamples(), ElementsAre(4));
     float least, largest;
-    l.loader.getSortRange(1, &least, &largest);
+    l.loader.getSortRange(SortCode(1), &least, &largest);
     EXPECT_EQ(least, 10.0f);
     EXPECT_EQ(largest, 20.0f);
-    l.loader.getSortRange(4, &least, &largest);
+    l.loader.getSortRange(SortCode(4), &least, &largest);
     EXPECT_EQ(least, 3.0f);
     EXPECT_EQ(largest, 7.0f);
-    l.loader.getSortRange(5, &least, &largest);
+    l.loader.getSortRange(SortCode(5), &least, &largest);
     EXPECT_EQ(least, 0.0f);
     EXPECT_EQ(largest, 0.0f);
 }
@@ -169,8 +169,8 @@ TEST_F(SegyLoaderTest, ByTraceNumberEveryEnsembleHoldsOneTrace)
     parm.indexbuilt = 1;
     Loaded l(parm);
     ASSERT_TRUE(l.open().isGood);
-    EXPECT_EQ(l.loader.priKey(), 1);
-    EXPECT_EQ(l.loader.priEKey(), 1);
+    EXPECT_EQ(l.loader.priKey(), KeyNumber(1));
+    EXPECT_EQ(l.loader.priEKey(), WordFrom1(1));
     EXPECT_THAT(l.loader.priList(), ElementsAre("1", "2", "3"));
     l.loader.loadNextEnsemble(1);
     EXPECT_THAT(l.firstSamples(), ElementsAre(11));
@@ -198,11 +198,11 @@ TEST_F(SegyLoaderTest, EverySortCodeHasItsKeys)
         menu.idomain = 5;
         l.loader.setMenu(&menu);
         ASSERT_TRUE(l.open().isGood);
-        EXPECT_EQ(l.loader.currentSortKey(), c.code);
-        EXPECT_EQ(l.loader.priKey(), c.ipkey);
-        EXPECT_EQ(l.loader.secKey(), c.iskey);
-        EXPECT_EQ(l.loader.priEKey(), c.iepkey);
-        EXPECT_EQ(l.loader.secEKey(), c.ieskey);
+        EXPECT_EQ(l.loader.currentSortKey().value, c.code);
+        EXPECT_EQ(l.loader.priKey().value, c.ipkey);
+        EXPECT_EQ(l.loader.secKey().value, c.iskey);
+        EXPECT_EQ(l.loader.priEKey().value, c.iepkey);
+        EXPECT_EQ(l.loader.secEKey().value, c.ieskey);
         EXPECT_EQ(l.loader.isStacked(), c.idtyp == 7);
         EXPECT_EQ(menu._orvinruntime.idtyp, c.idtyp);
         EXPECT_EQ(menu._orvinruntime.ipsort, c.ipsort);
@@ -376,10 +376,10 @@ TEST_F(SegyLoaderTest, ASortCodeThatAReelGaveIsNotCarriedOverToTheNextFile)
         const std::string names = save(one, "one.sgy") + "," + save(two, "two.sgy");
         Loaded fromData({.files = names});
         ASSERT_TRUE(fromData.open().isGood);
-        EXPECT_EQ(fromData.loader.currentSortKey(), expected) << first << " " << second;
+        EXPECT_EQ(fromData.loader.currentSortKey().value, expected) << first << " " << second;
         Loaded given({.files = names, .isort = 4});
         ASSERT_TRUE(given.open().isGood);
-        EXPECT_EQ(given.loader.currentSortKey(), 4);
+        EXPECT_EQ(given.loader.currentSortKey().value, 4);
     }
 }
 

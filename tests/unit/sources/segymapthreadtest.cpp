@@ -132,7 +132,7 @@ TEST_F(SegyMapThreadTest, ASortChangedDuringTheBuildIsTheOneThatCounts)
     ASSERT_TRUE(l.open().isGood);
     l.loader.loadNextEnsemble(1);
     l.loader.startIndexBuild();
-    l.loader.buildNewSort(11);
+    l.loader.buildNewSort(SortCode(11));
     waitForIndex(&l.loader);
     EXPECT_EQ(l.loader.numEnsembles(), 5);
     EXPECT_EQ(l.loader.priCurKey(), 0);
