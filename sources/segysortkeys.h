@@ -9,12 +9,14 @@
 /// What a sort code means.
 struct SegySortKeys {
     SortCode code;   ///< the sort code afterwards
-    int mysort = 0;  ///< internal number; 4, 10 and 11 are stacks
+    int mysort = 0;  ///< internal number
     int ipsort = 0;  ///< sort domain of the host's run-time record
     KeyNumber ipkey;
     KeyNumber iskey;
     const char* priWord = "";  ///< header words of the keys
     const char* secWord = "";
+
+    bool isStack() const { return mysort == 4 || mysort == 10 || mysort == 11; }
 };
 
 /// The eleven names, of the codes 1 to 11.

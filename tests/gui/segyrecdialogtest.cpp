@@ -38,10 +38,8 @@ void SegyRecDialogTest::initTestCase()
 std::unique_ptr<SegyLoader> SegyRecDialogTest::open(int isort, const QByteArray& bytes)
 {
     const QString file = writeSegy(_folder.path() + "/six.sgy", bytes);
-    auto loader = std::make_unique<SegyLoader>(1, file, 0, isort, 0, 0, 0, littleEndian() ? 1 : 0, 0, 0, 0, 0, 0.0f, 0,
-                                               1, true, &_report);
-    if (!loader->openFiles()) qFatal("no loader");
-    loader->initBuild();
+    auto loader = SegyLoader::open({.files = file, .isort = isort, .indexbuilt = 1}, &_report);
+    if (!loader) qFatal("no loader");
     loader->loadNextEnsemble(1);
     return loader;
 }
