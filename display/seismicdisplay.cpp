@@ -12,7 +12,6 @@
 #include "display/seismicaxisscaledraw.h"
 #include "display/seismicplot.h"
 #include "host/report.h"
-#include "sources/segyheader.h"
 #include "tracedata/headertable.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
@@ -41,7 +40,6 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
     // Qwt's own policy takes the room for every label as the least width: more traces, a wider window, more traces.
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setObjectName("SeismicDisplay");
-    _seismicdata->setHeaderTable(host ? host->headerTable() : nullptr);
     setCanvasBackground(Qt::white);
     makeAxes(enableLeft, enableRight);
     makeGrid();
@@ -88,11 +86,6 @@ void SeismicDisplay::makeGrid()
     _grid->enableY(false);
     _grid->enableYMin(false);
     _grid->attach(this);
-}
-
-const HeaderTable* SeismicDisplay::headerTable() const
-{
-    return _host ? _host->headerTable() : nullptr;
 }
 
 void SeismicDisplay::setColorBar(ColorBarFrame* bar)
@@ -170,7 +163,7 @@ void SeismicDisplay::setMenu(parmmenu* menu)
 
 void SeismicDisplay::takeKeys()
 {
-    _keys = {_menu->ipkey - 1, _menu->ipkeyreal - 1, _menu->iskey - 1, _menu->iskeyreal - 1};
+    _keys = menuKeys(*_menu);
 }
 
 void SeismicDisplay::setNewKeys()
@@ -224,10 +217,11 @@ int SeismicDisplay::loadTraces(float** traces, int** heads, int n)
         return 0;
     }
     _seismicdata->clear();
+    if (_host) _seismicdata->setHeaderWords(_host->headerWords());
     _seismicdata->setNumHeaderWords(_nth);
     _seismicdata->loadAllTraces(_copy.traces(), _copy.headers(), _numsmp, n);
-    _seismicdata->setPriKey(_keys.pri);
-    _seismicdata->setSecKey(_keys.sec);
+    _seismicdata->setPriKey(_keys.pri.value);
+    _seismicdata->setSecKey(_keys.sec.value);
     _seismicdata->setTreviaVersion(_isTrevia - 1);
     return 1;
 }
@@ -246,7 +240,7 @@ void SeismicDisplay::setSliceAxis()
 {
     SeismicHeader* first = _seismicdata->getTraceHeader(0);
     const int xline = first->headerIndex("XLINE_NO"), iline = first->headerIndex("ILINE_NO");
-    const bool alongXline = _keys.sec == xline;
+    const bool alongXline = _keys.sec.value == xline;
     setAxisTitle(alongXline ? "ILINE_NO" : "XLINE_NO");
     int value = 0;
     first->headerValue(alongXline ? iline : xline, &value);
@@ -295,6 +289,7 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
     if (!loadTraces(traces, heads, n)) return 1;
     _loadTraces = true;
     _lastEnsemble = false;
+    // A SEG-Y file has no slices, whatever domain a former one has left.
     if (_firstTime && _idomain == sliceDomain && _isTrevia) setSliceAxis();
     _seismicplot->invalidateImage();
     _seismicplot->computeNormalizer();
@@ -348,24 +343,12 @@ void SeismicDisplay::getSeismicData(float* trace, int* header, int i) const
     std::copy_n(_seismicdata->getTraceHeaders()[i], _seismicdata->numHeaderWords(), header);
 }
 
-/// Index of a header word by its name, from the host's lists or the SEG-Y mapping.
-static int wordIndex(const SeismicData& data, bool isTrevia, const HeaderTable* table, const char* name)
-{
-    SeismicHeader* first = data.getTraceHeader(0);
-    if (isTrevia) return first->headerIndex(name);
-    SegyHeader header(first->headers(), data.numHeaderWords(), table);
-    header.setTreviaVersion(1);
-    return header.OrvinHeaderIndex(QString(name));
-}
-
 float SeismicDisplay::computeRMS(bool apply)
 {
     double sum = 0.0;
     int nLive = 0;
     const int n = _seismicdata->traceCount(), nSamples = _seismicdata->sampleCount();
-    const int index = n > 0 ? wordIndex(*_seismicdata, _isTrevia != 0,
-                                        _host ? _host->headerTable() : nullptr, "TRC_TYPE")
-                            : -1;
+    const int index = n > 0 ? _seismicdata->getTraceHeader(0)->headerIndex("TRC_TYPE") : -1;
     for (int i = 0; i < n; ++i) {
         int type = 0;
         _seismicdata->getTraceHeader(i)->headerValue(index, &type);
@@ -391,7 +374,7 @@ void SeismicDisplay::traceOffsets(const SeismicData& data, int nTraces, float* o
 {
     std::fill_n(offsets, nTraces, 0.0f);
     if (nTraces < 1) return;
-    const int index = wordIndex(data, _isTrevia != 0, _host ? _host->headerTable() : nullptr, "OFFSET  ");
+    const int index = data.getTraceHeader(0)->headerIndex("OFFSET  ");
     for (int i = 0; i < nTraces; ++i) data.getTraceHeader(i)->headerFloatValue(index, &offsets[i]);
 }
 

@@ -29,8 +29,7 @@ int SeismicDisplay::buildHeaderAxis()
 {
     std::string error;
     const bool rightToLeft = _seismicplot->plotDirection() == RightToLeft;
-    if (!_headerAxis.build(*_seismicdata, _keys, _isTrevia != 0, rightToLeft, _isDifference,
-                           _host ? _host->headerTable() : nullptr, &error)) {
+    if (!_headerAxis.build(*_seismicdata, _keys, rightToLeft, _isDifference, &error)) {
         PrintReport().line(error + "\n");
         return 1;
     }
@@ -109,15 +108,15 @@ void SeismicDisplay::setPlotDirection(PlotDirection direction)
     axesFollowHeaders();
 }
 
-void SeismicDisplay::setPriKey(int index)
+void SeismicDisplay::setPriKey(WordFrom0 word)
 {
-    _keys.pri = index;
+    _keys.pri = word;
     axesFollowHeaders();
 }
 
-void SeismicDisplay::setSecKey(int index)
+void SeismicDisplay::setSecKey(WordFrom0 word)
 {
-    _keys.sec = index;
+    _keys.sec = word;
     axesFollowHeaders();
 }
 

@@ -62,14 +62,14 @@ int SeismicDisplay::loadOverlayData(float** traces, int** heads, int n, bool rep
     }
     if (!_overlaydata) {
         _overlaydata = std::make_unique<SeismicData>();
-        _overlaydata->setHeaderTable(_host ? _host->headerTable() : nullptr);
     }
     _overlaydata->clear();
+    if (_host) _overlaydata->setHeaderWords(_host->headerWords());
     _overlaydata->setNumHeaderWords(_seismicdata->numHeaderWords());
     _overlaydata->setSampleRate(_seismicdata->sampleRate());
     _overlaydata->loadAllTraces(_overlayCopy.traces(), _overlayCopy.headers(), _numsmp, n);
-    _overlaydata->setPriKey(_keys.pri);
-    _overlaydata->setSecKey(_keys.sec);
+    _overlaydata->setPriKey(_keys.pri.value);
+    _overlaydata->setSecKey(_keys.sec.value);
     _overlaydata->setTreviaVersion(_isTrevia - 1);
     if (!_overlayplot) makeOverlay();
     _overlayplot->invalidateImage();

@@ -13,6 +13,7 @@
 #include "frame/pagekeys.h"
 #include "frame/parmtool.h"
 #include "frame/presetmenu.h"
+#include "frame/recordnavigator.h"
 #include "frame/resources.h"
 #include "frame/screenrow.h"
 #include "frame/titletool.h"
@@ -21,6 +22,7 @@
 #include "frame/windowexports.h"
 #include "frame/windowhelp.h"
 #include "frame/windowlook.h"
+#include "frame/windowrecords.h"
 #include "frame/windowreport.h"
 #include "frame/windowsegyhost.h"
 #include "frame/windowsession.h"
@@ -56,7 +58,7 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     makeTools();
     makeRecentMenu();
     makeScreensMenu();
-    makeRecordList();
+    makeRecords();
     makeOptions();
     makeAssumptionsPanel();
     connect(WrittenFiles::all(), &WrittenFiles::written, statusBar(), [this](const QString& line) { statusBar()->showMessage(line); });
@@ -104,7 +106,7 @@ void MainWindow::makeParts()
     _help = std::make_unique<WindowHelp>(this);
     _session = std::make_unique<WindowSession>(this, _bars->bar(), _menu, _report.get());
     _imgstore = std::make_unique<ImageStorage>();
-    _displayHost = std::make_unique<WindowDisplayHost>(&_headerTable, _bars, &_tools);
+    _displayHost = std::make_unique<WindowDisplayHost>(&_headerTable, _menu, _bars, &_tools);
     _segyHost = std::make_unique<WindowSegyHost>(this);
     _screens = std::make_unique<ScreenRow>(
         _splitter, _menu, ScreenParts{statusBar(), _controlStatus, _bars->bar(), _imgstore.get(), _displayHost.get()});

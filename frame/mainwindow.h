@@ -12,7 +12,6 @@
 #include <QMainWindow>
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 class AssumptionsPanel;
@@ -29,10 +28,9 @@ class ImageTool;
 class IndexBar;
 class ParmMenuDialog;
 class ParmTool;
-class QLabel;
 class QSplitter;
 class QStatusBar;
-class RecordList;
+class RecordNavigator;
 class ScreenRow;
 class ScreensMenu;
 class SegyLoader;
@@ -44,6 +42,7 @@ class WindowActions;
 class WindowExports;
 class WindowHelp;
 class WindowLook;
+class WindowRecords;
 class WindowReport;
 class WindowSession;
 struct fbPickMenuStruct;
@@ -184,27 +183,24 @@ private:
     void makeParts();
     void makeTools();
     void makeScreensMenu();
-    void makeRecordList();
+    void makeRecords();
     void makeRecentMenu();
     void makeOptions();
     void makeAssumptionsPanel();
     void setScreens(int n);
     void showScreens();
-    void fillScreens(int from);
     void watchScreen(SeismicDisplay* screen);
     void listRecords();
-    void tellRecord();
     void showEntry(int entry);
     void showAssumptions();
     void openSegy(const QString& name);
     void openSegyWindow();
     void saveHeader();
-    void showRecord(bool found);
     void setNavigation();
-    void takeLoaderKeys();
+    void goForward(bool (RecordNavigator::*go)());
+    void takeSort();
     bool takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadParm& parm);
     void showLoader(const SegyLoadParm& parm, const QString& name);
-    bool showLoaded(const std::function<bool()>& load);
     void showTitle();
     void tellNotBuilt(const QString& what);
     void refuseMode(const char* box, const QString& what);
@@ -216,8 +212,6 @@ private:
     FirstLookBar* _firstLookBar = nullptr;
     IndexBar* _indexBar = nullptr;
     AssumptionsPanel* _assumptionsPanel = nullptr;
-    RecordList* _recordList = nullptr;
-    QLabel* _recordLabel = nullptr;  // in the status bar, where the read-out doesn't cover it
     std::unique_ptr<WindowActions> _actions;
     std::unique_ptr<WindowReport> _report;
     std::unique_ptr<WindowHelp> _help;
@@ -240,6 +234,8 @@ private:
     SegyMenuDialog* _segy = nullptr;            // child, made on first use
     std::unique_ptr<DialogProgress> _progress;  // lent to the loader, so it goes after it
     std::unique_ptr<SegyLoader> _segyloader;
+    std::unique_ptr<WindowRecords> _records;      // what the navigator asks of the window
+    std::unique_ptr<RecordNavigator> _navigator;  // over the loader
     SegyLoadParm _segyParm;  // how the loader reads its file
 
     parmmenu* _menu;                              // lent
@@ -252,9 +248,6 @@ private:
     bool _isEnsembleShown = true;  // of the last ensemble handed to a display: there was memory for it
     bool _isStandAlone = true;
     bool _dataReady = false;
-    int _firstEntry = -1;       // of the index: the ensemble on the first screen
-    int _nRead = 0;             // records read from the file so far, without an index
-    int _nShown = 0;            // screens that have a record
     bool _isFirstMenu = false;  // nothing was shown before the menu that is up: with it the program ends
 };
 

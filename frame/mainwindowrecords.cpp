@@ -1,71 +1,118 @@
-/// Where among the records the window is: the status line, the list of records and the bar of the index.
+/// The way to other records.
 #include "frame/mainwindow.h"
 
-#include "frame/indexbar.h"
-#include "frame/recordlist.h"
+#include "display/seismicdisplay.h"
+#include "frame/recordnavigator.h"
+#include "frame/sourcemenu.h"
 #include "frame/windowactions.h"
+#include "frame/windowrecords.h"
+#include "frame/windowreport.h"
+#include "sources/menus/segyrecdialog.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/waitcursor.h"
 
-#include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
 
-#include <algorithm>
-
-void MainWindow::makeRecordList()
+void MainWindow::makeRecords()
 {
-    _recordList = new RecordList(this);
-    addDockWidget(Qt::RightDockWidgetArea, _recordList);
-    _recordList->hide();
-    _recordLabel = new QLabel;
-    _recordLabel->setObjectName("recordLabel");
-    statusBar()->addPermanentWidget(_recordLabel);
-    QAction* toggle = _recordList->toggleViewAction();
-    toggle->setObjectName("recordsAct");
-    toggle->setText("&Records");
-    toggle->setStatusTip("Show a list of all records beside the picture");
-    _actions->menu("&View")->addAction(toggle);
-    connect(_recordList, &RecordList::recordChosen, this, &MainWindow::showEntry);
+    _records = std::make_unique<WindowRecords>(this, _screens.get(), _indexBar, _menu, [this](int screen) {
+        loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), screen);
+        return _isEnsembleShown;
+    });
+    _navigator = std::make_unique<RecordNavigator>(_records.get(), _report.get());
+    _records->setNavigator(_navigator.get());
+    _actions->menu("&View")->addAction(_records->toggle());
+    connect(_records.get(), &WindowRecords::recordChosen, this, &MainWindow::showEntry);
+    connect(_records.get(), &WindowRecords::ended, this, [this] { setLastEnsemble(true); });
+    connect(_records.get(), &WindowRecords::sortTaken, this, &MainWindow::takeSort);
 }
 
 /// After an index has come, or a new sort.
 void MainWindow::listRecords()
 {
-    std::vector<RecordRow> rows(_segyloader->isIndexBuilt() ? size_t(_segyloader->numEnsembles()) : 0);
-    for (size_t i = 0; i < rows.size(); ++i)
-        rows[i] = {_segyloader->ensembleValue(int(i)), _segyloader->ensembleTraces(int(i))};
-    _recordList->setRecords(_segyParm.files, _segyloader->priName().trimmed(), std::move(rows));
-    _recordList->setCurrent(_firstEntry);
+    _records->list(*_segyloader, _segyParm.files);
 }
 
-/// "n of m" of what has just been loaded; without an index only the records read so far are known.
-void MainWindow::tellRecord()
+/// Axes and titles follow the source's sort; how the traces are shown doesn't.
+void MainWindow::takeSort()
 {
-    _recordList->setCurrent(_firstEntry);
-    const bool isIndexed = _segyloader->isIndexBuilt() && _firstEntry >= 0;
-    const int first = isIndexed ? _firstEntry + 1 : _nRead;
-    QString text = _nShown > 1 ? QString("Records %1 to %2").arg(first).arg(first + (_nShown - 1) * (isIndexed ? _menu->moveup : 1))
-                               : QString("Record %1").arg(first);
-    if (isIndexed) text += QString(" of %1").arg(_segyloader->numEnsembles());
-    _recordLabel->setText(text);
-    const bool isEmptyScreen = _nShown < _menu->iscreens;
-    statusBar()->showMessage(isEmptyScreen ? text + "; the file has no more for the other screens" : text);
+    copySort(_menu, *_segyloader);
+    if (_isStandAlone) fillGlobalRuntime();
+    _tools.beforeData();
+    for (SeismicDisplay* display : *displays()) display->setNewKeys();
+    listRecords();
+}
+
+int MainWindow::numberOfRecords() const
+{
+    return _navigator->recordCount();
+}
+
+void MainWindow::nextRecord()
+{
+    if (!_segyloader) return;
+    goForward(&RecordNavigator::next);
+}
+
+void MainWindow::firstRecord()
+{
+    if (!_segyloader) return;
+    goForward(&RecordNavigator::first);
+}
+
+void MainWindow::goForward(bool (RecordNavigator::*go)())
+{
+    _dataReady = false;
+    _tools.beforeRecord();
+    _run.pressNext();
+    enableBackKey(_navigator->canSeek());
+    {
+        const WaitCursor wait;
+        (_navigator.get()->*go)();
+    }
+    if (_navigator->canSeek() && _segyloader->numTraces() > 0 && display()->isRepeated()) statusBar()->showMessage("Last record");
+    _dataReady = true;
+}
+
+void MainWindow::previousRecord()
+{
+    if (!_segyloader) return;
+    _dataReady = false;
+    _tools.beforeRecord();
+    _run.pressPrevious();
+    {
+        const WaitCursor wait;
+        if (!_navigator->canSeek() || _navigator->recordCount() == 0)
+            enableBackKey(false);
+        else if (_navigator->previous())
+            setLastEnsemble(false);
+    }
+    _dataReady = true;
+}
+
+void MainWindow::seekRecord()
+{
+    if (!_navigator->canSeek()) return;
+    SegyRecDialog dialog(_segyloader.get(), this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const WaitCursor wait;
+    if (!_navigator->seek(dialog.getSortKey(), dialog.prikey())) return;
+    _tools.beforeRecord();
+    setLastEnsemble(false);
+    enableBackKey(true);
 }
 
 void MainWindow::showEntry(int entry)
 {
-    if (!_segyloader || !_segyloader->canSeek() || entry < 0 || entry >= _segyloader->numEnsembles()) return;
-    if (entry == _firstEntry) return;  // already on the screen
+    if (!_navigator->canSeek() || entry < 0 || entry >= _navigator->recordCount()) return;
+    if (entry == _navigator->firstEntry()) return;  // already on the screen
     _dataReady = false;
     _tools.beforeRecord();
     {
         const WaitCursor wait;
-        showLoaded([this, entry] {
-            _segyloader->setEnsemble(entry);
-            return _segyloader->loadNextEnsemble(0);
-        });
+        _navigator->showEntry(entry);
     }
     setLastEnsemble(false);
     enableBackKey(true);

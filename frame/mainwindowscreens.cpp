@@ -3,11 +3,12 @@
 
 #include "display/seismicdisplay.h"
 #include "frame/differencetool.h"
+#include "frame/recordnavigator.h"
 #include "frame/screenrow.h"
 #include "frame/screensmenu.h"
 #include "frame/windowactions.h"
 #include "frame/windowlook.h"
-#include "sources/segyloader.h"
+#include "frame/windowrecords.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/appsettings.h"
 #include "widgets/waitcursor.h"
@@ -49,33 +50,10 @@ void MainWindow::setScreens(int n)
     const WaitCursor wait;
     if (n == 1) _actions->box("differBox")->setChecked(false);
     const int before = _screens->setCount(n);
-    _nShown = std::min(_nShown, n);
     showScreens();
     if (!_segyloader || displays()->first()->traceCount() == 0) return;
-    if (n > before) return fillScreens(before);
-    if (_segyloader->canSeek()) {  // the next ensemble is the one behind the last screen
-        _segyloader->setEnsemble(_firstEntry + _menu->moveup * (n - 1));
-        _segyloader->loadNextEnsemble(0);
-    }
-    tellRecord();
+    if (n > before) return _navigator->fillScreens(before);
+    _navigator->dropScreens();
+    _records->recordsShown();
     _differenceTool->load();
-}
-
-/// Loads the ensembles behind the loader's present one into the screens from `from` on; a screen for which none is left
-/// is cleared.
-void MainWindow::fillScreens(int from)
-{
-    for (int i = from; i < _menu->iscreens; ++i) {
-        const int entry = _segyloader->priCurKey();
-        _segyloader->loadNextEnsemble(_menu->moveup);
-        const bool isNew = _segyloader->numTraces() > 0 && (!_segyloader->isIndexBuilt() || _segyloader->priCurKey() != entry);
-        if (isNew) {
-            loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), i);
-            ++_nShown;
-            continue;
-        }
-        _screens->clearFrom(i);
-        break;
-    }
-    tellRecord();
 }

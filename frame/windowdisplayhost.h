@@ -6,20 +6,23 @@
 
 class BarColumn;
 class ToolBench;
+struct HeaderTable;
+struct parmmenu;
 
 /// Answers out of the window's header table, its colour bars and its tools.
 class WindowDisplayHost : public DisplayHost
 {
 public:
     /// All are lent and outlive the displays.
-    WindowDisplayHost(const HeaderTable* table, BarColumn* bars, const ToolBench* bench)
-        : _table(table), _bars(bars), _bench(bench)
+    WindowDisplayHost(const HeaderTable* table, const parmmenu* menu, BarColumn* bars, const ToolBench* bench)
+        : _table(table), _menu(menu), _bars(bars), _bench(bench)
     {
     }
 
     bool isZooming() const override { return _isZooming; }
     void setZooming(bool on) override { _isZooming = on; }
-    const HeaderTable* headerTable() const override { return _table; }
+    /// Before anything is loaded a SEG-Y window has the standard words; in a flow the host's lists answer until then.
+    const HeaderWords* headerWords() const override;
     void setOverlayMode(bool on) override;
     ColorBarFrame* overlayColorBarFrame() override;
     void doFBPicking(bool /*on*/) override {}
@@ -27,6 +30,7 @@ public:
 
 private:
     const HeaderTable* _table;
+    const parmmenu* _menu;
     BarColumn* _bars;
     const ToolBench* _bench;
     bool _isZooming = false;

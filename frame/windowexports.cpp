@@ -77,7 +77,7 @@ void WindowExports::exportSection() const
     std::vector<float> offsets;
     const auto contentAt = [&](const SectionScale& scale) {
         const SectionOrigin origin = _origin();
-        return sectionContent(display, scale, origin.file, origin.loader, &offsets);
+        return sectionContent(display, scale, origin.file, origin.source, &offsets);
     };
     SectionContent content = contentAt(presentScale(display));
     const auto layout = [&](const SectionScale& scale) { return sectionPage(display, scale, int(content.side.size())); };

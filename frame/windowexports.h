@@ -9,12 +9,12 @@
 
 class QMainWindow;
 class ScreenRow;
-class SegyLoader;
+class EnsembleSource;
 
 /// Where the traces on the first screen come from, for the side label of a section.
 struct SectionOrigin {
-    QString file;                        ///< its name
-    const SegyLoader* loader = nullptr;  ///< lent; null where none
+    QString file;                            ///< its name
+    const EnsembleSource* source = nullptr;  ///< lent; null where none
 };
 
 /// Each asks for a name, writes, and tells in a box what went wrong.
