@@ -1,6 +1,5 @@
 #include "display/scalemenu.h"
 
-#include "display/rasternumber.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "tracedata/parmmenu.h"

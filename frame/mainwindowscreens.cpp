@@ -15,8 +15,6 @@
 
 #include <QCheckBox>
 
-#include <algorithm>
-
 void MainWindow::makeScreensMenu()
 {
     _screensMenu = new ScreensMenu(_actions->menu("&View"));
