@@ -350,9 +350,10 @@ void MainWindow::showFBPicker(int state)
     if (state) refuseMode("showFBPickerBox", "First-break picking");
 }
 
-void MainWindow::doFBPicking(bool) {}
-
-void MainWindow::pickTraceChange(const float*, int, int, int) {}
+Report& MainWindow::report()
+{
+    return *_report;
+}
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {

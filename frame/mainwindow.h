@@ -110,8 +110,7 @@ public:
     const HeaderTable* headerTable() const override { return &_headerTable; }
     void setOverlayMode(bool on) override;
     ColorBarFrame* overlayColorBarFrame() override;
-    void doFBPicking(bool on) override;
-    void pickTraceChange(const float* trace, int start, int n, int iTrace) override;
+    Report& report() override;
 
 public slots:
     /// Asks for a file, in the folder of the last one.

@@ -7,6 +7,7 @@
 #include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/windowactions.h"
+#include "frame/windowreport.h"
 #include "tracedata/parmmenu.h"
 
 #include <QAction>
@@ -16,6 +17,7 @@
 void MainWindow::makeImageStorage()
 {
     _imgstore = std::make_unique<ImageStorage>();
+    _imgstore->setReport(_report.get());
     QCheckBox* box = _actions->box("savImageBox");
     connect(_imgstore.get(), &ImageStorage::storedChanged, box, &QCheckBox::setChecked);
     // Not at once: an ensemble is being loaded.

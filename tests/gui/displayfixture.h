@@ -8,6 +8,7 @@
 #include "display/seismicdisplay.h"
 #include "frame/menudefaults.h"
 #include "host/flow/standardwords.h"
+#include "host/report.h"
 #include "tracedata/headertable.h"
 #include "tracedata/parmmenu.h"
 
@@ -27,11 +28,11 @@ public:
     const HeaderTable* headerTable() const override { return nullptr; }
     void setOverlayMode(bool on) override { isOverlay = on; }
     ColorBarFrame* overlayColorBarFrame() override { return &overlayBar; }
-    void doFBPicking(bool) override {}
-    void pickTraceChange(const float*, int, int, int) override {}
+    Report& report() override { return printed; }
 
     bool isOverlay = false;
     ColorBarFrame overlayBar;
+    PrintReport printed;
 
 private:
     bool _isZooming = false;

@@ -1,0 +1,51 @@
+#include "display/tracelayer.h"
+
+#include "display/seismicplot.h"
+#include "tracedata/seismicdata.h"
+
+TraceLayer::TraceLayer(QwtPlot* parent, PlotOwner* owner, const QString& title, const HeaderTable* table)
+    : _data(std::make_unique<SeismicData>()),
+      _plot(std::make_unique<SeismicPlot>(owner, _data.get(), title))
+{
+    _data->setHeaderTable(table);
+    _plot->attach(parent);
+}
+
+TraceLayer::~TraceLayer() = default;
+
+int TraceLayer::take(const TraceBatch& batch, const HeaderKeys& keys, int treviaVersion, std::string* error)
+{
+    if (!_copy.copy(batch.traces, batch.heads, batch.n, batch.firstSample, batch.nSamples, batch.nWords, error))
+        return 0;
+    _data->clear();
+    _data->setNumHeaderWords(batch.nWords);
+    _data->loadAllTraces(_copy.traces(), _copy.headers(), batch.nSamples, batch.n);
+    _data->setPriKey(keys.pri);
+    _data->setSecKey(keys.sec);
+    _data->setTreviaVersion(treviaVersion);
+    return 1;
+}
+
+bool TraceLayer::holds(const TraceBatch& batch) const
+{
+    return _copy.holds(batch.traces, batch.heads, batch.n, batch.firstSample, batch.nSamples, batch.nWords);
+}
+
+void TraceLayer::measure()
+{
+    _plot->invalidateImage();
+    _plot->computeNormalizer();
+}
+
+void TraceLayer::show(int firstSample, const QRect& canvas)
+{
+    _plot->setSeismicView(0, 0, _data->traceCount(), _data->sampleCount(), firstSample);
+    _plot->setDataLoaded(true);
+    _plot->setOutputBuffers(canvas);
+}
+
+void TraceLayer::clear()
+{
+    _plot->setDataLoaded(false);
+    _data->clear();
+}
