@@ -3,6 +3,18 @@
 #include <QMenu>
 #include <QMouseEvent>
 
+void ContextMenu::add(ContextEntries* entries, int order)
+{
+    _entries.add(entries, order);
+    emit usageChanged();
+}
+
+void ContextMenu::remove(ContextEntries* entries)
+{
+    _entries.remove(entries);
+    emit usageChanged();
+}
+
 bool ContextMenu::canvasEvent(QWidget* canvas, QEvent* event)
 {
     if (event->type() != QEvent::MouseButtonRelease) return false;

@@ -5,6 +5,8 @@
 #include "display/canvastool.h"
 #include "display/orderedlist.h"
 
+#include <QObject>
+
 class QMenu;
 class QPoint;
 
@@ -19,15 +21,21 @@ public:
 };
 
 /// Opens with the right button and Shift, if anybody has an entry there.
-class ContextMenu : public CanvasTool
+class ContextMenu : public QObject, public CanvasTool
 {
+    Q_OBJECT
+
 public:
     /// The lowest order stands highest. Lent until they are removed.
-    void add(ContextEntries* entries, int order) { _entries.add(entries, order); }
-    void remove(ContextEntries* entries) { _entries.remove(entries); }
+    void add(ContextEntries* entries, int order);
+    void remove(ContextEntries* entries);
     bool isInUse() const { return !_entries.isEmpty(); }
 
     bool canvasEvent(QWidget* canvas, QEvent* event) override;
+
+signals:
+    /// It may have come into use, or out of it.
+    void usageChanged();
 
 private:
     OrderedList<ContextEntries> _entries;

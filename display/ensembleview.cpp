@@ -5,7 +5,6 @@
 #include "display/seismicplot.h"
 #include "display/wordlookup.h"
 #include "tracedata/seismicdata.h"
-#include "tracedata/seismicheader.h"
 
 EnsembleView::EnsembleView(SeismicDisplay* display) : QObject(display), _display(display) {}
 
@@ -67,13 +66,10 @@ int EnsembleView::traceOfKey(float key) const
     return -1;
 }
 
-float EnsembleView::word(const char* name, int trace) const
+double EnsembleView::word(const char* name, int trace) const
 {
-    float value = 0.0f;
-    if (trace < 0 || trace >= traceCount()) return value;
-    const int index = wordIndex(data(), _display->isTrevia(), _display->headerTable(), name);
-    data().getTraceHeader(trace)->headerFloatValue(index, &value);
-    return value;
+    if (trace < 0 || trace >= traceCount()) return 0.0;
+    return wordOfTrace(data(), _display->isTrevia(), _display->headerTable(), name, trace);
 }
 
 ReadoutPosition EnsembleView::positionAt(const QPointF& at) const

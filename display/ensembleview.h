@@ -47,7 +47,7 @@ public:
     int traceOfKey(float key) const;
     /// Value of a header word of a trace by its name, as the host's lists have it: padded to eight characters; 0
     /// without such a word or trace.
-    float word(const char* name, int trace) const;
+    double word(const char* name, int trace) const;
     /// What stands at a position of the axes, traces and ms.
     ReadoutPosition positionAt(const QPointF& at) const;
 

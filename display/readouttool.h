@@ -3,7 +3,9 @@
 #define READOUTTOOL_H
 
 #include "display/canvastool.h"
+#include "display/readout.h"
 
+class QPoint;
 class SeismicDisplay;
 class StatusLines;
 
@@ -14,8 +16,12 @@ public:
     ReadoutTool(const SeismicDisplay* display, StatusLines* lines) : _display(display), _lines(lines) {}
     /// Without data the moves of the mouse are for nobody.
     bool canvasEvent(QWidget* canvas, QEvent* event) override;
+    /// The line for a position of the canvas; empty without data.
+    QString lineAt(const QPoint& pos) const;
 
 private:
+    QString valuesAt(const ReadoutPosition& at) const;
+
     const SeismicDisplay* _display;
     StatusLines* _lines;
 };

@@ -4,6 +4,7 @@
 #include "display/boxtool.h"
 #include "display/canvastools.h"
 #include "display/cliptip.h"
+#include "display/displaygrid.h"
 #include "display/displayhost.h"
 #include "display/ensembleview.h"
 #include "display/headerstrip.h"
@@ -11,19 +12,15 @@
 #include "display/picturefooter.h"
 #include "display/plotlook.h"
 #include "display/plotscrollbars.h"
-#include "display/rasternumber.h"
 #include "display/seismicplot.h"
 #include "display/velocityclicks.h"
 #include "display/wordlookup.h"
-#include "display/zoomtool.h"
 #include "host/report.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 #include "tracedata/seismicheader.h"
 
 #include <QResizeEvent>
-#include <qwt_plot_grid.h>
-#include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 
 #include <algorithm>
@@ -40,7 +37,7 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
                                DisplayHost* host)
     : MyQwtPlot(parent), _title(title), _host(host), _windowNumber(windowNumber), _lines(statusbar, controlStatus),
       _zoomLink(host), _view(new EnsembleView(this)), _axes(this), _layer(this, this, title, tableOf(host)),
-      _overlay(this, this, host)
+      _overlay(this, this, host), _grid(makeGrid(this))
 {
     _layer.plot()->setDataLent(true);  // the copy stays until the next ensemble
     // Qwt's own policy takes the room for every label as the least width: more traces, a wider window, more traces.
@@ -48,7 +45,6 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
     setObjectName("SeismicDisplay");
     setCanvasBackground(Qt::white);
     enableVerticalAxis(enableLeft, enableRight);
-    makeGrid();
     makeTools();
     makeBars();
     new ClipTip(canvas(), _layer.plot());
@@ -58,20 +54,6 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
 }
 
 SeismicDisplay::~SeismicDisplay() = default;
-
-/// Its z keeps it in view above the opaque picture.
-void SeismicDisplay::makeGrid()
-{
-    _grid = new QwtPlotGrid;
-    _grid->setAxes(xTop, yLeft);
-    _grid->setMajorPen(QPen(QColor(0, 120, 120), 0));
-    _grid->setMinorPen(QPen(QColor(0, 120, 120), 0, Qt::DotLine));
-    _grid->enableX(false);
-    _grid->enableXMin(false);
-    _grid->enableY(false);
-    _grid->enableYMin(false);
-    _grid->attach(this);
-}
 
 void SeismicDisplay::makeTools()
 {
@@ -89,6 +71,7 @@ void SeismicDisplay::makeTools()
     _tools->addAlways(&_readoutTool, CanvasTools::Readout);
     _tools->setBase(_zoom);
     connect(_tools, &CanvasTools::toolChanged, this, &SeismicDisplay::showTool);
+    connect(&_contextMenu, &ContextMenu::usageChanged, this, &SeismicDisplay::showTool);
     canvas()->installEventFilter(this);  // again: before what the tools are made of
 }
 
@@ -158,46 +141,13 @@ void SeismicDisplay::setMenu(parmmenu* menu)
     _isTrevia = menu->dotrevia;
     _layer.plot()->setTrevia(menu->dotrevia != 0);
     setNewData();
-    takeScaling();
+    takeMenu(*menu, _layer.plot());
+    _axes.setDirection(menu->idirection);
     takeDomain();
-    SeismicPlot* plot = _layer.plot();
-    plot->setGain(float(menu->igain));
-    takeSpacing();
-    plot->setClip(menu->clip);
-    plot->setBias(menu->bias);
-    plot->applyAGC(menu->iagc != 0, menu->agcwinlen);
     setOverlayMode(menu->ioverlay != 0);
     if (menu->ioverlay != 0) _overlay.setNext(false);
     takeKeys();
     _axes.setKeyMethod(menu->iskeymod, menu->iskeyinc);
-}
-
-/// The range of the record, or one that is usual for colours; false where the plot finds its own.
-static bool rangeOf(const parmmenu& menu, float* least, float* largest)
-{
-    const bool isColor = menu.idisplay == ColorB || menu.idisplay == ColorWiggle;
-    *least = menu.irange == 0 ? menu.minrange : -3.0f;
-    *largest = menu.irange == 0 ? menu.maxrange : 3.0f;
-    return menu.irange == 0 || isColor;
-}
-
-void SeismicDisplay::takeScaling()
-{
-    SeismicPlot* plot = _layer.plot();
-    plot->setNormalization(_menu->iscale == 1   ? Normalize::Trace
-                           : _menu->iscale == 2 ? Normalize::Dataset
-                                                : Normalize::None);
-    const auto setRange = [this, plot] {
-        float least = 0.0f, largest = 0.0f;
-        if (!rangeOf(*_menu, &least, &largest)) return;
-        plot->setRange(least, largest);
-        plot->setAutoGain(false);
-    };
-    setRange();
-    plot->setDisplayType(DisplayType(_menu->idisplay));
-    setRange();  // the display type has its own idea of the range; the user's stays in force
-    plot->setPlotDirection(PlotDirection(_menu->idirection));
-    _axes.setDirection(_menu->idirection);
 }
 
 void SeismicDisplay::takeDomain()
@@ -207,19 +157,6 @@ void SeismicDisplay::takeDomain()
         _axes.nameVertical("Time (msec)");  // until its first traces tell the keys
     else
         _axes.setTimeAxis();
-}
-
-void SeismicDisplay::takeSpacing()
-{
-    SeismicPlot* plot = _layer.plot();
-    if (_menu->tpi != 0.0f) {
-        plot->setAutoTraceSpacing(false);
-        plot->setTraceSpacing(_menu->tpi);
-    }
-    if (_menu->ips != 0.0f) {
-        plot->setAutoSampleSpacing(false);
-        plot->setSampleSpacing(samplesPerInch(_menu->ips, 2.0));  // until the first traces tell their rate
-    }
 }
 
 void SeismicDisplay::takeKeys()
@@ -273,10 +210,7 @@ void SeismicDisplay::takeLook(const SeismicDisplay& other)
     setPlotDirection(other._layer.plot()->plotDirection());
     _keys = other._keys;
     _polarity = other._polarity;
-    _grid->enableX(other._grid->xEnabled());
-    _grid->enableY(other._grid->yEnabled());
-    _grid->enableXMin(other._grid->xMinEnabled());
-    _grid->enableYMin(other._grid->yMinEnabled());
+    copyGridLines(*other._grid, _grid);
 }
 
 // ---- Ensembles
@@ -497,11 +431,6 @@ void SeismicDisplay::showTitle(const QString& before, float primary, const QStri
     _axes.showEnsemble(before, _headerAxis.pri(), primary, parm, _headerAxis.sec().name.trimmed());
 }
 
-void SeismicDisplay::setAxisTitle(const QString& text)
-{
-    _axes.setVerticalTitle(text);
-}
-
 void SeismicDisplay::enableVerticalAxis(bool left, bool right)
 {
     enableAxis(yLeft, left);
@@ -588,21 +517,11 @@ void SeismicDisplay::afterFirstLayout()
     setWholeAxes();
 }
 
-QRectF SeismicDisplay::visibleRect() const
-{
-    return _axes.visibleRect();
-}
-
 void SeismicDisplay::setVisibleRect(const QRectF& rect)
 {
     _axes.setVisibleRect(rect);
     limitPan();
     replot1();
-}
-
-void SeismicDisplay::setHeaderStrip(HeaderStrip* strip)
-{
-    _strip = strip;
 }
 
 // ---- Zooming, panning, scrolling
@@ -614,26 +533,6 @@ void SeismicDisplay::setZoomBase()
     _zoom->setBase(visibleRect(), QRectF(0.0, shiftTime(), _layer.data()->traceCount() + 1.0, wholeHeight()));
 }
 
-QRectF SeismicDisplay::zoomBase() const
-{
-    return _zoom->base();
-}
-
-QRectF SeismicDisplay::restRect() const
-{
-    return _zoom->restRect();
-}
-
-void SeismicDisplay::setTimeZoom(bool timeOnly, bool traceOnly)
-{
-    _zoom->setOnly(timeOnly, traceOnly);
-}
-
-void SeismicDisplay::setZoomRect(const QRectF& rect)
-{
-    _zoom->zoomTo(rect);
-}
-
 void SeismicDisplay::resetZoom(int /*index*/)
 {
     const bool wasSpreading = _zoomLink.isSpreading();
@@ -641,21 +540,6 @@ void SeismicDisplay::resetZoom(int /*index*/)
     _zoom->zoomBack();
     if (_host) _host->setZooming(wasSpreading);
     setTimeZoom(false, false);
-}
-
-bool SeismicDisplay::isZoomed() const
-{
-    return _zoom->isZoomed();
-}
-
-bool SeismicDisplay::isPanned() const
-{
-    return _zoom->isPanned();
-}
-
-void SeismicDisplay::panVertically(int dy)
-{
-    _zoom->panVertically(dy);
 }
 
 void SeismicDisplay::catchZoom(const QRectF& rect)
@@ -724,11 +608,6 @@ void SeismicDisplay::reserveHorizontalBar(bool on)
     _scrollBars->reserveHorizontal(on);
 }
 
-int SeismicDisplay::roomBelowCanvas() const
-{
-    return _axes.roomBelowCanvas();
-}
-
 void SeismicDisplay::reserveBelow(int nPixels)
 {
     _scrollBars->reserveBelow(nPixels);
@@ -744,11 +623,6 @@ void SeismicDisplay::setTool(CanvasTool* tool)
 const CanvasTool* SeismicDisplay::tool() const
 {
     return _tools->tool();
-}
-
-const CanvasTool* SeismicDisplay::zoomTool() const
-{
-    return _zoom;
 }
 
 void SeismicDisplay::setPicker(Picker picker, bool on)
@@ -788,11 +662,6 @@ void SeismicDisplay::setControlLabel(const QString& text)
     _lines.showControl(controlLine(_zoom->isPlain(), text, _contextMenu.isInUse()));
 }
 
-void SeismicDisplay::addMessage(const QString& text)
-{
-    _lines.add(text);
-}
-
 void SeismicDisplay::setVelocityOverlay(VelocityOverlay* overlay)
 {
     _velocityClicks->setOverlay(overlay);
@@ -804,37 +673,14 @@ ReadoutFrame SeismicDisplay::readoutFrame() const
     return _axes.readoutFrame(data->traceCount(), data->sampleCount(), _layer.plot()->plotDirection() == RightToLeft);
 }
 
-/// The samples of both layers that are drawn at a position.
-QString SeismicDisplay::valuesAt(const ReadoutPosition& at) const
-{
-    if (!at.isInside) return QString();
-    QString text = amplitudeText("Amp", *_layer.data()->getTraceValues(at.trace, at.sample));
-    const SeismicData* overlay = _menu->ioverlay != 0 ? _overlay.data() : nullptr;
-    if (overlay && at.trace < overlay->traceCount() && at.sample < overlay->sampleCount())
-        text += amplitudeText("Overlay Amp", *overlay->getTraceValues(at.trace, at.sample));
-    return text;
-}
-
 QString SeismicDisplay::readoutAt(const QPoint& pos) const
 {
-    if (!hasData()) return QString();
-    const QPointF at(canvasMap(xTop).invTransform(pos.x()), canvasMap(yLeft).invTransform(pos.y()));
-    const bool isPicture = _images.number() >= 0;  // the amplitudes of a stored picture have gone
-    ReadoutFrame frame = readoutFrame();
-    if (isPicture) {
-        frame.nTraces = _images.traceCount();
-        frame.nSamples = wholeOf(_images.extent().height() / sampleRate() + 0.5);
-    } else if (frame.nTraces < 1 || frame.nSamples < 1) {
-        return QString();
-    }
-    const ReadoutPosition under = readoutPosition(frame, at.x(), at.y());
-    QString line = isPicture ? readoutText(under, _images.primary(), _images.secondary(), _axes.verticalName())
-                             : readoutText(under, _headerAxis.pri(), _headerAxis.sec(), _axes.verticalName());
-    if (!isPicture) line += valuesAt(under);
-    const VelocityOverlay* velocities = _velocityClicks->overlay();
-    if (velocities && _pickers.is(Picker::Velocity, tool()))
-        line += velocityText(velocities->readout(at, under.trace, under.sample));
-    return line;
+    return _readoutTool.lineAt(pos);
+}
+
+VelocityOverlay* SeismicDisplay::activeVelocities() const
+{
+    return _pickers.is(Picker::Velocity, tool()) ? _velocityClicks->overlay() : nullptr;
 }
 
 bool SeismicDisplay::eventFilter(QObject* object, QEvent* event)
@@ -861,8 +707,7 @@ void SeismicDisplay::setShowImageList(bool on, const QVector<int>& list)
 
 void SeismicDisplay::tieImage(int number)
 {
-    if (_pickers.is(Picker::Velocity, tool()) && _velocityClicks->overlay())
-        _velocityClicks->overlay()->performTie(number);
+    if (VelocityOverlay* velocities = activeVelocities()) velocities->performTie(number);
 }
 
 // ---- Painting anew

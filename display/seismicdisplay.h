@@ -16,6 +16,7 @@
 #include "display/statuslines.h"
 #include "display/tracelayer.h"
 #include "display/zoomlink.h"
+#include "display/zoomtool.h"
 #include "tracedata/orvinconstants.h"
 
 #include <QString>
@@ -37,7 +38,6 @@ class SeismicData;
 class SeismicPlot;
 class VelocityClicks;
 class VelocityOverlay;
-class ZoomTool;
 struct HeaderTable;
 struct parmmenu;
 
@@ -113,7 +113,7 @@ public:
     /// Reads names and values of the keys from the headers. Returns 0, or 1 when memory ran out.
     int buildHeaderAxis();
     void setDisplayTitle();
-    void setAxisTitle(const QString& text);
+    void setAxisTitle(const QString& text) { _axes.setVerticalTitle(text); }
     void enableVerticalAxis(bool left, bool right);
     /// Shows or hides the numbers of all axes.
     void setVAxisValues(bool on);
@@ -130,29 +130,29 @@ public:
 
     /// The plain buttons zoom and pan, or, with false, do so with Ctrl.
     void setZoom(bool on);
-    void setTimeZoom(bool timeOnly, bool traceOnly);
+    void setTimeZoom(bool timeOnly, bool traceOnly) { _zoom->setOnly(timeOnly, traceOnly); }
     /// Zooms to a rectangle in scale units: traces and ms.
-    void setZoomRect(const QRectF& rect);
+    void setZoomRect(const QRectF& rect) { _zoom->zoomTo(rect); }
     /// Back to what is shown without a zoom, this display only.
     void resetZoom(int index);
     /// The whole data become the base; what the axes show is where going back ends.
     void setZoomBase();
-    QRectF zoomBase() const;
+    QRectF zoomBase() const { return _zoom->base(); }
     /// What is shown without a zoom: the base, or the part of it that a fixed spacing shows.
-    QRectF restRect() const;
+    QRectF restRect() const { return _zoom->restRect(); }
     /// What the axes show, traces and ms.
-    QRectF visibleRect() const;
+    QRectF visibleRect() const { return _axes.visibleRect(); }
     /// Sets the axes; the zoom's stack stays, nothing is replotted.
     void setVisibleRect(const QRectF& rect);
-    bool isZoomed() const;
-    bool isPanned() const;
+    bool isZoomed() const { return _zoom->isZoomed(); }
+    bool isPanned() const { return _zoom->isPanned(); }
     /// Moves the picture down by pixels.
-    void panVertically(int dy);
+    void panVertically(int dy) { _zoom->panVertically(dy); }
     bool hasHorizontalBar() const;
     /// Leaves room for the bar of a display beside this one, so that their times stand in line.
     void reserveHorizontalBar(bool on);
     /// Pixels that the labels of the vertical axes take below the canvas.
-    int roomBelowCanvas() const;
+    int roomBelowCanvas() const { return _axes.roomBelowCanvas(); }
     /// Leaves so many more pixels free below the canvas, so that times are in line with a sister's.
     void reserveBelow(int nPixels);
 
@@ -164,12 +164,12 @@ public:
     void setTool(CanvasTool* tool);
     /// The active tool; that of zooming where no other is.
     const CanvasTool* tool() const;
-    const CanvasTool* zoomTool() const;
+    const CanvasTool* zoomTool() const { return _zoom; }
     /// The mouse modes of the pickers, where tools of higher floors put themselves.
     PickerTools& pickers() { return _pickers; }
     ContextMenu& contextMenu() { return _contextMenu; }
     /// Lent; null for none.
-    void setHeaderStrip(HeaderStrip* strip);
+    void setHeaderStrip(HeaderStrip* strip) { _strip = strip; }
     void setVelocityOverlay(VelocityOverlay* overlay);
     /// Turns a picker's mode on or off; off is zooming, unless another tool has the mouse.
     void setPicker(Picker picker, bool on);
@@ -187,7 +187,7 @@ public:
     void tieImage(int number);
     void setControlLabel(const QString& text);
     /// Adds to the status line until the next read-out.
-    void addMessage(const QString& text);
+    void addMessage(const QString& text) { _lines.add(text); }
 
     // The pictures; ImageRecorder tells what each does.
     void checkSavedImage() { _images.checkSavedImage(); }
@@ -242,8 +242,11 @@ public:
     int windowNumber() const { return _windowNumber; }
     /// The line under the mouse at a position of the canvas; empty without data.
     QString readoutAt(const QPoint& pos) const;
-    /// What that line must know of the picture.
+    /// What that line must know of the data.
     ReadoutFrame readoutFrame() const;
+    const QString& verticalName() const { return _axes.verticalName(); }
+    /// The velocity marks while they are picked, else null.
+    VelocityOverlay* activeVelocities() const;
 
     int timeDirection() const override { return _axes.timeDirection(); }
     bool isSlice() const override { return _axes.isSlice(); }
@@ -300,12 +303,9 @@ private:
         bool isLoaded = false;
     };
 
-    void makeGrid();
     void makeTools();
     void makeBars();
     void takeKeys();
-    void takeScaling();
-    void takeSpacing();
     void takeDomain();
     void setTimeWindow();
     void setSliceAxis();
@@ -320,7 +320,6 @@ private:
     void afterFirstLayout();
     QRect canvasRectangle() const;
     void showPictureLine();
-    QString valuesAt(const ReadoutPosition& at) const;
 
     QString _title;
     DisplayHost* _host;  // lent, may be null

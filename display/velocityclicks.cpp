@@ -67,9 +67,9 @@ VelocityClick VelocityClicks::clickAt(const QPointF& at) const
     click.at = at;
     click.trace = under.trace;
     click.sample = under.sample;
-    click.cdp = view.word("CDP     ", under.trace);
-    click.x = view.word("CDP_X   ", under.trace);
-    click.y = view.word("CDP_Y   ", under.trace);
+    click.cdp = float(view.word("CDP     ", under.trace));
+    click.x = float(view.word("CDP_X   ", under.trace));
+    click.y = float(view.word("CDP_Y   ", under.trace));
     click.velocity = _display->headerAxis().panelVelocity();
     return click;
 }

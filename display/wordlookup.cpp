@@ -1,5 +1,6 @@
 #include "display/wordlookup.h"
 
+#include "host/flow/standardwords.h"
 #include "sources/segyheader.h"
 #include "tracedata/headertable.h"
 #include "tracedata/seismicdata.h"
@@ -15,6 +16,31 @@ int wordIndex(const SeismicData& data, bool isTrevia, const HeaderTable* table, 
     SegyHeader header(first->headers(), data.numHeaderWords(), table);
     header.setTreviaVersion(1);
     return header.OrvinHeaderIndex(QString(name));
+}
+
+/// How a word is kept, a HeaderFormat; -1 for one that isn't there.
+static int wordFormat(const SeismicData& data, bool isTrevia, const HeaderTable* table, const char* name)
+{
+    SeismicHeader* first = data.getTraceHeader(0);
+    if (isTrevia) return first->headerExists(name) ? first->headerFormat(name) : -1;
+    SegyHeader header(first->headers(), data.numHeaderWords(), table);
+    header.setTreviaVersion(1);
+    return header.OrvinHeaderExists(QString(name)) ? header.OrvinHeaderFormat(QString(name)) : -1;
+}
+
+double wordOfTrace(const SeismicData& data, bool isTrevia, const HeaderTable* table, const char* name, int trace)
+{
+    const int index = wordIndex(data, isTrevia, table, name), format = wordFormat(data, isTrevia, table, name);
+    const SeismicHeader* header = data.getTraceHeader(trace);
+    int whole = 0;
+    float single = 0.0f;
+    double value = 0.0;
+    switch (format) {
+    case -1: return 0.0;
+    case Float4Format: header->headerFloatValue(index, &single); return single;
+    case Double8Format: header->headerDoubleValue(index, &value); return value;
+    default: header->headerValue(index, &whole); return whole;
+    }
 }
 
 /// Mean absolute amplitude of a trace; negative where too few samples count.
