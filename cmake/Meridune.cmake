@@ -8,6 +8,9 @@ if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE RelWithDebInfo)
 endif()
 set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1")
+if(MERIDUNE_SANITIZE)
+    set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O1 -g1")  # half the time to compile, and the same finds
+endif()
 
 # Contraction would give the two processor variants of a kernel different bits.
 add_compile_options(-Wall -Wextra -Wno-psabi -ffp-contract=off)
@@ -69,9 +72,19 @@ function(meridune_library name)
     file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
 endfunction()
 
+# meridune_precompiled(NAME HEADER DEPENDS...): a header compiled once, for all that name it by REUSE_FROM.
+function(meridune_precompiled name header)
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/${name}.cpp CONTENT "")
+    add_library(${name} OBJECT ${CMAKE_BINARY_DIR}/${name}.cpp)
+    target_link_libraries(${name} PRIVATE ${ARGN} OpenMP::OpenMP_CXX)
+    target_precompile_headers(${name} PRIVATE ${header})
+endfunction()
+
+meridune_precompiled(qtprecompiled ${CMAKE_SOURCE_DIR}/cmake/qtprecompiled.h Qwt::Qwt)
+
 # meridune_widget_library(NAME DEPENDS...): the same with Qt's widgets, moc and the precompiled headers.
 function(meridune_widget_library name)
     meridune_library(${name} ${ARGN} Qwt::Qwt)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
-    target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/qtprecompiled.h)
+    target_precompile_headers(${name} REUSE_FROM qtprecompiled)
 endfunction()
