@@ -7,10 +7,12 @@
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "frame/menudefaults.h"
+#include "frame/sourcemenu.h"
 #include "host/flow/standardwords.h"
 #include "host/report.h"
 #include "host/signal/bytes.h"
 #include "sources/segyloader.h"
+#include "sources/segywords.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 
@@ -75,14 +77,14 @@ struct Shown {
         const QString name = folder + QString("/%1.sgy").arg(nTraces);
         writeFile(name, nTraces, nSamples);
         setDisplayDefaults(menu.get());
-        loader = std::make_unique<SegyLoader>(1, name, 0, 1, 0, 0, 0, littleEndian() ? 1 : 0, 0, 0, 0, 0, 0.0f, 0, 1,
-                                              true, &silent);
-        if (!loader->openFiles()) std::abort();
-        loader->setMenu(menu.get());
-        loader->initBuild();
+        loader = SegyLoader::open({.files = name, .isort = 1, .indexbuilt = 1}, &silent);
+        if (!loader) std::abort();
+        setSourceDefaults(menu.get(), *loader);
+        copySource(menu.get(), *loader);
         loader->loadNextEnsemble(1);
         display = std::make_unique<SeismicDisplay>(nullptr, "Bench", &status, nullptr, true, true, 0, nullptr);
         display->setColorBar(&bar);
+        display->seismicData()->setHeaderWords(&segyWords());
         display->setMenu(menu.get());
         display->resize(1900, 1000);
         display->show();

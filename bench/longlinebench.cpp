@@ -6,8 +6,10 @@
 #include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/menudefaults.h"
+#include "frame/sourcemenu.h"
 #include "host/report.h"
 #include "sources/segyloader.h"
+#include "sources/segywords.h"
 #include "tracedata/parmmenu.h"
 
 #include <QApplication>
@@ -28,10 +30,9 @@ struct Silent : Report {
 /// The line as one ensemble, read and converted.
 static std::unique_ptr<SegyLoader> read(const SegyBenchFile& file, parmmenu* menu, Report* report)
 {
-    auto loader = std::make_unique<SegyLoader>(1, QString::fromStdString(file.path), 0, 1, 0, 0, 0, 1, 0, 0, 0, nTraces,
-                                               0.0f, 0, 0, true, report);
-    if (!loader->openFiles()) std::abort();
-    loader->setMenu(menu);
+    auto loader = SegyLoader::open({.files = QString::fromStdString(file.path), .isort = 1, .maxtr = nTraces}, report);
+    if (!loader) std::abort();
+    setSourceDefaults(menu, *loader);
     loader->loadNextEnsemble(1);
     if (loader->numTraces() != nTraces) std::abort();
     return loader;
@@ -44,6 +45,7 @@ struct Line {
         loader = read(file, menu.get(), &silent);
         display = std::make_unique<SeismicDisplay>(nullptr, "Bench", &status, nullptr, true, true, 0, nullptr);
         display->setColorBar(&bar);
+        display->seismicData()->setHeaderWords(&segyWords());
         display->setMenu(menu.get());
         display->resize(1900, 1000);
         display->show();

@@ -6,6 +6,7 @@
 #include "display/seismicdisplay.h"
 #include "frame/menudefaults.h"
 #include "host/flow/standardwords.h"
+#include "sources/segywords.h"
 #include "tracedata/parmmenu.h"
 
 #include <QApplication>
@@ -37,6 +38,7 @@ struct Movie {
         menu->ipkey = menu->ipkeyreal = standardWordIndex("FFID    ") + 1;
         menu->iskey = menu->iskeyreal = standardWordIndex("CHAN    ") + 1;
         display.setColorBar(&bar);
+        display.seismicData()->setHeaderWords(&segyWords());
         display.setMenu(menu.get());
         display.setImageStorage(&store);
         display.setWindowFlag(Qt::X11BypassWindowManagerHint);

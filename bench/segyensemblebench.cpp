@@ -36,9 +36,9 @@ int main()
     const SegyBenchFile file(nTraces * nEnsembles, nSamples, 1);
     if (!file.isGood) return 1;
     Silent report;
-    SegyLoader loader(1, QString::fromStdString(file.path), 0, 1, 0, 0, 0, 1, 0, 0, 0, 0, 0.0f, 0, 1, true, &report);
-    if (!loader.openFiles()) return 1;
-    loader.initBuild();
+    const auto opened = SegyLoader::open({.files = QString::fromStdString(file.path), .isort = 1, .indexbuilt = 1}, &report);
+    if (!opened) return 1;
+    SegyLoader& loader = *opened;
     segy_file* other = segy_open(file.path.c_str(), "rb");
     std::vector<float> samples(size_t(nTraces) * nSamples);
     loader.seekEnsemble(7);

@@ -57,7 +57,7 @@ static bool warmBuild()
     const double before = statusBytes("VmRSS");
     std::ofstream("/proc/self/clear_refs") << "5";
     SegyMap map = buildMap(file);
-    sortSegyMap(map.items(), map.count(), 8, 0);
+    sortSegyMap(map.items(), map.count(), MapSlot(8), MapSlot(0));
     const double peak = statusBytes("VmHWM") - before, after = statusBytes("VmRSS") - before;
     std::printf("FIGURE map memory, bytes a trace: after %.1f (allowed 96) %s, while building and sorting %.1f (allowed 144) %s\n",
                 after / nTraces, judge(after / nTraces, 96.0), peak / nTraces, judge(peak / nTraces, 144.0));
@@ -103,10 +103,10 @@ static bool sort()
         for (float& key : items[size_t(i)].item) key = float(random() % 100000);
         items[size_t(i)].item[8] = float(random() % 1000);
     }
-    const auto ours = [&] { sortSegyMap(mine.data(), n, 8, 0); };
+    const auto ours = [&] { sortSegyMap(mine.data(), n, MapSlot(8), MapSlot(0)); };
     const auto limit = [&] {
         std::stable_sort(theirs.begin(), theirs.end(),
-                         [](const segyMapItem& a, const segyMapItem& b) { return segyMapCompare(a, b, 8, 0) < 0; });
+                         [](const segyMapItem& a, const segyMapItem& b) { return segyMapCompare(a, b, MapSlot(8), MapSlot(0)) < 0; });
     };
     std::vector<double> ratios, oursSec, limitSec;
     for (int i = 0; i < 7; ++i) {

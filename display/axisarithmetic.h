@@ -28,10 +28,10 @@ struct AxisScale {
 
 /// What the vertical axis stands for.
 struct VerticalFrame {
-    bool isSlice = false;    ///< positions, one a sample, not times
-    int timeDirection = 1;   ///< of a slice: 0 counts the other way
+    bool isSlice = false;   ///< positions, one a sample, not times
+    int timeDirection = 1;  ///< of a slice: 0 counts the other way
     SampleWindow window;
-    float rate = 1.0f;       ///< ms a sample
+    float rate = 1.0f;  ///< ms a sample
 };
 
 /// Extent in scale units of so many samples.

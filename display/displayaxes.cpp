@@ -74,7 +74,7 @@ void DisplayAxes::setSliceAxis(const QString& name, int position, float sliceTim
 
 ReadoutFrame DisplayAxes::readoutFrame(int nTraces, int nSamples, bool rightToLeft) const
 {
-    return {nTraces,   nSamples, double(_rate), rightToLeft, isSlice(), _timeDirection != 0, double(_sliceStart),
+    return {nTraces,      nSamples, double(_rate), rightToLeft, isSlice(), _timeDirection != 0, double(_sliceStart),
             _window.first};
 }
 

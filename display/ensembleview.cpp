@@ -69,7 +69,7 @@ int EnsembleView::traceOfKey(float key) const
 double EnsembleView::word(const char* name, int trace) const
 {
     if (trace < 0 || trace >= traceCount()) return 0.0;
-    return wordOfTrace(data(), _display->isTrevia(), _display->headerTable(), name, trace);
+    return wordOfTrace(data(), name, trace);
 }
 
 ReadoutPosition EnsembleView::positionAt(const QPointF& at) const

@@ -45,7 +45,7 @@ public:
     float keyOfTrace(int trace) const;
     /// The first trace with this secondary key; -1 if there is none.
     int traceOfKey(float key) const;
-    /// Value of a header word of a trace by its name, as the host's lists have it: padded to eight characters; 0
+    /// Value of a header word of a trace by its name, padded to eight characters; 0
     /// without such a word or trace.
     double word(const char* name, int trace) const;
     /// What stands at a position of the axes, traces and ms.

@@ -1,16 +1,13 @@
 #include "display/headeraxis.h"
 
 #include "host/flow/standardwords.h"
-#include "sources/segyheader.h"
-#include "tracedata/headertable.h"
 #include "tracedata/seismicdata.h"
 #include "tracedata/seismicheader.h"
 
 #include <iterator>
 #include <new>
 
-/// Type letter of a word in the host's lists.
-static char hostType(int format)
+static char typeLetter(int format)
 {
     switch (format) {
     case Float4Format: return 'F';
@@ -20,45 +17,28 @@ static char hostType(int format)
     }
 }
 
-/// Type letter of a word of the SEG-Y mapping.
-static char segyType(int format)
+static void nameColumn(KeyColumn* column, const HeaderWords& words, WordFrom0 key)
 {
-    switch (format) {
-    case Integer2Format: return 'S';
-    case Integer4Format: return 'I';
-    case Float4Format: return 'F';
-    default: return 'D';
-    }
+    const QString name = words.name(key);
+    const bool isWord = !name.isEmpty() && words.exists(name);
+    column->name = isWord ? name : QString("None");
+    column->type = isWord ? typeLetter(words.format(name)) : 'I';
 }
 
-static void setColumn(KeyColumn* column, const QString& name, char type)
-{
-    column->name = name.isEmpty() ? QString("None") : name;
-    column->type = name.isEmpty() ? 'I' : type;
-}
-
-static void nameFromHost(KeyColumn* column, SeismicHeader* header, int key)
-{
-    QString name;
-    header->headerIndexNameS(key, name);
-    if (!header->headerExists(name)) name.clear();
-    setColumn(column, name, hostType(header->headerFormat(name)));
-}
-
-float keyOfTrace(const SeismicData& data, int key, char type, int i)
+float keyOfTrace(const SeismicData& data, WordFrom0 key, char type, int i)
 {
     const SeismicHeader* header = data.getTraceHeader(i);
     float value = 0.0f;
     if (type != 'I') {
-        header->headerFloatValue(key, &value);
+        header->headerFloatValue(key.value, &value);
         return value;
     }
     int whole = 0;
-    header->headerValue(key, &whole);
+    header->headerValue(key.value, &whole);
     return float(whole);
 }
 
-static void readColumn(KeyColumn* column, const SeismicData& data, int key, bool rightToLeft)
+static void readColumn(KeyColumn* column, const SeismicData& data, WordFrom0 key, bool rightToLeft)
 {
     const int n = data.traceCount();
     for (int i = 0; i < n; ++i)
@@ -111,24 +91,15 @@ int HeaderAxis::makeRoom(size_t n, std::string* error)
     return 1;
 }
 
-int HeaderAxis::build(const SeismicData& data, const HeaderKeys& keys, bool isTrevia, bool rightToLeft,
-                      bool isDifference, const HeaderTable* table, std::string* error)
+int HeaderAxis::build(const SeismicData& data, const HeaderKeys& keys, bool rightToLeft, bool isDifference,
+                      std::string* error)
 {
     if (!makeRoom(size_t(data.traceCount()) + 2, error)) return 0;
-    SeismicHeader* first = data.getTraceHeader(0);
-    if (isTrevia) {
-        nameFromHost(&_priReal, first, keys.priReal);
-        nameFromHost(&_pri, first, keys.pri);
-        nameFromHost(&_secReal, first, keys.secReal);
-        nameFromHost(&_sec, first, keys.sec);
-    } else {
-        SegyHeader header(first->headers(), data.numHeaderWords(), table);
-        header.setTreviaVersion(1);
-        for (KeyColumn* column : {&_pri, &_priReal})
-            setColumn(column, header.OrvinHeaderIndexName(keys.pri), segyType(header.OrvinHeaderFormat(keys.pri)));
-        for (KeyColumn* column : {&_sec, &_secReal})
-            setColumn(column, header.OrvinHeaderIndexName(keys.sec), segyType(header.OrvinHeaderFormat(keys.sec)));
-    }
+    const HeaderWords& words = data.getTraceHeader(0)->headerWords();
+    nameColumn(&_priReal, words, keys.realHaveNames ? keys.priReal : keys.pri);
+    nameColumn(&_pri, words, keys.pri);
+    nameColumn(&_secReal, words, keys.realHaveNames ? keys.secReal : keys.sec);
+    nameColumn(&_sec, words, keys.sec);
     readColumn(&_priReal, data, keys.priReal, rightToLeft);
     readColumn(&_pri, data, keys.pri, rightToLeft);
     readColumn(&_sec, data, keys.sec, rightToLeft);

@@ -2,21 +2,14 @@
 #ifndef HEADERAXIS_H
 #define HEADERAXIS_H
 
+#include "tracedata/menukeys.h"
+
 #include <QString>
 
 #include <string>
 #include <vector>
 
 class SeismicData;
-struct HeaderTable;
-
-/// Header words to show, counted from 0.
-struct HeaderKeys {
-    int pri = -1;      ///< primary annotation key
-    int priReal = -1;  ///< primary key of the data
-    int sec = -1;      ///< secondary annotation key
-    int secReal = -1;  ///< secondary key of the data
-};
 
 /// Name, type and the values of one of these words.
 struct KeyColumn {
@@ -26,24 +19,21 @@ struct KeyColumn {
     std::vector<float> values;
 };
 
-/// Value of a word, counted from 0, in the header of trace i, from 0; `type` is that of its column.
-float keyOfTrace(const SeismicData& data, int key, char type, int i);
+/// Value of a word in the header of trace i, from 0; `type` is that of its column.
+float keyOfTrace(const SeismicData& data, WordFrom0 key, char type, int i);
 
 /// Key names, formats and the per-trace values, read anew from each ensemble.
 class HeaderAxis
 {
 public:
-    /// Reads the columns of an ensemble.
+    /// Reads the columns of an ensemble, which the list of its headers names.
     ///
     /// @param data         the ensemble, at least one trace; lent for the call
     /// @param keys         words to read
-    /// @param isTrevia     names come from the host's header lists, else from the SEG-Y mapping
     /// @param rightToLeft  the last trace stands first
     /// @param isDifference the text of the parameter test is "Difference"
-    /// @param table        the window's saved header table, or null
     /// Returns 1; 0 with *error and all as it was when memory ran out.
-    int build(const SeismicData& data, const HeaderKeys& keys, bool isTrevia, bool rightToLeft, bool isDifference,
-              const HeaderTable* table, std::string* error);
+    int build(const SeismicData& data, const HeaderKeys& keys, bool rightToLeft, bool isDifference, std::string* error);
 
     const KeyColumn& pri() const { return _pri; }
     const KeyColumn& priReal() const { return _priReal; }

@@ -29,7 +29,7 @@ std::vector<int> labelsToDraw(const std::vector<AxisLabel>& labels, double gap)
     for (const AxisLabel& label : labels) largest = std::max(largest, std::llabs(label.number));
     for (long long power = 1; power <= largest; power *= 10)
         for (const int factor : {1, 2, 5}) {
-            const std::vector<int> drawn = everyOf(labels, factor * power, gap);
+            std::vector<int> drawn = everyOf(labels, factor * power, gap);
             if (drawn.size() >= 2) return drawn;
         }
     if (last > 0 && keepGap(labels[0], labels[last], gap)) return {0, last};

@@ -10,8 +10,7 @@ int OverlayLayer::load(const TraceBatch& batch, const HeaderKeys& keys, int trev
                        const QRect& canvas, std::string* error)
 {
     std::unique_ptr<TraceLayer> made;
-    if (!_layer)
-        made = std::make_unique<TraceLayer>(_plot, _owner, "overlayplot", _host ? _host->headerTable() : nullptr);
+    if (!_layer) made = std::make_unique<TraceLayer>(_plot, _owner, "overlayplot");
     if (!(made ? made : _layer)->take(batch, keys, treviaVersion, error)) return 0;
     const bool isNew = made != nullptr;
     if (isNew) _layer = std::move(made);

@@ -44,12 +44,10 @@ public:
     void ensembleShown() const;
 
 private:
-    std::array<PickerTool, 6> _tools{PickerTool("   MB1 down/drag: show spectrum"),
-                                     PickerTool("   MB1 down/drag: show trace headers"),
-                                     PickerTool("   Velocity picking is on"),
-                                     PickerTool("   Trevia picking is on"),
-                                     PickerTool("   First break picking is on"),
-                                     PickerTool("")};
+    std::array<PickerTool, 6> _tools{
+        PickerTool("   MB1 down/drag: show spectrum"), PickerTool("   MB1 down/drag: show trace headers"),
+        PickerTool("   Velocity picking is on"),       PickerTool("   Trevia picking is on"),
+        PickerTool("   First break picking is on"),    PickerTool("")};
 };
 
 #endif

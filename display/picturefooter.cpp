@@ -28,7 +28,8 @@ PictureLine pictureLineOf(const HeaderAxis& axis, const QRectF& view, int n, con
 void showFooter(QwtPlot* plot, const PictureLine* line)
 {
     const QFontMetrics metrics(plot->footerLabel()->font());
-    QwtText text(line ? pictureLineHtml(*line, metrics, plot->canvas()->width()) : QString("&nbsp;"), QwtText::RichText);
+    QwtText text(line ? pictureLineHtml(*line, metrics, plot->canvas()->width()) : QString("&nbsp;"),
+                 QwtText::RichText);
     text.setRenderFlags(Qt::AlignLeft | Qt::AlignVCenter);
     plot->setFooter(text);
     plot->footerLabel()->setToolTip(line ? pictureLineText(*line, metrics, QWIDGETSIZE_MAX) : QString());

@@ -19,7 +19,7 @@ bool operator==(const Polarity& a, const Polarity& b)
 
 QString polarityText(const Polarity& polarity)
 {
-    const QString sense = senseNames[polarity.sense];
+    QString sense = senseNames[polarity.sense];
     if (polarity.sense == Polarity::Unknown) return sense;
     const QString convention = tidied(polarity.convention);
     return sense + (convention.isEmpty() ? QString(" (convention not told)") : " (" + convention + ")");

@@ -3,9 +3,9 @@
 #include "display/rasternumber.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
-#include "sources/segyheader.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
+#include "tracedata/seismicheader.h"
 #include "widgets/namedcontrol.h"
 #include "widgets/numberedit.h"
 #include "widgets/waitcursor.h"
@@ -241,9 +241,9 @@ void ScaleMenu::update()
 }
 
 /// Shows the row of a header word.
-void ScaleMenu::showLabel(QComboBox* box, int index)
+void ScaleMenu::showLabel(QComboBox* box, WordFrom0 word)
 {
-    box->setCurrentIndex(_hindex.indexOf(index) + 1);  // a word that isn't listed shows as "None"
+    box->setCurrentIndex(_hindex.indexOf(word) + 1);  // a word that isn't listed shows as "None"
 }
 
 void ScaleMenu::buildHeaderList()
@@ -253,32 +253,23 @@ void ScaleMenu::buildHeaderList()
     _hindex.clear();
     const SeismicDisplay* display = _selection.display();
     const SeismicData* data = display->seismicData();
-    SeismicHeader* first = data->getTraceHeader(0);
-    SegyHeader segy(first->headers(), data->numHeaderWords(), display->headerTable());
-    segy.setTreviaVersion(1);
+    const HeaderWords& words = data->getTraceHeader(0)->headerWords();
     for (int i = 0; i < data->numHeaderWords(); ++i) {
-        QString name, description;
-        if (display->isTrevia()) {
-            first->headerIndexNameS(i, name);
-            first->headerDescS(name, description);
-        } else {
-            name = segy.OrvinHeaderIndexName(i);
-            description = segy.OrvinHeaderDesc(i);
-        }
+        const QString name = words.name(WordFrom0(i));
         if (name.trimmed().isEmpty() || name == "None") continue;
         const QString cut = name.left(8).leftJustified(8);
         if (_hlist.contains(cut)) continue;  // the second word of a long value
         _hlist.append(cut);
-        _hvlist.append(cut + " " + description.trimmed());
-        _hindex.append(i);
+        _hvlist.append(cut + " " + words.description(name).trimmed());
+        _hindex.append(WordFrom0(i));
     }
 }
 
-/// The header word of a row, counted from 0; -1 for "None".
-int ScaleMenu::headerOf(const QString& text) const
+/// The header word of a row; none for "None".
+WordFrom0 ScaleMenu::headerOf(const QString& text) const
 {
     const int row = text == "None" ? -1 : _hlist.indexOf(text.left(8));
-    return row < 0 ? -1 : _hindex[row];
+    return row < 0 ? WordFrom0() : _hindex[row];
 }
 
 void ScaleMenu::applyToGrids(const std::function<void(QwtPlotGrid*)>& change)
@@ -358,12 +349,12 @@ void ScaleMenu::applyToLabels(const std::function<void(SeismicDisplay*)>& change
 
 void ScaleMenu::changePriLabel(const QString& text)
 {
-    applyToLabels([index = headerOf(text)](SeismicDisplay* display) { display->setPriKey(index); });
+    applyToLabels([word = headerOf(text)](SeismicDisplay* display) { display->setPriKey(word); });
 }
 
 void ScaleMenu::changeSecLabel(const QString& text)
 {
-    applyToLabels([index = headerOf(text)](SeismicDisplay* display) { display->setSecKey(index); });
+    applyToLabels([word = headerOf(text)](SeismicDisplay* display) { display->setSecKey(word); });
 }
 
 /// Changes a conditioner of each plot, runs the chain, and repaints.

@@ -3,6 +3,7 @@
 #define SCALEMENU_H
 
 #include "display/displayselection.h"
+#include "tracedata/wordnumber.h"
 
 #include <QStringList>
 #include <QWidget>
@@ -74,8 +75,8 @@ private:
     void connectControls();
     void showDisplay();
     void buildHeaderList();
-    void showLabel(QComboBox* box, int index);
-    int headerOf(const QString& text) const;
+    void showLabel(QComboBox* box, WordFrom0 word);
+    WordFrom0 headerOf(const QString& text) const;
     void applyToGrids(const std::function<void(QwtPlotGrid*)>& change);
     void applyToLabels(const std::function<void(SeismicDisplay*)>& change);
     void condition(const std::function<void(SeismicPlot*)>& change);
@@ -86,7 +87,7 @@ private:
     DisplaySelection _selection;
     QStringList _hlist;   // header names of 8 characters
     QStringList _hvlist;  // texts for the combos
-    QList<int> _hindex;   // their words, counted from 0
+    QList<WordFrom0> _hindex;
     QCheckBox* _gridTBox;  // all controls are children of this widget
     NumberEdit* _gridTMajorEdit;
     QCheckBox* _gridTMinorBox;

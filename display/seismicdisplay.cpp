@@ -27,16 +27,10 @@
 
 constexpr int sliceDomain = 8;
 
-static const HeaderTable* tableOf(const DisplayHost* host)
-{
-    return host ? host->headerTable() : nullptr;
-}
-
-SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar* statusbar,
-                               QStatusBar* controlStatus, bool enableLeft, bool enableRight, int windowNumber,
-                               DisplayHost* host)
+SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar* statusbar, QStatusBar* controlStatus,
+                               bool enableLeft, bool enableRight, int windowNumber, DisplayHost* host)
     : MyQwtPlot(parent), _title(title), _host(host), _windowNumber(windowNumber), _lines(statusbar, controlStatus),
-      _zoomLink(host), _view(new EnsembleView(this)), _axes(this), _layer(this, this, title, tableOf(host)),
+      _zoomLink(host), _view(new EnsembleView(this)), _axes(this), _layer(this, this, title),
       _overlay(this, this, host), _grid(makeGrid(this))
 {
     _layer.plot()->setDataLent(true);  // the copy stays until the next ensemble
@@ -98,11 +92,6 @@ Report& SeismicDisplay::report() const
     return _host ? _host->report() : standardOutput;
 }
 
-const HeaderTable* SeismicDisplay::headerTable() const
-{
-    return tableOf(_host);
-}
-
 void SeismicDisplay::setColorBar(ColorBarFrame* bar)
 {
     _layer.plot()->setColorBar(bar);
@@ -161,7 +150,7 @@ void SeismicDisplay::takeDomain()
 
 void SeismicDisplay::takeKeys()
 {
-    _keys = {_menu->ipkey - 1, _menu->ipkeyreal - 1, _menu->iskey - 1, _menu->iskeyreal - 1};
+    _keys = menuKeys(*_menu);
 }
 
 void SeismicDisplay::setNewKeys()
@@ -217,7 +206,7 @@ void SeismicDisplay::takeLook(const SeismicDisplay& other)
 
 TraceBatch SeismicDisplay::batchOf(float** traces, int** heads, int n) const
 {
-    return {traces, heads, n, _axes.window().first, _axes.nSamples(), _nth};
+    return {traces, heads, n, _axes.window().first, _axes.nSamples(), _nth, _host ? _host->headerWords() : nullptr};
 }
 
 int SeismicDisplay::takeTraces(float** traces, int** heads, int n)
@@ -264,6 +253,7 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
 /// Conditions and measures new traces, and reads their keys. Returns 0, or 1 when memory ran out.
 int SeismicDisplay::measureTraces()
 {
+    // A SEG-Y file has no slices, whatever domain a former one has left.
     if (_state.isFirst && _axes.isSlice() && _isTrevia) setSliceAxis();
     _layer.measure();
     _axes.takeShift();
@@ -301,7 +291,7 @@ void SeismicDisplay::setSliceAxis()
 {
     SeismicHeader* first = _layer.data()->getTraceHeader(0);
     const int xline = first->headerIndex("XLINE_NO"), iline = first->headerIndex("ILINE_NO");
-    const bool alongXline = _keys.sec == xline;
+    const bool alongXline = _keys.sec.value == xline;
     int position = 0;
     float sliceTime = 0.0f;
     first->headerValue(alongXline ? iline : xline, &position);
@@ -341,8 +331,7 @@ void SeismicDisplay::clearData()
 float SeismicDisplay::computeRMS(bool apply)
 {
     const SeismicData& data = *_layer.data();
-    const int typeWord =
-        data.traceCount() > 0 ? wordIndex(data, _isTrevia != 0, headerTable(), "TRC_TYPE") : -1;
+    const int typeWord = data.traceCount() > 0 ? data.getTraceHeader(0)->headerIndex("TRC_TYPE") : -1;
     const float rms = meanLiveAmplitude(data, typeWord);
     if (apply) _layer.plot()->setRMS(rms);
     return rms;
@@ -352,7 +341,7 @@ void SeismicDisplay::traceOffsets(const SeismicData& data, int nTraces, float* o
 {
     std::fill_n(offsets, nTraces, 0.0f);
     if (nTraces < 1) return;
-    const int index = wordIndex(data, _isTrevia != 0, headerTable(), "OFFSET  ");
+    const int index = data.getTraceHeader(0)->headerIndex("OFFSET  ");
     for (int i = 0; i < nTraces; ++i) data.getTraceHeader(i)->headerFloatValue(index, &offsets[i]);
 }
 
@@ -409,7 +398,7 @@ int SeismicDisplay::buildHeaderAxis()
 {
     std::string error;
     const bool rightToLeft = _layer.plot()->plotDirection() == RightToLeft;
-    if (!_headerAxis.build(*_layer.data(), _keys, _isTrevia != 0, rightToLeft, _isDifference, headerTable(), &error)) {
+    if (!_headerAxis.build(*_layer.data(), _keys, rightToLeft, _isDifference, &error)) {
         report().line(error + "\n");
         return 1;
     }
@@ -459,15 +448,15 @@ void SeismicDisplay::setPlotDirection(PlotDirection direction)
     axesFollowHeaders();
 }
 
-void SeismicDisplay::setPriKey(int index)
+void SeismicDisplay::setPriKey(WordFrom0 word)
 {
-    _keys.pri = index;
+    _keys.pri = word;
     axesFollowHeaders();
 }
 
-void SeismicDisplay::setSecKey(int index)
+void SeismicDisplay::setSecKey(WordFrom0 word)
 {
-    _keys.sec = index;
+    _keys.sec = word;
     axesFollowHeaders();
 }
 

@@ -38,7 +38,6 @@ class SeismicData;
 class SeismicPlot;
 class VelocityClicks;
 class VelocityOverlay;
-struct HeaderTable;
 struct parmmenu;
 
 /// Takes batches of traces, keeps its own copy, and shows it.
@@ -123,10 +122,9 @@ public:
     void showTitle(const QString& before, float primary, const QString& parm);
     /// The side of the first trace, for both plots and the axes. The caller rebuilds the plot.
     void setPlotDirection(PlotDirection direction);
-    /// Header words of the title and of the trace labels, counted from 0, -1 for none; the axes follow, the
-    /// caller rebuilds the plot.
-    void setPriKey(int index);
-    void setSecKey(int index);
+    /// Header words of the title and of the trace labels; the axes follow, the caller rebuilds the plot.
+    void setPriKey(WordFrom0 word);
+    void setSecKey(WordFrom0 word);
 
     /// The plain buttons zoom and pan, or, with false, do so with Ctrl.
     void setZoom(bool on);
@@ -227,10 +225,7 @@ public:
     float traceIncrement() const { return _axes.traceStep(); }
     /// In ms.
     float timeIncrement() const { return _axes.timeStep(); }
-    bool isTrevia() const { return _isTrevia != 0; }
     const HeaderKeys& headerKeys() const { return _keys; }
-    /// The window's header table, null if there is none.
-    const HeaderTable* headerTable() const;
     const HeaderAxis& headerAxis() const { return _headerAxis; }
     /// First sample kept of the input traces.
     int firstSample() const { return _axes.window().first; }

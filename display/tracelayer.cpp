@@ -3,11 +3,9 @@
 #include "display/seismicplot.h"
 #include "tracedata/seismicdata.h"
 
-TraceLayer::TraceLayer(QwtPlot* parent, PlotOwner* owner, const QString& title, const HeaderTable* table)
-    : _data(std::make_unique<SeismicData>()),
-      _plot(std::make_unique<SeismicPlot>(owner, _data.get(), title))
+TraceLayer::TraceLayer(QwtPlot* parent, PlotOwner* owner, const QString& title)
+    : _data(std::make_unique<SeismicData>()), _plot(std::make_unique<SeismicPlot>(owner, _data.get(), title))
 {
-    _data->setHeaderTable(table);
     _plot->attach(parent);
 }
 
@@ -18,10 +16,11 @@ int TraceLayer::take(const TraceBatch& batch, const HeaderKeys& keys, int trevia
     if (!_copy.copy(batch.traces, batch.heads, batch.n, batch.firstSample, batch.nSamples, batch.nWords, error))
         return 0;
     _data->clear();
+    _data->setHeaderWords(batch.words);
     _data->setNumHeaderWords(batch.nWords);
     _data->loadAllTraces(_copy.traces(), _copy.headers(), batch.nSamples, batch.n);
-    _data->setPriKey(keys.pri);
-    _data->setSecKey(keys.sec);
+    _data->setPriKey(keys.pri.value);
+    _data->setSecKey(keys.sec.value);
     _data->setTreviaVersion(treviaVersion);
     return 1;
 }

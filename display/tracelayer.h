@@ -9,21 +9,22 @@
 
 #include <memory>
 
+class HeaderWords;
 class PlotOwner;
 class QRect;
 class QwtPlot;
 class SeismicData;
 class SeismicPlot;
-struct HeaderTable;
 
 /// A batch of traces, lent for the call, and what is taken of it.
 struct TraceBatch {
     float** traces = nullptr;
     int** heads = nullptr;
     int n = 0;
-    int firstSample = 0;  ///< first sample taken of each trace
-    int nSamples = 0;     ///< so many of them
-    int nWords = 0;       ///< header words of each trace
+    int firstSample = 0;                 ///< first sample taken of each trace
+    int nSamples = 0;                    ///< so many of them
+    int nWords = 0;                      ///< header words of each trace
+    const HeaderWords* words = nullptr;  ///< names them, lent as long as they are shown; null: the host's lists do
 };
 
 /// Copies batches and shows the last one; the data on a display are one, what lies over them is another.
@@ -32,8 +33,7 @@ class TraceLayer
 public:
     /// @param parent  gets the picture attached; lent, outlives this
     /// @param owner   what the picture asks; lent
-    /// @param table   the window's header table, or null; lent
-    TraceLayer(QwtPlot* parent, PlotOwner* owner, const QString& title, const HeaderTable* table);
+    TraceLayer(QwtPlot* parent, PlotOwner* owner, const QString& title);
     ~TraceLayer();
 
     /// Copies the batch, which must have a trace, and loads it as the data. Returns 1; 0 with *error and all as it was

@@ -6,10 +6,10 @@
 
 /// A click with velocity picking on: the trace under it, and its words.
 struct VelocityClick {
-    QPointF at;             ///< position on the axes, traces and ms
-    int trace = 0;          ///< from 0, in the order of the data
-    int sample = 0;         ///< from 0, into the kept window
-    float cdp = 0.0f;       ///< words "CDP", "CDP_X" and "CDP_Y" of the trace; 0 without one
+    QPointF at;        ///< position on the axes, traces and ms
+    int trace = 0;     ///< from 0, in the order of the data
+    int sample = 0;    ///< from 0, into the kept window
+    float cdp = 0.0f;  ///< words "CDP", "CDP_X" and "CDP_Y" of the trace; 0 without one
     float x = 0.0f;
     float y = 0.0f;
     float velocity = 0.0f;  ///< of the constant-velocity panel

@@ -1,42 +1,21 @@
 #include "display/wordlookup.h"
 
 #include "host/flow/standardwords.h"
-#include "sources/segyheader.h"
-#include "tracedata/headertable.h"
 #include "tracedata/seismicdata.h"
 #include "tracedata/seismicheader.h"
 
 #include <algorithm>
 #include <cmath>
 
-int wordIndex(const SeismicData& data, bool isTrevia, const HeaderTable* table, const char* name)
+double wordOfTrace(const SeismicData& data, const char* name, int trace)
 {
-    SeismicHeader* first = data.getTraceHeader(0);
-    if (isTrevia) return first->headerIndex(name);
-    SegyHeader header(first->headers(), data.numHeaderWords(), table);
-    header.setTreviaVersion(1);
-    return header.OrvinHeaderIndex(QString(name));
-}
-
-/// How a word is kept, a HeaderFormat; -1 for one that isn't there.
-static int wordFormat(const SeismicData& data, bool isTrevia, const HeaderTable* table, const char* name)
-{
-    SeismicHeader* first = data.getTraceHeader(0);
-    if (isTrevia) return first->headerExists(name) ? first->headerFormat(name) : -1;
-    SegyHeader header(first->headers(), data.numHeaderWords(), table);
-    header.setTreviaVersion(1);
-    return header.OrvinHeaderExists(QString(name)) ? header.OrvinHeaderFormat(QString(name)) : -1;
-}
-
-double wordOfTrace(const SeismicData& data, bool isTrevia, const HeaderTable* table, const char* name, int trace)
-{
-    const int index = wordIndex(data, isTrevia, table, name), format = wordFormat(data, isTrevia, table, name);
     const SeismicHeader* header = data.getTraceHeader(trace);
+    if (!header->headerExists(name)) return 0.0;
+    const int index = header->headerIndex(name);
     int whole = 0;
     float single = 0.0f;
     double value = 0.0;
-    switch (format) {
-    case -1: return 0.0;
+    switch (header->headerFormat(name)) {
     case Float4Format: header->headerFloatValue(index, &single); return single;
     case Double8Format: header->headerDoubleValue(index, &value); return value;
     default: header->headerValue(index, &whole); return whole;

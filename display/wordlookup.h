@@ -3,15 +3,9 @@
 #define WORDLOOKUP_H
 
 class SeismicData;
-struct HeaderTable;
 
-/// Index of a header word, from 0, by its name padded to eight characters. An unknown name gives -1, or 0 where the
-/// names come from the SEG-Y mapping. The ensemble has at least one trace.
-/// @param isTrevia  names come from the host's lists, else from the SEG-Y mapping of `table`, which may be null
-int wordIndex(const SeismicData& data, bool isTrevia, const HeaderTable* table, const char* name);
-
-/// Value of a header word of a trace, from 0, by its name; 0 without such a word.
-double wordOfTrace(const SeismicData& data, bool isTrevia, const HeaderTable* table, const char* name, int trace);
+/// Value of a header word of a trace, from 0, by its name padded to eight characters; 0 without such a word.
+double wordOfTrace(const SeismicData& data, const char* name, int trace);
 
 /// Mean over the live traces, those whose word `typeWord` is 1, of the mean absolute amplitude of their samples that
 /// are finite and not 0; traces with up to 3 of these don't count. 0 without such traces.

@@ -20,7 +20,8 @@ ZoomTool::ZoomTool(QwtPlot* plot) : QObject(plot)
     _magnifier = new MyQwtPlotMagnifier(canvas);
     _magnifier->setMouseButton(Qt::LeftButton, Qt::ControlModifier);
     // Each has installed itself, in the order of their making.
-    for (QObject* part : std::initializer_list<QObject*>{_zoomer[0], _zoomer[1], _panner}) canvas->removeEventFilter(part);
+    for (QObject* part : std::initializer_list<QObject*>{_zoomer[0], _zoomer[1], _panner})
+        canvas->removeEventFilter(part);
     // The second zoomer follows on the other two axes and has no news of its own.
     connect(_zoomer[0], &MyQwtPlotZoomer::zoomed, this, &ZoomTool::zoomed);
     connect(_panner, &QwtPanner::panned, this, &ZoomTool::panned);

@@ -50,7 +50,9 @@ static void initPictures()
 
 MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     : QMainWindow(parent), _report(std::make_unique<WindowReport>(this)),
-      _progress(std::make_unique<DialogProgress>(this)), _menu(menu)
+      _progress(std::make_unique<DialogProgress>(this)),
+      _navigator(std::make_unique<RecordNavigator>(static_cast<RecordScreens*>(this), _report.get())),
+      _menu(menu)
 {
     initPictures();
     setObjectName("MainWindow");

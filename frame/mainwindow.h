@@ -3,6 +3,7 @@
 #define MAINWINDOW_H
 
 #include "display/displayhost.h"
+#include "frame/recordnavigator.h"
 #include "frame/runstate.h"
 #include "sources/menus/segymenuhost.h"
 #include "tracedata/headertable.h"
@@ -11,7 +12,6 @@
 #include <QMainWindow>
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 class AssumptionsPanel;
@@ -40,7 +40,7 @@ struct velSemblanceStruct;
 
 /// Holds the screens, the loaders, the navigation through the records and the ways out. The three
 /// parameter records are lent and live until the process ends.
-class MainWindow : public QMainWindow, public DisplayHost, public SegyMenuHost
+class MainWindow : public QMainWindow, public DisplayHost, public SegyMenuHost, private RecordScreens
 {
     Q_OBJECT
 
@@ -107,7 +107,7 @@ public:
 
     bool isZooming() const override { return _isZoom; }
     void setZooming(bool on) override { _isZoom = on; }
-    const HeaderTable* headerTable() const override { return &_headerTable; }
+    const HeaderWords* headerWords() const override;
     void setOverlayMode(bool on) override;
     ColorBarFrame* overlayColorBarFrame() override;
     Report& report() override;
@@ -169,13 +169,11 @@ private:
     void makeViewMenu();
     void makeRecordList();
     void listRecords();
-    void tellRecord();
     void showEntry(int entry);
     SeismicDisplay* makeScreen();
     void setScreens(int n);
     void layoutScreens();
     void showScreens();
-    void fillScreens(int from);
     void makeParmMenu();
     void hideMenus();
     void makeDifference();
@@ -193,12 +191,17 @@ private:
     void writeSettings();
     QString setCompanyName() const;
     void saveHeader();
-    void showRecord(bool found);
     void setNavigation();
-    void takeLoaderKeys();
+    void goForward(bool (RecordNavigator::*go)());
+    int screenCount() const override;
+    int moveUp() const override;
+    bool showEnsemble(int screen) override;
+    void clearScreens(int from) override;
+    void recordsShown() override;
+    void recordsEnded() override;
+    void sortChanged() override;
     bool takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadParm& parm);
     void showLoader(const SegyLoadParm& parm, const QString& name);
-    bool showLoaded(const std::function<bool()>& load);
     void tellNotBuilt(const QString& what);
     void refuseMode(const char* box, const QString& what);
     void fillGlobalRuntime() const;
@@ -227,6 +230,7 @@ private:
     SegyMenuDialog* _segy = nullptr;     // child, made on first use
     std::unique_ptr<DialogProgress> _progress;  // lent to the loader, so it goes after it
     std::unique_ptr<SegyLoader> _segyloader;
+    std::unique_ptr<RecordNavigator> _navigator;  // over the loader
     SegyLoadParm _segyParm;  // how the loader reads its file
 
     parmmenu* _menu;                            // lent
@@ -242,9 +246,6 @@ private:
     bool _isEnsembleShown = true;  // of the last ensemble handed to a display: there was memory for it
     bool _isStandAlone = true;
     bool _dataReady = false;
-    int _firstEntry = -1;       // of the index: the ensemble on the first screen
-    int _nRead = 0;             // records read from the file so far, without an index
-    int _nShown = 0;            // screens that have a record
     bool _isFirstMenu = false;  // nothing was shown before the menu that is up: with it the program ends
     QString _fileName, _areaName, _lineName, _flowName;
     bool _showAreaLine = true;

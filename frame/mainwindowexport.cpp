@@ -5,6 +5,7 @@
 #include "display/seismicdisplay.h"
 #include "frame/printeddisplay.h"
 #include "frame/sectionexportdialog.h"
+#include "sources/segyloader.h"
 #include "widgets/pictureexport.h"
 #include "widgets/waitcursor.h"
 

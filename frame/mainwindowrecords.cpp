@@ -1,9 +1,13 @@
-/// Where among the records the window is: the status line, the list of records and the bar of the index.
+/// Where among the records the window is, and the way to others: what the navigator asks of the window, the status
+/// line and the list of records.
 #include "frame/mainwindow.h"
 
+#include "display/seismicdisplay.h"
 #include "frame/indexbar.h"
 #include "frame/recordlist.h"
+#include "frame/sourcemenu.h"
 #include "frame/windowactions.h"
+#include "sources/menus/segyrecdialog.h"
 #include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/waitcursor.h"
@@ -12,7 +16,7 @@
 #include <QMenu>
 #include <QStatusBar>
 
-#include <algorithm>
+#include <vector>
 
 void MainWindow::makeRecordList()
 {
@@ -37,35 +41,124 @@ void MainWindow::listRecords()
     for (size_t i = 0; i < rows.size(); ++i)
         rows[i] = {_segyloader->ensembleValue(int(i)), _segyloader->ensembleTraces(int(i))};
     _recordList->setRecords(_segyParm.files, _segyloader->priName().trimmed(), std::move(rows));
-    _recordList->setCurrent(_firstEntry);
+    _recordList->setCurrent(_navigator->firstEntry());
 }
 
-/// "n of m" of what has just been loaded; without an index only the records read so far are known.
-void MainWindow::tellRecord()
+int MainWindow::screenCount() const
 {
-    _recordList->setCurrent(_firstEntry);
-    const bool isIndexed = _segyloader->isIndexBuilt() && _firstEntry >= 0;
-    const int first = isIndexed ? _firstEntry + 1 : _nRead;
-    QString text = _nShown > 1 ? QString("Records %1 to %2").arg(first).arg(first + (_nShown - 1) * (isIndexed ? _menu->moveup : 1))
-                               : QString("Record %1").arg(first);
-    if (isIndexed) text += QString(" of %1").arg(_segyloader->numEnsembles());
+    return _menu->iscreens;
+}
+
+int MainWindow::moveUp() const
+{
+    return _menu->moveup;
+}
+
+bool MainWindow::showEnsemble(int screen)
+{
+    loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), screen);
+    return _isEnsembleShown;
+}
+
+void MainWindow::clearScreens(int from)
+{
+    for (int k = from; k < _displaylist.size(); ++k) _displaylist[k]->clearData();
+}
+
+void MainWindow::recordsShown()
+{
+    _recordList->setCurrent(_navigator->firstEntry());
+    const QString text = _navigator->text();
     _recordLabel->setText(text);
-    const bool isEmptyScreen = _nShown < _menu->iscreens;
+    const bool isEmptyScreen = _navigator->shownCount() < _menu->iscreens;
     statusBar()->showMessage(isEmptyScreen ? text + "; the file has no more for the other screens" : text);
+}
+
+void MainWindow::recordsEnded()
+{
+    setLastEnsemble(true);
+    statusBar()->showMessage("No more records.");
+    _indexBar->offer();
+}
+
+/// Axes and titles follow the source's sort; how the traces are shown doesn't.
+void MainWindow::sortChanged()
+{
+    copySort(_menu, *_segyloader);
+    if (_isStandAlone) fillGlobalRuntime();
+    endViewing();
+    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewKeys();
+    listRecords();
+}
+
+int MainWindow::numberOfRecords() const
+{
+    return _navigator->recordCount();
+}
+
+void MainWindow::nextRecord()
+{
+    if (!_segyloader) return;
+    goForward(&RecordNavigator::next);
+}
+
+void MainWindow::firstRecord()
+{
+    if (!_segyloader) return;
+    goForward(&RecordNavigator::first);
+}
+
+void MainWindow::goForward(bool (RecordNavigator::*go)())
+{
+    _dataReady = false;
+    storeImages();
+    _run.pressNext();
+    enableBackKey(_navigator->canSeek());
+    {
+        const WaitCursor wait;
+        (_navigator.get()->*go)();
+    }
+    if (_navigator->canSeek() && _segyloader->numTraces() > 0 && display()->isRepeated()) statusBar()->showMessage("Last record");
+    _dataReady = true;
+}
+
+void MainWindow::previousRecord()
+{
+    if (!_segyloader) return;
+    _dataReady = false;
+    storeImages();
+    _run.pressPrevious();
+    {
+        const WaitCursor wait;
+        if (!_navigator->canSeek() || _navigator->recordCount() == 0)
+            enableBackKey(false);
+        else if (_navigator->previous())
+            setLastEnsemble(false);
+    }
+    _dataReady = true;
+}
+
+void MainWindow::seekRecord()
+{
+    if (!_navigator->canSeek()) return;
+    SegyRecDialog dialog(_segyloader.get(), this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const WaitCursor wait;
+    if (!_navigator->seek(dialog.getSortKey(), dialog.prikey())) return;
+    storeImages();
+    setLastEnsemble(false);
+    enableBackKey(true);
 }
 
 void MainWindow::showEntry(int entry)
 {
-    if (!_segyloader || !_segyloader->canSeek() || entry < 0 || entry >= _segyloader->numEnsembles()) return;
-    if (entry == _firstEntry) return;  // already on the screen
+    if (!_navigator->canSeek() || entry < 0 || entry >= _navigator->recordCount()) return;
+    if (entry == _navigator->firstEntry()) return;  // already on the screen
     _dataReady = false;
     storeImages();
     {
         const WaitCursor wait;
-        showLoaded([this, entry] {
-            _segyloader->setEnsemble(entry);
-            return _segyloader->loadNextEnsemble(0);
-        });
+        _navigator->showEntry(entry);
     }
     setLastEnsemble(false);
     enableBackKey(true);

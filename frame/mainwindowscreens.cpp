@@ -4,7 +4,6 @@
 #include "display/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/windowactions.h"
-#include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/waitcursor.h"
 
@@ -110,34 +109,11 @@ void MainWindow::setScreens(int n)
     _display = _displaylist.last();
     if (difference) _displaylist.append(difference);
     _menu->iscreens = n;
-    _nShown = std::min(_nShown, n);
     layoutScreens();
     showScreens();
     if (!_segyloader || _displaylist.first()->traceCount() == 0) return;
-    if (n > before) return fillScreens(before);
-    if (_segyloader->canSeek()) {  // the next ensemble is the one behind the last screen
-        _segyloader->setEnsemble(_firstEntry + _menu->moveup * (n - 1));
-        _segyloader->loadNextEnsemble(0);
-    }
-    tellRecord();
+    if (n > before) return _navigator->fillScreens(before);
+    _navigator->dropScreens();
+    recordsShown();
     if (_actions->box("differBox")->isChecked()) loadDifference();
-}
-
-/// Loads the ensembles behind the loader's present one into the screens from `from` on; a screen for which none is left
-/// is cleared.
-void MainWindow::fillScreens(int from)
-{
-    for (int i = from; i < _menu->iscreens; ++i) {
-        const int entry = _segyloader->priCurKey();
-        _segyloader->loadNextEnsemble(_menu->moveup);
-        const bool isNew = _segyloader->numTraces() > 0 && (!_segyloader->isIndexBuilt() || _segyloader->priCurKey() != entry);
-        if (isNew) {
-            loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), i);
-            ++_nShown;
-            continue;
-        }
-        for (int k = i; k < _displaylist.size(); ++k) _displaylist[k]->clearData();
-        break;
-    }
-    tellRecord();
 }

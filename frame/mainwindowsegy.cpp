@@ -1,4 +1,4 @@
-/// SEG-Y in the main window: opening files and going from record to record.
+/// SEG-Y in the main window: opening files.
 #include "frame/mainwindow.h"
 
 #include "analysis/parmmenudialog.h"
@@ -7,13 +7,13 @@
 #include "frame/firstlook.h"
 #include "frame/indexbar.h"
 #include "frame/menudefaults.h"
+#include "frame/sourcemenu.h"
 #include "frame/windowactions.h"
 #include "frame/windowreport.h"
 #include "host/globals.h"
-#include "host/signal/bytes.h"
 #include "sources/menus/segymenudialog.h"
-#include "sources/menus/segyrecdialog.h"
 #include "sources/segyloader.h"
+#include "sources/segywords.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/bringup.h"
 #include "widgets/dialogprogress.h"
@@ -27,28 +27,8 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QSettings>
-#include <QStatusBar>
 
-#include <algorithm>
-#include <new>
 #include <vector>
-
-/// Runs a step of a load. False after a box when there is not enough memory for it; `back` then undoes it.
-template <class Step, class Back>
-static bool runLoad(Report* report, Step step, Back back)
-{
-    try {
-        step();
-        return true;
-    } catch (const std::bad_alloc&) {
-        try {
-            back();
-        } catch (const std::bad_alloc&) {  // not even for what was there: the display is then empty
-        }
-        report->box("SEGY Memory", "There is not enough memory to show this data. Nothing has been changed.");
-        return false;
-    }
-}
 
 /// How the record says that its file is to be read.
 static SegyLoadParm loadParm(const parmmenu& menu)
@@ -121,29 +101,27 @@ int MainWindow::loadSegyFile(const SegyLoadParm& parm)
 {
     WaitCursor wait;
     _firstLook->drop();
-    auto loader = std::make_unique<SegyLoader>(1, parm.files, 0, parm.isort, parm.itype, parm.iformat, parm.ivariable,
-                                               littleEndian() ? 1 : 0, parm.icscale, parm.iescale, parm.nsamp,
-                                               parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt, _isStandAlone,
-                                               _report.get(), _progress.get(), &_headerTable);
-    loader->setLayout(parm.layout);
-    if (_segy) loader->setRemapTable(parm.iremap, _segy->remapTable());
+    SegyLoadParm wanted = parm;
+    wanted.isStandAlone = _isStandAlone;
+    if (_segy) wanted.remapTable = _segy->remapTable();
     // The index and the first ensemble may be refused, too: all is read before anything is let go.
-    if (!loader->openFiles() || !loader->buildAskedIndex() || !loader->loadNextEnsemble(1)) {
+    QString file;
+    auto loader = SegyLoader::open(wanted, _report.get(), _progress.get(), &_headerTable, &file);
+    if (!loader || !loader->loadNextEnsemble(1)) {
         _progress->close();
         QGuiApplication::restoreOverrideCursor();
         _report->box("SEGY Load Error", ("Error while open or read from file: " + parm.files).toStdString());
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        _firstLook->look(loader->currentFile(), parm, segyReading(nullptr, parm));
+        _firstLook->look(file, parm, segyReading(nullptr, parm));
         return 0;
     }
     _progress->close();
     const SegyReading reading = segyReading(loader.get(), parm);
     connect(loader.get(), &SegyLoader::indexBuilt, this, [this] {
-        // The loader stands at the last screen.
-        _firstEntry = std::max(0, _segyloader->priCurKey() - _menu->moveup * (_nShown - 1));
+        _navigator->takeIndex();
         enableBackKey(true);
         listRecords();
-        tellRecord();
+        recordsShown();
     });
     connect(loader.get(), &SegyLoader::assumptionsChanged, this, &MainWindow::showAssumptions);
     if (!takeLoader(&loader, parm)) return 0;
@@ -164,7 +142,7 @@ bool MainWindow::takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadP
     const QString nameBefore = _fileName;
     std::swap(_segyloader, *loader);
     const auto takeNew = [&] {
-        _segyloader->setMenu(_menu);
+        setSourceDefaults(_menu, *_segyloader);
         _menu->iscreens = menuBefore.iscreens;  // the window has as many as before
         _menu->idifference = menuBefore.idifference;
         _isSegy = true;
@@ -194,9 +172,12 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
 {
     _segyParm = parm;
     _fileName = name;
-    _nRead = _nShown = 0;
+    _navigator->setSource(_segyloader.get());
     if (_segy) _segy->buildConnections(_segyloader.get());
-    if (_segyloader) _segyloader->initBuild();
+    if (_segyloader) {
+        _segyloader->dataLoaded();
+        copySource(_menu, *_segyloader);
+    }
     _indexBar->setLoader(_segyloader.get());
     showAssumptions();
     if (_segy) _segy->setLoadParm(_segyParm);
@@ -213,37 +194,10 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
     }
     setAreaLineTitle(_showAreaLine);
     if (_segyloader) {
-        showRecord(_segyloader->numTraces() > 0);
+        _navigator->show();
         listRecords();
     }
     if (_parmmenu) _parmmenu->updateAll();
-}
-
-/// Shows the ensemble that `load` brings. False with the old one in place when it was refused, or when there is
-/// no memory to show it.
-bool MainWindow::showLoaded(const std::function<bool()>& load)
-{
-    const SegyLoader::Place before = _segyloader->place();
-    const int entryBefore = _firstEntry, readBefore = _nRead;
-    bool isLoaded = false;
-    const auto show = [&] {
-        isLoaded = load();
-        if (isLoaded) showRecord(_segyloader->numTraces() > 0);
-    };
-    const auto back = [&] {
-        _segyloader->setPlace(before);
-        bool isBack = false;
-        if (_menu->iscreens > 1 && _segyloader->canSeek()) {  // the loader stood at the last screen
-            _segyloader->setEnsemble(entryBefore);
-            isBack = _segyloader->loadNextEnsemble(0);
-        } else {
-            isBack = _segyloader->reloadEnsemble();
-        }
-        if (isBack) showRecord(_segyloader->numTraces() > 0);
-        _nRead = readBefore;
-        tellRecord();
-    };
-    return runLoad(_report.get(), show, back) && isLoaded;
 }
 
 /// What the host's own routines ask of the data at hand. Where a flow runs, the host fills it.
@@ -260,124 +214,22 @@ void MainWindow::fillGlobalRuntime() const
     globalRuntime.idomain = from.idomain;
 }
 
-void MainWindow::saveHeader()
+/// Before anything is loaded a SEG-Y window has the standard words; in a flow the host's lists answer until then.
+const HeaderWords* MainWindow::headerWords() const
 {
-    _segyloader->fillHeaderTable(&_headerTable);
+    if (_headerTable._headerSaved || _menu->dotrevia != 0) return &_headerTable;
+    return &segyWords();
 }
 
-/// Shows the loader's present ensemble, or says that there is none. Throws std::bad_alloc when there is no memory
-/// to show it.
-void MainWindow::showRecord(bool found)
+void MainWindow::saveHeader()
 {
-    if (found) {
-        _firstEntry = _segyloader->priCurKey();
-        _nRead += std::max(1, _nShown);
-        _nShown = 1;
-        loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), 0);
-        if (!_isEnsembleShown) throw std::bad_alloc();
-        fillScreens(1);
-        return;
-    }
-    setLastEnsemble(true);
-    statusBar()->showMessage("No more records.");
-    _indexBar->offer();
+    _headerTable.fill(_segyloader->headerWords(), _segyloader->numHeaderWords());
 }
 
 void MainWindow::setNavigation()
 {
-    const bool isOpen = _segyloader != nullptr;
-    _actions->action("forwardAct")->setEnabled(isOpen);
-    enableBackKey(isOpen && _segyloader->canSeek());
-}
-
-int MainWindow::numberOfRecords() const
-{
-    return _segyloader ? _segyloader->numEnsembles() : 0;
-}
-
-void MainWindow::nextRecord()
-{
-    if (!_segyloader) return;
-    _dataReady = false;
-    storeImages();
-    _run.pressNext();
-    enableBackKey(_segyloader->canSeek());
-    {
-        WaitCursor wait;
-        showLoaded([this] { return _segyloader->loadNextEnsemble(_menu->moveup); });
-    }
-    if (_segyloader->canSeek() && _segyloader->numTraces() > 0 && display()->isRepeated()) statusBar()->showMessage("Last record");
-    _dataReady = true;
-}
-
-void MainWindow::previousRecord()
-{
-    if (!_segyloader) return;
-    _dataReady = false;
-    storeImages();
-    _run.pressPrevious();
-    {
-        WaitCursor wait;
-        if (!_segyloader->canSeek() || _segyloader->numEnsembles() == 0) {
-            enableBackKey(false);
-        } else {
-            if (_menu->iscreens > 1) _segyloader->setEnsemble(_firstEntry);
-            if (showLoaded([this] { return _segyloader->loadLastEnsemble(_menu->moveup * _menu->iscreens); }))
-                setLastEnsemble(false);
-        }
-    }
-    _dataReady = true;
-}
-
-void MainWindow::firstRecord()
-{
-    if (!_segyloader) return;
-    _segyloader->setEnsemble(-_menu->moveup);
-    nextRecord();
-}
-
-void MainWindow::seekRecord()
-{
-    if (!_segyloader || !_segyloader->canSeek()) return;
-    SegyRecDialog dialog(_segyloader.get(), this);
-    if (dialog.exec() != QDialog::Accepted) return;
-    WaitCursor wait;
-    const int sortBefore = _segyloader->currentSortKey();
-    const SegyLoader::Place before = _segyloader->place();
-    const bool isNewSort = dialog.getSortKey() != sortBefore;
-    if (isNewSort) _segyloader->buildNewSort(dialog.getSortKey());
-    bool isTaken = false;
-    const auto seek = [&] {
-        if (!_segyloader->seekEnsemble(dialog.prikey())) return false;
-        isTaken = isNewSort;
-        if (!isTaken) return true;
-        takeLoaderKeys();
-        _segyloader->dataLoaded();  // the trace tab counts in the new order
-        listRecords();
-        return true;
-    };
-    if (!showLoaded(seek)) {
-        if (!isNewSort) return;
-        _segyloader->buildNewSort(sortBefore);
-        _segyloader->setPlace(before);
-        if (!isTaken) return;
-        takeLoaderKeys();
-        listRecords();
-        showLoaded([this] { return _segyloader->reloadEnsemble(); });
-        return;
-    }
-    storeImages();
-    setLastEnsemble(false);
-    enableBackKey(true);
-}
-
-/// Axes and titles follow the loader's sort; how the traces are shown doesn't.
-void MainWindow::takeLoaderKeys()
-{
-    _segyloader->tellSort();
-    if (_isStandAlone) fillGlobalRuntime();
-    endViewing();
-    for (SeismicDisplay* display : qAsConst(_displaylist)) display->setNewKeys();
+    _actions->action("forwardAct")->setEnabled(_segyloader != nullptr);
+    enableBackKey(_navigator->canSeek());
 }
 
 /// A window on a dataset or a flow keeps its data: SEG-Y gets a window of its own, with a record of its own.

@@ -1,5 +1,6 @@
 #include "frame/menudefaults.h"
 
+#include "tracedata/menukeys.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/picturedefaults.h"
 
@@ -7,10 +8,7 @@ void setDisplayDefaults(parmmenu* menu)
 {
     setPictureDefaults(menu);
     menu->nens = 1;
-    menu->ipkey = 2;
-    menu->ipkeyreal = 2;
-    menu->iskey = 1;
-    menu->iskeyreal = 1;
+    setMenuKeys(menu, WordFrom1(2), WordFrom1(1));
     menu->ireset = 0;
     menu->idomain = 0;
     menu->_orvinruntime.samprat = 2.0f;

@@ -4,7 +4,7 @@
 #include "display/displaytype.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
-#include "sources/segyloader.h"
+#include "sources/ensemblesource.h"
 #include "widgets/wholefile.h"
 
 #include <QBuffer>
@@ -58,12 +58,12 @@ static QString filterText(const TraceConditioner& conditioner)
     return QString("%1-%2-%3-%4 Hz").arg(c[0]).arg(c[1]).arg(c[2]).arg(c[3]);
 }
 
-static QString sortText(const SeismicDisplay& display, const SegyLoader* loader)
+static QString sortText(const SeismicDisplay& display, const EnsembleSource* source)
 {
     const HeaderAxis& axis = display.headerAxis();
     const QString keys = axis.priReal().name.trimmed() + ", " + axis.secReal().name.trimmed();
-    const int code = loader ? loader->currentSortKey() : 0;
-    return code >= 1 && code <= segySortNames().size() ? segySortNames()[code - 1] + " (" + keys + ")" : keys;
+    const QString sort = source ? source->sortText() : QString();
+    return sort.isEmpty() ? keys : sort + " (" + keys + ")";
 }
 
 static QString scalingText(Normalize normalize)
@@ -89,7 +89,7 @@ static QString moveoutText(const SeismicPlot& plot)
 }
 
 SectionContent sectionContent(const SeismicDisplay& display, const SectionScale& scale, const QString& file,
-                              const SegyLoader* loader, std::vector<float>* offsets)
+                              const EnsembleSource* source, std::vector<float>* offsets)
 {
     const SeismicPlot* plot = display.seismicPlot();
     const TraceConditioner& conditioner = plot->conditioner();
@@ -107,7 +107,7 @@ SectionContent sectionContent(const SeismicDisplay& display, const SectionScale&
         {"Record", recordText(display)},
         {"Traces", QString::number(content.traceLabels.size())},
         {"Samples", QString("%1 at %2 ms").arg(plot->seisRect().nSamples).arg(numberText(display.sampleRate()))},
-        {"Sort", sortText(display, loader)},
+        {"Sort", sortText(display, source)},
         {"Filter", filterText(conditioner)},
         {"Phase", conditioner.isPhase() ? numberText(conditioner.phaseAngle()) + " degrees" : QString("none")},
         {"AGC", conditioner.isAGC() ? QString("%1 ms").arg(conditioner.agcWindow()) : QString("none")},

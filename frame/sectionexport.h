@@ -6,7 +6,7 @@
 
 #include <QString>
 
-class SegyLoader;
+class EnsembleSource;
 class SeismicDisplay;
 
 /// Spacing of a section on paper.
@@ -23,10 +23,10 @@ SectionPage sectionPage(const SeismicDisplay& display, const SectionScale& scale
 
 /// All that stands on the page.
 /// @param file     name of the file, for the side label
-/// @param loader   where the data come from; may be null
+/// @param source   where the data come from; may be null
 /// @param offsets  room that the result may point into
 SectionContent sectionContent(const SeismicDisplay& display, const SectionScale& scale, const QString& file,
-                              const SegyLoader* loader, std::vector<float>* offsets);
+                              const EnsembleSource* source, std::vector<float>* offsets);
 
 /// The name with ".pdf" behind it if it has no suffix.
 QString withSectionSuffix(const QString& name);

@@ -439,12 +439,12 @@ int segyData2::seekTracePtr(int itrace)
     return 1;
 }
 
-int segyData2::seekTraceValue(int ivalue, int ipkey) const
+int segyData2::seekTraceValue(int ivalue, KeyNumber ipkey) const
 {
-    const int slot = getItemKey(ipkey);
+    const MapSlot slot = getItemKey(ipkey);
     const segyMapItem* items = _map.items();
     int i = 0;
-    while (i < _map.count() && segyKeyValue(items[i].item[slot]) != ivalue) ++i;
+    while (i < _map.count() && segyKeyValue(items[i].item[slot.value]) != ivalue) ++i;
     return i;
 }
 
@@ -467,16 +467,16 @@ void segyData2::setRemap(int iremap, const SegyRemapTable& table)
     doRemap = iremap != 0;
 }
 
-int segyData2::getItemKey(int key)
+MapSlot segyData2::getItemKey(KeyNumber key)
 {
     for (const auto& entry : keySlots)
-        if (entry.key == key) return entry.slot;
-    return 0;
+        if (entry.key == key.value) return MapSlot(entry.slot);
+    return MapSlot();
 }
 
-QString segyData2::getHeaderName(int key)
+QString segyData2::getHeaderName(KeyNumber key)
 {
     for (const auto& entry : keySlots)
-        if (entry.key == key) return itemList[entry.slot];
+        if (entry.key == key.value) return itemList[entry.slot];
     return QString();
 }

@@ -83,7 +83,7 @@ public:
     /// Moves to a trace of the map: 1, or 0 for a bad index or file.
     int seekTracePtr(int itrace);
     /// First map index whose key truncates to ivalue; totalTraces() if there is none.
-    int seekTraceValue(int ivalue, int ipkey) const;
+    int seekTraceValue(int ivalue, KeyNumber ipkey) const;
     int skipFiles(int ifiles);
     /// Moves relative to the present position.
     bool seekPos(int64_t offset);
@@ -110,10 +110,10 @@ public:
     /// True when the build found no usable row in the remap table and went on without remapping.
     bool isRemapRejected() const { return _isRemapRejected; }
 
-    /// Map slot of a key number; 0 for a number that has none.
-    static int getItemKey(int key);
+    /// Map slot of a key number; the first for a number that has none.
+    static MapSlot getItemKey(KeyNumber key);
     /// Name of the slot of a key number, padded to eight characters; empty for a number that has none.
-    static QString getHeaderName(int key);
+    static QString getHeaderName(KeyNumber key);
 
     /// The 240 bytes of the trace header that was read last, in file order.
     int* segyRawHeader() { return _segyHeader.data(); }

@@ -444,11 +444,11 @@ void Guesser::addSortAndEnsembles()
                                    ? guessSegySort(_guess->sample, reel.sort)
                                    : SegySortGuess{0, "the trace headers are doubtful"};
     _guess->parm.isort = sort.code;
-    const std::string name = sort.code > 0 ? segySortNames()[sort.code - 1].toStdString() : "Get From Data";
+    const std::string name = sort.code > 0 ? segySortName(SortCode(sort.code)).toStdString() : "Get From Data";
     add("Sort order", formatted("reel's sort word %d; %s", reel.sort, sort.evidence.c_str()),
         sort.code > 0 ? name : name + ": the headers don't decide");
-    const SegySortKeys keys = segySortKeys(sort.code, reel.sort);
-    const int keyByte = std::clamp(keys.ipkey - 1, 0, segyTraceHeaderBytes / 4 - 1) * 4;
+    const SegySortKeys keys = segySortKeys(SortCode(sort.code), reel.sort);
+    const int keyByte = std::clamp(keys.ipkey.value - 1, 0, segyTraceHeaderBytes / 4 - 1) * 4;
     const SegyEnsembleGuess ensembles = guessSegyEnsembles(withCutTrace(), keyByte);
     _guess->longestEnsemble = ensembles.longest;
     int64_t capacity = reel.nTraces + int64_t(std::max(0, reel.nAux));

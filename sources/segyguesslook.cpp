@@ -84,8 +84,8 @@ std::vector<std::string> misreadTraces(const SegyGuess& guess, const SegyReading
 
 bool isOtherSort(const SegyGuess& guess, const SegyReading& reading, int reelSort)
 {
-    const SegySortKeys found = segySortKeys(guess.parm.isort, reelSort);
-    const SegySortKeys read = segySortKeys(reading.sortCode, reelSort);
+    const SegySortKeys found = segySortKeys(SortCode(guess.parm.isort), reelSort);
+    const SegySortKeys read = segySortKeys(SortCode(reading.sortCode), reelSort);
     return found.ipkey != read.ipkey || found.mysort != read.mysort;
 }
 

@@ -3,7 +3,7 @@
 #include "host/flow/standardwords.h"
 #include "host/globals.h"
 #include "host/signal/bytes.h"
-#include "tracedata/headertable.h"
+#include "sources/segywords.h"
 
 #include <algorithm>
 #include <array>
@@ -50,22 +50,22 @@ constexpr int unswappedBytes = 196;  // from here on a trace header stays in fil
 /// How a key slot of the trace map is filled.
 enum class SlotKind { Integer, Bits };
 
-struct MapSlot {
-    int position;            // of the standard word, from 0
-    int StdHdr::*hostWord;   // its position in the host's header, from 1
+struct SlotWord {
+    WordFrom0 standard;      // of the standard words
+    int StdHdr::*hostWord;   // its position in the host's header, counted from 1
     SlotKind kind;
 };
 
 /// The key slots in order; slot 4 carries the bits of the float OFFSET, as the coordinates do.
-constexpr MapSlot mapSlots[SegyHeader::nMapSlots] = {
-    {0, &StdHdr::ichan, SlotKind::Integer},      {5, &StdHdr::isou_sloc, SlotKind::Integer},
-    {14, &StdHdr::icdp, SlotKind::Integer},      {0, &StdHdr::ichan, SlotKind::Integer},
-    {1, &StdHdr::ioffset, SlotKind::Bits},       {10, &StdHdr::isrf_sloc, SlotKind::Integer},
-    {48, &StdHdr::iiline_no, SlotKind::Integer}, {49, &StdHdr::ixline_no, SlotKind::Integer},
-    {3, &StdHdr::iffid, SlotKind::Integer},      {29, &StdHdr::itraceno, SlotKind::Integer},
-    {16, &StdHdr::icdp_x, SlotKind::Bits},       {17, &StdHdr::icdp_y, SlotKind::Bits},
-    {6, &StdHdr::isou_x, SlotKind::Bits},        {7, &StdHdr::isou_y, SlotKind::Bits},
-    {11, &StdHdr::irec_x, SlotKind::Bits},       {12, &StdHdr::irec_y, SlotKind::Bits},
+constexpr SlotWord slotWords[SegyHeader::nMapSlots] = {
+    {WordFrom0(0), &StdHdr::ichan, SlotKind::Integer},      {WordFrom0(5), &StdHdr::isou_sloc, SlotKind::Integer},
+    {WordFrom0(14), &StdHdr::icdp, SlotKind::Integer},      {WordFrom0(0), &StdHdr::ichan, SlotKind::Integer},
+    {WordFrom0(1), &StdHdr::ioffset, SlotKind::Bits},       {WordFrom0(10), &StdHdr::isrf_sloc, SlotKind::Integer},
+    {WordFrom0(48), &StdHdr::iiline_no, SlotKind::Integer}, {WordFrom0(49), &StdHdr::ixline_no, SlotKind::Integer},
+    {WordFrom0(3), &StdHdr::iffid, SlotKind::Integer},      {WordFrom0(29), &StdHdr::itraceno, SlotKind::Integer},
+    {WordFrom0(16), &StdHdr::icdp_x, SlotKind::Bits},       {WordFrom0(17), &StdHdr::icdp_y, SlotKind::Bits},
+    {WordFrom0(6), &StdHdr::isou_x, SlotKind::Bits},        {WordFrom0(7), &StdHdr::isou_y, SlotKind::Bits},
+    {WordFrom0(11), &StdHdr::irec_x, SlotKind::Bits},       {WordFrom0(12), &StdHdr::irec_y, SlotKind::Bits},
 };
 
 }  // namespace
@@ -89,14 +89,13 @@ SegyHeader::SegyHeader() : SeismicHeader(nullptr, 0)
     buildHeaderNames();
 }
 
-SegyHeader::SegyHeader(int* header, int nheaderwords, const HeaderTable* table)
-    : SegyHeader(nullptr, header, nheaderwords, table)
+SegyHeader::SegyHeader(int* header, int nheaderwords, const HeaderWords* words)
+    : SegyHeader(nullptr, header, nheaderwords, words)
 {
 }
 
-SegyHeader::SegyHeader(int* segyheader, int* header, int nheaderwords, const HeaderTable* table)
-    : SeismicHeader(header, nheaderwords, table), _segyheader(segyheader), _nheaderwords(nheaderwords),
-      _nheaders(nheaderwords)
+SegyHeader::SegyHeader(int* segyheader, int* header, int nheaderwords, const HeaderWords* words)
+    : SeismicHeader(header, nheaderwords, words), _segyheader(segyheader), _nheaders(nheaderwords)
 {
     buildHeaderNames();
 }
@@ -137,76 +136,70 @@ void SegyHeader::applyScalars(bool depscalar, bool coorscalar)
 
 void SegyHeader::setTotalHeaderWords(int itotal)
 {
-    _nheaderwords = _nheaders = totalHeaderWords = _nHeaderWords = itotal;
+    _nheaders = totalHeaderWords = _nHeaderWords = itotal;
+}
+
+const HeaderWords& SegyHeader::names() const
+{
+    return isStandAlone() ? segyWords() : headerWords();
 }
 
 int SegyHeader::OrvinHeaderIndex(const QString& name) const
 {
-    if (!isStandAlone()) return headerIndex(name);
-    return std::max(0, standardWordIndex(name.toLatin1().constData()));
+    return names().index(name).value;
 }
 
 int SegyHeader::OrvinHeaderIndex(const char* name) const
 {
-    if (!isStandAlone()) return headerIndex(QString::fromLatin1(name));
-    return name ? std::max(0, standardWordIndex(name)) : 0;
+    return OrvinHeaderIndex(QString::fromLatin1(name));
 }
 
 QString SegyHeader::OrvinHeaderIndexName(int index)
 {
-    if (!isStandAlone()) return QString::fromLatin1(headerIndexName(index));
-    if (index < 0 || index >= _headerNames.size()) return QString();
-    return _headerNames[index].section("|", 0, 0);
+    return names().name(WordFrom0(index));
 }
 
 const char* SegyHeader::OrvinHeaderIndexNameC(int index)
 {
-    if (isStandAlone() && (index < 0 || index >= _headerNames.size())) return nullptr;
-    _textOut = OrvinHeaderIndexName(index).toLatin1();
-    return _textOut.constData();
+    return textOf(index, OrvinHeaderIndexName(index));
 }
 
 QString SegyHeader::OrvinHeaderDesc(int index)
 {
-    if (!isStandAlone()) return OrvinHeaderDesc(OrvinHeaderIndexName(index));
-    if (index < 0 || index >= _headerNames.size()) return QString();
-    return _headerNames[index].section("|", 4, 4);
+    const QString name = OrvinHeaderIndexName(index);
+    return name.isEmpty() ? QString() : OrvinHeaderDesc(name);
 }
 
 QString SegyHeader::OrvinHeaderDesc(const QString& name)
 {
-    if (!isStandAlone()) return QString::fromLatin1(headerDesc(name));
-    return OrvinHeaderDesc(OrvinHeaderIndex(name));
+    return names().description(name);
 }
 
 const char* SegyHeader::OrvinHeaderDescC(int index)
 {
-    if (isStandAlone() && (index < 0 || index >= _headerNames.size())) return nullptr;
-    _textOut = OrvinHeaderDesc(index).toLatin1();
+    return textOf(index, OrvinHeaderDesc(index));
+}
+
+const char* SegyHeader::textOf(int index, const QString& text)
+{
+    if (isStandAlone() && (index < 0 || index >= segyWords().count())) return nullptr;
+    _textOut = text.toLatin1();
     return _textOut.constData();
 }
 
 int SegyHeader::OrvinHeaderFormat(int index)
 {
-    if (!isStandAlone()) return headerFormat(OrvinHeaderIndexName(index));
-    if (index < 0 || index >= _headerNames.size()) return Integer4Format;
-    const QString type = _headerNames[index].section("|", 2, 2);
-    if (type == "Integer2") return Integer2Format;
-    if (type == "Float4") return Float4Format;
-    return type == "Double8" ? Double8Format : Integer4Format;
+    return names().format(OrvinHeaderIndexName(index));
 }
 
 int SegyHeader::OrvinHeaderFormat(const QString& name)
 {
-    if (!isStandAlone()) return headerFormat(name);
-    const int index = standardWordIndex(name.toLatin1().constData());
-    return index < 0 ? int(Integer4Format) : OrvinHeaderFormat(index);
+    return names().format(name);
 }
 
 int SegyHeader::OrvinHeaderExists(const QString& name) const
 {
-    if (!isStandAlone()) return headerExists(name);
-    return standardWordIndex(name.toLatin1().constData()) >= 0 ? 1 : 0;
+    return names().exists(name);
 }
 
 void SegyHeader::buildHeaderIndex(int* indexa) const
@@ -252,14 +245,14 @@ void SegyHeader::convertSegyToOrvinFast(const int* indexa)
     }
 }
 
-int SegyHeader::wordInt(int index) const
+int SegyHeader::wordInt(WordFrom0 word) const
 {
-    return _header && index >= 0 && index < _nheaders ? _header[index] : 0;
+    return _header && word.value >= 0 && word.value < _nheaders ? _header[word.value] : 0;
 }
 
-float SegyHeader::wordFloat(int index) const
+float SegyHeader::wordFloat(WordFrom0 word) const
 {
-    const int bits = wordInt(index);
+    const int bits = wordInt(word);
     float value;
     std::memcpy(&value, &bits, sizeof value);
     return value;
@@ -268,9 +261,9 @@ float SegyHeader::wordFloat(int index) const
 void SegyHeader::loadTraceMap(float* items) const
 {
     for (int i = 0; i < nMapSlots; ++i) {
-        const MapSlot& slot = mapSlots[i];
-        const int index = isStandAlone() ? slot.position : stdHdr.*slot.hostWord - 1;
-        items[i] = slot.kind == SlotKind::Integer ? float(wordInt(index)) : wordFloat(index);
+        const SlotWord& slot = slotWords[i];
+        const WordFrom0 word = isStandAlone() ? slot.standard : from0(WordFrom1(stdHdr.*slot.hostWord));
+        items[i] = slot.kind == SlotKind::Integer ? float(wordInt(word)) : wordFloat(word);
     }
 }
 
@@ -281,7 +274,7 @@ static const std::array<const MappedWord*, SegyHeader::nMapSlots>& slotSources()
         std::array<const MappedWord*, SegyHeader::nMapSlots> found = {};
         for (int i = 0; i < SegyHeader::nMapSlots; ++i)
             for (const MappedWord& word : mappedWords)
-                if (standardWordIndex(word.name) == mapSlots[i].position) found[i] = &word;
+                if (WordFrom0(standardWordIndex(word.name)) == slotWords[i].standard) found[i] = &word;
         return found;
     }();
     return sources;
@@ -442,20 +435,4 @@ void SegyHeader::performRemapFast(const std::vector<SegyRemapRow>& rows, int isw
         case SegyRemapRow::Nothing: break;
         }
     }
-}
-
-void SegyHeader::fillHeaderTable(HeaderTable* table, int nWords)
-{
-    table->clear();
-    for (int i = 0; i < nWords; ++i) {
-        const QString name = OrvinHeaderIndexName(i);
-        if (name.isEmpty()) {
-            table->append("None", "None", i, Integer4Format, 0, 1);
-            continue;
-        }
-        const QString padded = name.leftJustified(8, ' ');
-        const int length = isStandAlone() ? 1 : headerLength(padded);
-        table->append(padded, OrvinHeaderDesc(i), i, OrvinHeaderFormat(i), OrvinHeaderExists(padded), length);
-    }
-    table->_headerSaved = true;
 }

@@ -36,10 +36,10 @@ public:
 
     /// Without words: for questions of names, or until setNewData and setTotalHeaderWords.
     SegyHeader();
-    SegyHeader(int* header, int nheaderwords, const HeaderTable* table = nullptr);
+    SegyHeader(int* header, int nheaderwords, const HeaderWords* words = nullptr);
     /// @param segyheader    the trace record in machine byte order, at least 240 bytes
     /// @param header        the nheaderwords words to fill
-    SegyHeader(int* segyheader, int* header, int nheaderwords, const HeaderTable* table = nullptr);
+    SegyHeader(int* segyheader, int* header, int nheaderwords, const HeaderWords* words = nullptr);
 
     void setNewData(int* segyheader, int* header);
     /// The 240 bytes of the trace header in file byte order, for the remap.
@@ -87,22 +87,22 @@ public:
     void performRemap(const SegyRemapTable& table, int iswap);
     void performRemapFast(const std::vector<SegyRemapRow>& rows, int iswap);
 
-    /// Makes the window's table of all words, and marks it as saved. A word without a name gets "None".
-    void fillHeaderTable(HeaderTable* table, int nWords);
+    /// The list behind the look-ups above: the standard words, or the host's.
+    const HeaderWords& names() const;
 
     int totalHeaderWords = 0;
     int stdHeaderWords = 0;
 
 private:
     void buildHeaderNames();
-    bool isStandAlone() const { return _itrevia == 1; }
-    int wordInt(int index) const;
-    float wordFloat(int index) const;
+    bool isStandAlone() const { return getTreviaVersion() == 1; }
+    const char* textOf(int index, const QString& text);
+    int wordInt(WordFrom0 word) const;
+    float wordFloat(WordFrom0 word) const;
     bool readRemapRow(const std::array<QString, SegyRemapTable::nColumns>& cells, SegyRemapRow* row, QString* fault);
     void storeRemapped(const SegyRemapRow& row, double value);
 
     int* _segyheader = nullptr;     // lent, in machine order
-    int _nheaderwords = 0;
     int _nheaders = 0;
     QStringList _headerNames;
     bool _depScalar = true;

@@ -6,8 +6,6 @@
 #include "sources/formatted.h"
 #include "sources/segymapthread.h"
 #include "sources/segysamples.h"
-#include "tracedata/parmmenu.h"
-#include "tracedata/picturedefaults.h"
 
 #include <QFileInfo>
 
@@ -17,38 +15,40 @@
 #include <new>
 
 constexpr int defaultMaxTraces = 5000;
+constexpr int msdosType = 1;
 /// The largest trace of variable length is forty times this in bytes, which an int must hold.
 constexpr int mostSamples = INT_MAX / 40 / 4 - 64;
 
-SegyLoader::SegyLoader(int ifile, const QString& cfiles, int imode, int isort, int itype, int iformat,
-                       int ivariable, int iswap, int icscale, int iescale, int nsamp, int maxtr, float srate,
-                       int iremap, int indexbuilt, bool isstandalone, Report* report, ProgressSink* progress,
-                       const HeaderTable* headerTable)
-    : _cfiles(cfiles), _ifile(ifile - 1), _imode(imode), _isort(isort), _iformat(iformat),
-      _ivariable(ivariable), _iswap(iswap), _icscale(icscale), _iescale(iescale), _userSamples(nsamp),
-      _userTraces(maxtr), _userSort(isort), _userRate(srate), _nsamp(nsamp), _maxtr(maxtr), _srate(srate), _iremap(iremap),
-      _itype(itype), _itform(0), _iStandAlone(isstandalone ? 1 : 0), _report(report), _progress(progress),
-      _segyheader(nullptr, 0, headerTable), _isIndexAsked(indexbuilt != 0), _isIndexBuilt(indexbuilt != 0)
+SegyLoader::SegyLoader(const SegyLoadParm& parm, Report* report, ProgressSink* progress, const HeaderWords* headerTable)
+    : _parm(parm), _isort(parm.isort), _iswap(littleEndian() ? 1 : 0), _nsamp(parm.nsamp), _maxtr(parm.maxtr),
+      _srate(parm.srate), _iremap(parm.iremap), _report(report), _progress(progress),
+      _segyheader(nullptr, 0, headerTable)
 {
-    if (_itype == 1) {
-        _itform = 2;
-        _iswap = _iswap == 0;
-    }
+    if (_parm.itype == msdosType) _iswap = _iswap == 0;
+    setLayout(parm.layout);
     initTreviaHeaders();
-    for (const QString& name : cfiles.split(",")) {
-        if (name.isEmpty()) break;
-        cfileList += name;
-    }
+    setRemapTable(parm.iremap, parm.remapTable);
 }
 
 SegyLoader::~SegyLoader() = default;
 
+std::unique_ptr<SegyLoader> SegyLoader::open(const SegyLoadParm& parm, Report* report, ProgressSink* progress,
+                                             const HeaderWords* headerTable, QString* fileInHand)
+{
+    std::unique_ptr<SegyLoader> loader(new SegyLoader(parm, report, progress, headerTable));
+    const bool isOpen = loader->openFiles() && (parm.indexbuilt == 0 || loader->buildIndex(true));
+    if (fileInHand) *fileInHand = loader->currentFile();
+    if (!isOpen) return nullptr;
+    if (parm.indexbuilt != 0) loader->tellIndex();
+    return loader;
+}
+
 void SegyLoader::initTreviaHeaders()
 {
-    _segyheader.setTreviaVersion(_iStandAlone);
-    _segyheader.applyScalars(_iescale != 0, _icscale != 0);
+    _segyheader.setTreviaVersion(_parm.isStandAlone ? 1 : 0);
+    _segyheader.applyScalars(_parm.iescale != 0, _parm.icscale != 0);
     const QStringList rows = _segyheader.headerNames();
-    if (_iStandAlone) {
+    if (_parm.isStandAlone) {
         _orvinheaderwords = rows.size();
     } else if (globalRuntime.nth > 10) {
         _orvinheaderwords = globalRuntime.nth;
@@ -74,30 +74,17 @@ void SegyLoader::initTreviaHeaders()
     _segyheader.buildHeaderIndex(_headerIndex);
 }
 
-void SegyLoader::setMenu(parmmenu* menu)
-{
-    _menu = menu;
-    if (!_menu) return;
-    setPictureDefaults(_menu);
-    _menu->nens = _maxtr;
-    _menu->ipkey = _menu->ipkeyreal = _iepkey;
-    _menu->iskey = _menu->iskeyreal = _ieskey;
-    _menu->ireset = 1;
-}
-
 SegyReadParm SegyLoader::readParm() const
 {
     SegyReadParm parm;
-    parm.itape = _ifile;
-    parm.imode = _imode;
-    parm.iformat = _itform;
-    parm.ivariable = _ivariable;
+    parm.iformat = _parm.itype == msdosType ? 2 : 0;
+    parm.ivariable = _parm.ivariable;
     parm.iswap = _iswap;
     parm.iremap = _iremap;
-    parm.istandalone = _iStandAlone;
+    parm.istandalone = _parm.isStandAlone ? 1 : 0;
     parm.nHeaderWords = _orvinheaderwords;
-    parm.icscale = _icscale;
-    parm.formatCode = segyFormatOfChoice(_iformat);
+    parm.icscale = _parm.icscale;
+    parm.formatCode = segyFormatOfChoice(_parm.iformat);
     parm.remapTable = _table;
     parm.layout = _layout;
     return parm;
@@ -105,26 +92,28 @@ SegyReadParm SegyLoader::readParm() const
 
 bool SegyLoader::openFiles()
 {
-    _thread.reset();
-    _isIndexBuilding = false;
+    bool isOpen = false;
     try {
-        for (const QString& name : cfileList)
-            if (!openOneFile(name)) return false;
+        for (const QString& name : _parm.files.split(",")) {
+            if (name.isEmpty()) break;
+            isOpen = openOneFile(name);
+            if (!isOpen) break;
+        }
     } catch (const std::bad_alloc&) {
         reportNoMemory();
-        _isOpen = false;
+        return false;
     }
-    return _isOpen;
+    return isOpen;
 }
 
 /// The list can't carry such a name: its parts don't exist, but the whole does.
 void SegyLoader::reportComma(const QString& name)
 {
-    if (!_cfiles.contains(",") || !QFileInfo::exists(_cfiles)) return;
+    if (!_parm.files.contains(",") || !QFileInfo::exists(_parm.files)) return;
     _report->box(
         "SEGY Load Error",
         formatted("A file name with a comma can't be in the list of files. \"%s\" is only a part of:\n%s",
-                  name.toStdString().c_str(), _cfiles.toStdString().c_str()));
+                  name.toStdString().c_str(), _parm.files.toStdString().c_str()));
 }
 
 /// Merges the reel's values with the user's: both the loader's and the reel's are then the ones in force.
@@ -132,7 +121,7 @@ bool SegyLoader::takeReelValues()
 {
     segyReel& reel = _segydata->reel;
     // What an earlier file's reel gave is not carried over; what the user gave is.
-    _nsamp = _userSamples < 1 ? _segydata->numSamples() : _userSamples;
+    _nsamp = _parm.nsamp < 1 ? _segydata->numSamples() : _parm.nsamp;
     if (_nsamp < 1) {
         _report->line(
             formatted("\n\nSEGYLOADER: Error, number of samples is less than zero. value=%d\n\n", _nsamp));
@@ -144,20 +133,20 @@ bool SegyLoader::takeReelValues()
         return false;
     }
     _segydata->setNumSamples(_nsamp);
-    _maxtr = _userTraces == 0 ? reel.ntrc : _userTraces;
+    _maxtr = _parm.maxtr == 0 ? reel.ntrc : _parm.maxtr;
     if (reel.naux > 0) _maxtr = int(std::min(int64_t(_maxtr) + reel.naux, int64_t(INT_MAX)));
     if (_maxtr < 1) _maxtr = defaultMaxTraces;
-    if (_userRate > 0.0f)
-        reel.nsr = int16_t(std::clamp(double(_userRate) * 1000.0, double(INT16_MIN), double(INT16_MAX)));
-    _srate = _userRate > 0.0f ? _userRate : float(reel.nsr) / 1000.0f;
+    if (_parm.srate > 0.0f)
+        reel.nsr = int16_t(std::clamp(double(_parm.srate) * 1000.0, double(INT16_MIN), double(INT16_MAX)));
+    _srate = _parm.srate > 0.0f ? _parm.srate : float(reel.nsr) / 1000.0f;
     if (reel.nsr <= 0) {
         _report->line(
             formatted("\n\nSEGYLOADER: Error, sample rate is less than zero. value=%d\n\n", reel.nsr));
         return false;
     }
-    _isort = _userSort;
+    _isort = SortCode(_parm.isort);
     buildSortKeys();
-    if (segyFormatOfChoice(_iformat) > 0) reel.format = int16_t(segyFormatOfChoice(_iformat));
+    if (segyFormatOfChoice(_parm.iformat) > 0) reel.format = int16_t(segyFormatOfChoice(_parm.iformat));
     if (_layout.sampleFormat == 0 && (reel.format < SegyIbm || reel.format > SegyInteger1))
         assume({.name = formatted("sample format code %d is unknown", reel.format),
                 .consequence = "samples are taken as 4-byte IEEE",
@@ -169,14 +158,12 @@ bool SegyLoader::openOneFile(const QString& name)
 {
     _cText = name;
     _segydata = std::make_unique<segyData2>(readParm(), _report, _progress);
-    _isOpen = _segydata->openFile(name, true);
-    if (!_isOpen) {
+    if (!_segydata->openFile(name, true)) {
         _report->line(formatted("SegyLoader: Error while opening file: %s.\n", name.toStdString().c_str()));
         reportComma(name);
         return false;
     }
-    _isOpen = _segydata->reelHeader(true);
-    if (!_isOpen) {
+    if (!_segydata->reelHeader(true)) {
         _report->line("SegyLoader: Error while reading reel headers.\n");
         return false;
     }
@@ -193,7 +180,7 @@ bool SegyLoader::openOneFile(const QString& name)
     const int64_t needed = _segydata->bufferBytes() + narrowBytes() + bytesOfTraces(1);
     if (!isJustified(needed)) {
         reportTooLarge("One trace", needed);
-        return _isOpen = false;
+        return false;
     }
     _itempTrc.assign((size_t(_segydata->bufferBytes()) + 3) / 4, 0);
     _numtraces = 0;
@@ -207,7 +194,7 @@ void SegyLoader::reportCutTrace()
 {
     const int64_t traceBytes = _segydata->fileSize() - _segydata->firstTrace();
     const int64_t record = _segydata->traceLength();
-    if (_ivariable || traceBytes <= 0 || traceBytes % record == 0) return;
+    if (_parm.ivariable || traceBytes <= 0 || traceBytes % record == 0) return;
     assume({.name = formatted("1 trace is cut by the end of the file, trace %lld (%d bytes of %d)",
                               static_cast<long long>(traceBytes / record + 1), int(traceBytes % record), int(record)),
             .consequence = "the rest counts as 0",
@@ -223,7 +210,7 @@ void SegyLoader::assume(const SegyAssumption& assumption)
 
 SegyAssumptionContext SegyLoader::assumptionContext() const
 {
-    return {_iescale != 0, _icscale != 0, _ivariable != 0, _nsamp, _segydata->reel.nsr};
+    return {_parm.iescale != 0, _parm.icscale != 0, _parm.ivariable != 0, _nsamp, _segydata->reel.nsr};
 }
 
 /// What the standard's later editions put between the reel and the samples, and the settings don't follow.
@@ -270,10 +257,9 @@ void SegyLoader::assumeOfRemap()
 /// Key numbers without a slot of the map sort by the first slot.
 void SegyLoader::assumeOfSort()
 {
-    if (_keys.ipkey < 0 || !segyData2::getHeaderName(_keys.ipkey).isEmpty()) return;
-    const std::string name = _isort >= 1 && _isort <= segySortNames().size()
-                                 ? segySortNames()[_isort - 1].toStdString()
-                                 : std::string(_keys.priWord);
+    if (_keys.ipkey == KeyNumber() || !segyData2::getHeaderName(_keys.ipkey).isEmpty()) return;
+    const QString named = segySortName(_isort);
+    const std::string name = named.isEmpty() ? std::string(_keys.priWord) : named.toStdString();
     assume({.name = "the index has no key for the sort \"" + name + "\"",
             .consequence = "it is sorted by the channel",
             .control = "Data sort order:"});
@@ -281,9 +267,6 @@ void SegyLoader::assumeOfSort()
 
 bool SegyLoader::failReelValues()
 {
-    _segydata->closeFile();
-    _segydata.reset();
-    _isOpen = false;
     _report->box("SEGY Reel Header Problem", "There was a problem while reading the SEGY reel header.\n\n"
                                              "Is this MSDOS SEGY format?\n\n"
                                              "Check standard error file for complete error message.");
@@ -292,43 +275,27 @@ bool SegyLoader::failReelValues()
 
 void SegyLoader::buildSortKeys()
 {
-    _keys = segySortKeys(_isort, _segydata ? _segydata->reel.sort : 0);
+    _keys = segySortKeys(_isort, _segydata->reel.sort);
     _isort = _keys.code;
-    _iepkey = _ieskey = 0;
-    if (_keys.ipkey < 0) return;
-    _iepkey = _segyheader.OrvinHeaderIndex(_keys.priWord) + 1;
-    _ieskey = _segyheader.OrvinHeaderIndex(_keys.secWord) + 1;
+    _iepkey = _ieskey = WordFrom1();
+    if (_keys.ipkey == KeyNumber()) return;
+    _iepkey = from1(_segyheader.names().index(_keys.priWord));
+    _ieskey = from1(_segyheader.names().index(_keys.secWord));
 }
 
-bool SegyLoader::buildAskedIndex()
+GlobalRuntime SegyLoader::runTime() const
 {
-    if (_isIndexBuilt && getTotalTraces() == 0) _isIndexBuilt = buildIndex(true);
-    return _isIndexBuilt || !_isIndexAsked;
-}
-
-void SegyLoader::initBuild()
-{
-    buildAskedIndex();
-    dataLoaded();
-    tellSort();
-    if (!_menu || !_segydata) return;
-    orvinRuntimeStruct& runtime = _menu->_orvinruntime;
+    constexpr int stackType = 7;
+    GlobalRuntime runtime = {};
     runtime.samprat = _srate;
-    runtime.numsmp = _segydata->numSamples();
-    runtime.maxdtr = _maxtr;
-    runtime.nth = _orvinheaderwords;
-    runtime.idomain = _menu->idomain;
-}
-
-void SegyLoader::tellSort()
-{
-    _isStacked = _keys.mysort == 4 || _keys.mysort == 10 || _keys.mysort == 11;
-    if (!_menu) return;
-    orvinRuntimeStruct& runtime = _menu->_orvinruntime;
-    runtime.ipkey = _menu->ipkey = _menu->ipkeyreal = _iepkey;
-    runtime.iskey = _menu->iskey = _menu->iskeyreal = _ieskey;
+    runtime.numsmp = _nsamp;
     runtime.ipsort = _keys.ipsort;
-    runtime.idtyp = _isStacked ? 7 : 0;
+    runtime.maxdtr = _maxtr;
+    runtime.idtyp = isStacked() ? stackType : 0;
+    runtime.nth = _orvinheaderwords;
+    runtime.ipkey = _iepkey.value;
+    runtime.iskey = _ieskey.value;
+    return runtime;
 }
 
 void SegyLoader::setLayout(const SegyReadLayout& layout)
@@ -353,19 +320,13 @@ void SegyLoader::saveHeaders()
     _segyheader.checkHeaderSaved();
 }
 
-void SegyLoader::fillHeaderTable(HeaderTable* table)
-{
-    _segyheader.fillHeaderTable(table, _orvinheaderwords);
-}
-
 void SegyLoader::dataLoaded()
 {
-    if (!_isOpen) return;
     emit reLoadData();
     _isLoaded = true;
 }
 
 QByteArray SegyLoader::getEbcdic() const
 {
-    return _segydata ? QByteArray(_segydata->reel.ebcdic, segyTextBytes) : QByteArray();
+    return QByteArray(_segydata->reel.ebcdic, segyTextBytes);
 }

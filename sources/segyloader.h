@@ -3,18 +3,16 @@
 #define SEGYLOADER_H
 
 #include "host/rowstore.h"
+#include "sources/ensemblesource.h"
 #include "sources/segyassumptions.h"
 #include "sources/segydata2.h"
 #include "sources/segyheader.h"
+#include "sources/segyloadparm.h"
 #include "sources/segysortkeys.h"
-
-#include <QObject>
 
 #include <memory>
 #include <vector>
 
-struct HeaderTable;
-struct parmmenu;
 class ProgressSink;
 class Report;
 class SegyMapThread;
@@ -22,41 +20,24 @@ class SegyMapThread;
 /// Turns SEG-Y files into sets of traces and their named headers.
 ///
 /// Without an index it reads in file order, and an ensemble ends where the primary key changes. With one it
-/// sorts the map of all traces by two keys and reaches any ensemble. Order of calls: setMenu, setRemapTable,
-/// openFiles, initBuild, then ensembles. Lives on the main thread; report, sink, menu and table are lent.
-/// Traces and headers belong to the loader and stay valid until the next ensemble.
-class SegyLoader : public QObject
+/// sorts the map of all traces by two keys and reaches any ensemble. Report, sink and table are lent.
+class SegyLoader : public EnsembleSource
 {
     Q_OBJECT
 
 public:
-    /// @param ifile   file kind, from 1 (a disk file)
-    /// @param cfiles  names separated by commas
-    /// @param isort   sort code, 0 takes the reel's
-    /// @param itype   0 "Standard", 1 "MSDOS": the text is ASCII and the byte order the other one
-    /// @param iformat sample format choice, 0 takes the reel's
-    /// @param iswap   the file's byte order differs, as of a standard file
-    /// @param nsamp, maxtr, srate  0 takes the reel's; srate in ms
-    SegyLoader(int ifile, const QString& cfiles, int imode, int isort, int itype, int iformat, int ivariable, int iswap,
-               int icscale, int iescale, int nsamp, int maxtr, float srate, int iremap, int indexbuilt,
-               bool isstandalone, Report* report, ProgressSink* progress = nullptr,
-               const HeaderTable* headerTable = nullptr);
+    /// Opens and checks all files of the list, of which the last one stays in use, and builds the index if one is
+    /// asked for. There is no loader that is open in part: null, when the report knows why, for a file that can't be
+    /// read so, and for an index that takes more memory than the file can justify, or than there is.
+    ///
+    /// @param headerTable  the window's table, which names the words of a flow once it is saved; may be null
+    /// @param fileInHand   out, where given: the file that is in use, or was refused
+    static std::unique_ptr<SegyLoader> open(const SegyLoadParm& parm, Report* report, ProgressSink* progress = nullptr,
+                                            const HeaderWords* headerTable = nullptr, QString* fileInHand = nullptr);
     ~SegyLoader() override;
 
-    void setMenu(parmmenu* menu);
-    /// Where the files' parts stand; before openFiles. Bounded to what can be.
-    void setLayout(const SegyReadLayout& layout);
+    /// Where the files' parts stand.
     const SegyReadLayout& layout() const { return _layout; }
-    /// Opens and checks all files; the last one stays in use. On failure says why and returns false; the
-    /// loader is then of no further use.
-    bool openFiles();
-    /// Builds the map if an index was asked for and isn't there yet. False after a box: the file is then as
-    /// without an index.
-    bool buildAskedIndex();
-    /// After openFiles: buildAskedIndex, and puts the keys into the menu record.
-    void initBuild();
-    /// Keys, sort and data type of the present sort into the menu record: after openFiles, and after a new sort.
-    void tellSort();
     /// Builds the map, sorts it and lists the primary keys. False after a box when the memory doesn't suffice.
     bool indexBuild(bool show);
     /// The same on a thread of its own, with a file and a map of its own; indexBuilt() tells when the loader
@@ -68,111 +49,89 @@ public:
     /// Lets a background build end before it is through; all stays as it was.
     void stopIndexBuild();
 
-    /// Loads an ensemble moveup steps on; without an index the next one in the file. An ensemble without
-    /// traces is the end. False after a box when it takes more memory than the file's size can justify, or than
-    /// there is: the loader then stands where it stood, without traces.
-    bool loadNextEnsemble(int moveup);
-    /// The same backward. False without an index, too.
-    bool loadLastEnsemble(int moveup);
-    /// Loads the ensemble with this primary value, the last one if there is none. False as loadLastEnsemble.
-    bool seekEnsemble(int pkey);
-    /// Loads the ensemble that was loaded last once more.
-    bool reloadEnsemble();
-
-    /// Where the loader stands, to go back to after a load that came to nothing.
-    struct Place {
-        int entry;          ///< of priList
-        int value;          ///< primary value
-        uint64_t position;  ///< in the file
-        uint64_t first;     ///< of the ensemble's first trace in the file
-        int64_t trace;      ///< running count of traces
-        int64_t firstTrace; ///< the same before the ensemble
-        bool hasEnsemble;
-    };
-    Place place() const;
-    void setPlace(const Place& place);
-    bool canSeek() const { return _keys.ipkey >= 0 && _isIndexBuilt; }
-    /// Changes the sort; with an index sorts anew, without touching the file.
-    void buildNewSort(int isort);
+    bool loadNextEnsemble(int moveup) override;
+    bool loadLastEnsemble(int moveup) override;
+    bool seekEnsemble(int pkey) override;
+    bool reloadEnsemble() override;
+    Place place() const override;
+    void setPlace(const Place& place) override;
+    bool canSeek() const override { return _keys.ipkey != KeyNumber() && _isIndexBuilt; }
+    /// With an index sorts anew, without touching the file.
+    void buildNewSort(SortCode isort) override;
     /// Smallest and largest primary value of a sort over the map; both 0 for a sort without a range.
-    void getSortRange(int isort, float* min, float* max) const;
+    void getSortRange(SortCode isort, float* min, float* max) const;
     /// Sorts the map and lists the distinct primary values.
     QStringList priKeyList();
 
     /// See segyData2::seekTrace; data has room for bufferBytes().
     int seekTrace(int itrace, void* data, bool force);
-    /// Reads a trace by map index: numHeaderWords() words, then numSamples() samples. Uses the first header
-    /// buffer as work space. Returns as seekTrace.
+    /// Reads a trace by map index, converted. Uses the first header buffer as work space. Returns as seekTrace.
+    int readMappedTrace(int itrace, int* words, float* samples, bool force);
+    /// The same into one array: numHeaderWords() words, then numSamples() samples.
     int seekTraceConverted(int itrace, float* data, bool force);
     void setRemapTable(int iremap, const SegyRemapTable& table);
     void saveHeaders();
-    /// Fills the window's header table with the words of this loader.
-    void fillHeaderTable(HeaderTable* table);
     void dataLoaded();
     /// Raises the capacity in traces; it never shrinks.
     void allocTraces(int maxtr);
 
-    /// Arrays of at least numTraces() pointers.
-    float** getTraces() { return _traces.rows(); }
-    int** getHeaders() { return _headers.rows(); }
-    int numTraces() const { return _numtraces; }
+    float** getTraces() override { return _traces.rows(); }
+    int** getHeaders() override { return _headers.rows(); }
+    int numTraces() const override { return _numtraces; }
     /// Most traces that an ensemble can have; buffers are made as traces come.
     int maxTraces() const { return _maxtr; }
     int numSamples() const { return _nsamp; }
     float sampleRate() const { return _srate; }
-    int maxBytes() const { return _segydata ? _segydata->maxBytes() : 0; }
-    int bufferBytes() const { return _segydata ? _segydata->bufferBytes() : 0; }
+    int maxBytes() const { return _segydata->maxBytes(); }
+    int bufferBytes() const { return _segydata->bufferBytes(); }
     /// The most memory that the file's size justifies for map, ensemble and work space, and what they take.
     int64_t mostBytes() const;
     int64_t bytesInUse() const;
     QString currentFile() const { return _cText; }
     /// The 3200 characters of the text header.
     QByteArray getEbcdic() const;
-    /// Null while no file is open.
-    const segyReel* getReelHeader() const { return _segydata ? &_segydata->reel : nullptr; }
-    int getTotalTraces() const { return _segydata ? _segydata->totalTraces() : 0; }
+    const segyReel* getReelHeader() const { return &_segydata->reel; }
+    int getTotalTraces() const { return _segydata->totalTraces(); }
     QStringList getMapItems() const { return segyData2::itemList; }
-    segyMapItem* getMapArray() { return _segydata ? _segydata->map().items() : nullptr; }
+    segyMapItem* getMapArray() { return _segydata->map().items(); }
     segyData2* SegyData() { return _segydata.get(); }
     QStringList priList() const;
-    int priKey() const { return _keys.ipkey; }
-    int secKey() const { return _keys.iskey; }
-    int priEKey() const { return _iepkey; }
-    int secEKey() const { return _ieskey; }
-    QString priName() const { return _priName; }
-    QString secName() const { return _secName; }
-    int numHeaderWords() const { return _orvinheaderwords; }
-    int applyCoorScale() const { return _icscale; }
-    int applyElevScale() const { return _iescale; }
+    KeyNumber priKey() const { return _keys.ipkey; }
+    KeyNumber secKey() const { return _keys.iskey; }
+    WordFrom1 priEKey() const override { return _iepkey; }
+    WordFrom1 secEKey() const override { return _ieskey; }
+    QString priName() const override { return _priName; }
+    QString secName() const override { return _secName; }
+    GlobalRuntime runTime() const override;
+    const HeaderWords& headerWords() const override { return _segyheader.names(); }
+    int numHeaderWords() const override { return _orvinheaderwords; }
+    int applyCoorScale() const { return _parm.icscale; }
+    int applyElevScale() const { return _parm.iescale; }
     int applyRemap() const { return _iremap; }
     const SegyRemapTable& remapTable() const { return _table; }
-    const QStringList& priSortList() const { return segySortNames(); }
+    const QStringList& priSortList() const override { return segySortNames(); }
     int priCurValue() const { return _priCurValue; }
-    /// Entry of priList on screen; -1 before the first ensemble.
-    int priCurKey() const { return _priCurKey; }
-    int currentSortKey() const { return _isort; }
-    bool isStacked() const { return _isStacked; }
+    int priCurKey() const override { return _priCurKey; }
+    SortCode currentSortKey() const override { return _isort; }
+    QString sortText() const override { return segySortName(_isort); }
+    bool isStacked() const { return _keys.isStack(); }
     SegyHeader* segyHeader() { return &_segyheader; }
-    bool isOpen() const { return _isOpen; }
+    bool isOpen() const { return _segydata->isOpen; }
     bool isLoaded() const { return _isLoaded; }
-    bool isIndexBuilt() const { return _isIndexBuilt; }
+    bool isIndexBuilt() const override { return _isIndexBuilt; }
     /// True from the start of a background build until its result has been taken over, or it was given up.
     bool isIndexBuilding() const { return _isIndexBuilding; }
     /// All that was taken for granted of the file so far; each kind is told to the report at its first place.
     std::vector<SegyAssumption> assumptions() const { return _assumptions.all(); }
-    int numEnsembles() const { return int(_priValues.size()); }
-    /// Primary value and traces of an entry of priList, counted from 0; 0 where there is none.
-    int ensembleValue(int entry) const;
-    int ensembleTraces(int entry) const;
-    /// Sets the entry of priList that the next load counts from.
-    void setEnsemble(int entry) { _priCurKey = entry; }
+    int numEnsembles() const override { return int(_priValues.size()); }
+    int ensembleValue(int entry) const override;
+    int ensembleTraces(int entry) const override;
+    void setEnsemble(int entry) override { _priCurKey = entry; }
 
 signals:
     /// The views of reel and trace headers should read anew.
     void reLoadData();
     void indexBuildStarted();
-    /// A background build has been taken over: previous and seek work from now on.
-    void indexBuilt();
     /// assumptions() has grown, or a count of it.
     void assumptionsChanged();
     /// A background build has ended, well or not.
@@ -182,7 +141,10 @@ private slots:
     void endIndexBuild();
 
 private:
+    SegyLoader(const SegyLoadParm& parm, Report* report, ProgressSink* progress, const HeaderWords* headerTable);
+    void setLayout(const SegyReadLayout& layout);
     void initTreviaHeaders();
+    bool openFiles();
     bool openOneFile(const QString& name);
     bool takeReelValues();
     bool failReelValues();
@@ -198,7 +160,7 @@ private:
     void takeBuiltMap();
     void listPrimaryKeys();
     int ensembleStart();
-    int rawWord(int key) const;
+    int rawWord(KeyNumber key) const;
     void appendTrace(int64_t rank);
     void convertHeader(int* words);
     void growBuffers(int nTraces);
@@ -210,20 +172,17 @@ private:
     void reportNoMemory();
     void freeBuffers();
     bool buildIndex(bool show);
+    void tellIndex();
     int64_t readEnsemble(int iTrace);
     bool loadEntry(int64_t entry);
     void rejectRemapIfUseless();
 
-    const QString _cfiles;
-    QStringList cfileList;
-    int _ifile, _imode, _isort, _iformat, _ivariable, _iswap, _icscale, _iescale;
-    const int _userSamples, _userTraces, _userSort;
-    const float _userRate;
+    const SegyLoadParm _parm;  // as the user asked; what came of it stands below
+    SortCode _isort;
+    int _iswap;
     int _nsamp, _maxtr;
     float _srate;
     int _iremap;
-    int _itype, _itform;
-    int _iStandAlone;
     Report* _report;
     ProgressSink* _progress;
 
@@ -234,12 +193,8 @@ private:
     SegyHeader _segyheader;
     int _headerIndex[SegyHeader::nMappedWords];
     int _orvinheaderwords = 85;
-    bool _isOpen = false;
-    const bool _isIndexAsked;
-    bool _isIndexBuilt;
+    bool _isIndexBuilt = false;
     bool _isLoaded = false;
-    bool _isStacked = false;
-    parmmenu* _menu = nullptr;
     QString _cText;
 
     RowStore<float> _traces;
@@ -253,7 +208,7 @@ private:
     SegyAssumptions _assumptions;
 
     SegySortKeys _keys;
-    int _iepkey = 0, _ieskey = 0;  // header words of the keys, from 1
+    WordFrom1 _iepkey, _ieskey;  // header words of the keys
     QString _priName, _secName;
     std::vector<int> _priValues;  // distinct primary values in sorted order
     std::vector<int> _priStarts;  // first map index of each

@@ -5,6 +5,7 @@
 #include "sources/formatted.h"
 #include "sources/segymapthread.h"
 #include "sources/segysamples.h"
+#include "sources/segytraceindex.h"
 
 #include <algorithm>
 #include <cstring>
@@ -18,14 +19,19 @@ void SegyLoader::rejectRemapIfUseless()
 bool SegyLoader::indexBuild(bool show)
 {
     if (!buildIndex(show)) return false;
-    _isIndexBuilt = true;
     dataLoaded();
+    tellIndex();
     return true;
+}
+
+/// Whoever asks for traces by their number finds them.
+void SegyLoader::tellIndex()
+{
+    setTraceIndex(std::make_unique<SegyTraceIndex>(this));
 }
 
 bool SegyLoader::buildIndex(bool show)
 {
-    if (!_segydata) return false;
     try {
         _segydata->setMapLimit(mostBytes() - bytesInUse());
         _segydata->buildMap(show);
@@ -34,19 +40,18 @@ bool SegyLoader::buildIndex(bool show)
             return false;
         }
         rejectRemapIfUseless();
-        allocTraces(longestStackRun(_segydata->map(), _keys.mysort));
+        allocTraces(longestStackRun(_segydata->map(), _keys));
         priKeyList();
     } catch (const std::bad_alloc&) {
         _segydata->setMap(SegyMap());
         reportNoMemory();
         return false;
     }
-    return true;
+    return _isIndexBuilt = true;
 }
 
 SegyMapThread* SegyLoader::startIndexBuild()
 {
-    if (!_segydata || !_isOpen) return nullptr;
     if (isIndexBuilding()) return _thread.get();
     _segydata->setMapLimit(mostBytes() - bytesInUse());
     _thread = std::make_unique<SegyMapThread>(*_segydata, _keys);
@@ -105,39 +110,44 @@ void SegyLoader::takeBuiltMap()
         listPrimaryKeys();
     else
         priKeyList();
-    if (_hasEnsemble && _keys.ipkey >= 0) {
-        const int slot = segyData2::getItemKey(_keys.ipkey);
+    if (_hasEnsemble && _keys.ipkey != KeyNumber()) {
+        const MapSlot slot = segyData2::getItemKey(_keys.ipkey);
         const segyMapItem* items = _segydata->map().items();
         const segyMapItem* end = items + _segydata->totalTraces();
         const segyMapItem* first =
             std::find_if(items, end, [this](const segyMapItem& item) { return item.offset == _firstOffset; });
         if (first != end) {
-            _priCurValue = segyKeyValue(first->item[slot]);
+            _priCurValue = segyKeyValue(first->item[slot.value]);
             _priCurKey = int(std::find(_priValues.begin(), _priValues.end(), _priCurValue) - _priValues.begin());
         }
     }
     _isIndexBuilt = true;
     dataLoaded();
+    tellIndex();
     emit indexBuilt();
 }
 
-void SegyLoader::buildNewSort(int isort)
+void SegyLoader::buildNewSort(SortCode isort)
 {
     _isort = isort;
     buildSortKeys();
-    if (_isIndexBuilt) priKeyList();
+    if (_isIndexBuilt) {
+        priKeyList();
+        tellIndex();
+    }
+    emit keysChanged();
 }
 
-void SegyLoader::getSortRange(int isort, float* min, float* max) const
+void SegyLoader::getSortRange(SortCode isort, float* min, float* max) const
 {
     *min = *max = 0.0f;
-    const int key = segySortRangeKey(isort);
-    if (key == 0) return;
+    const KeyNumber key = segySortRangeKey(isort);
+    if (key == KeyNumber()) return;
     *min = 3.4e38f;
     *max = -3.4e38f;
-    const int slot = segyData2::getItemKey(key);
+    const MapSlot slot = segyData2::getItemKey(key);
     for (int i = 0; i < getTotalTraces(); ++i) {
-        const float value = _segydata->map().items()[i].item[slot];
+        const float value = _segydata->map().items()[i].item[slot.value];
         if (value < *min) *min = value;
         if (value > *max) *max = value;
     }
@@ -145,7 +155,7 @@ void SegyLoader::getSortRange(int isort, float* min, float* max) const
 
 QStringList SegyLoader::priKeyList()
 {
-    if (_segydata && _keys.ipkey >= 0)
+    if (_keys.ipkey != KeyNumber())
         sortSegyMap(_segydata->map().items(), _segydata->totalTraces(), segyData2::getItemKey(_keys.ipkey),
                     segyData2::getItemKey(_keys.iskey));
     listPrimaryKeys();
@@ -160,13 +170,13 @@ void SegyLoader::listPrimaryKeys()
     _priStarts.clear();
     _priCurKey = -1;
     int longest = 0, run = 0;
-    if (_segydata && _keys.ipkey >= 0) {
-        const int slot = segyData2::getItemKey(_keys.ipkey);
+    if (_keys.ipkey != KeyNumber()) {
+        const MapSlot slot = segyData2::getItemKey(_keys.ipkey);
         _priName = segyData2::getHeaderName(_keys.ipkey);
         _secName = segyData2::getHeaderName(_keys.iskey);
         assumeOfSort();
         for (int i = 0; i < _segydata->totalTraces(); ++i) {
-            const int value = segyKeyValue(_segydata->map().items()[i].item[slot]);
+            const int value = segyKeyValue(_segydata->map().items()[i].item[slot.value]);
             if (!_priValues.empty() && value == _priValues.back()) {
                 ++run;
                 continue;
@@ -196,7 +206,7 @@ void SegyLoader::allocTraces(int maxtr)
 int64_t SegyLoader::mostBytes() const
 {
     constexpr int64_t factor = 8, base = int64_t(64) << 20;
-    return base + factor * (_segydata ? _segydata->fileSize() : 0);
+    return base + factor * _segydata->fileSize();
 }
 
 int64_t SegyLoader::bytesOfTraces(int64_t nTraces) const
@@ -207,7 +217,7 @@ int64_t SegyLoader::bytesOfTraces(int64_t nTraces) const
 
 int64_t SegyLoader::narrowBytes() const
 {
-    const bool isThree = _segydata && segySampleBytes(_segydata->sampleFormat()) == 3;
+    const bool isThree = segySampleBytes(_segydata->sampleFormat()) == 3;
     return int64_t(isThree ? 3 : 2) * _nsamp;
 }
 
@@ -263,15 +273,16 @@ int SegyLoader::ensembleStart()
     return _priStarts[size_t(sameBefore)];
 }
 
-/// A 32-bit word of the trace in hand, counted from 1; 0 outside the header.
-int SegyLoader::rawWord(int key) const
+/// A 32-bit word of the trace in hand; 0 outside the header.
+int SegyLoader::rawWord(KeyNumber key) const
 {
-    return key >= 1 && key <= segyTraceHeaderBytes / 4 ? _itempTrc[size_t(key) - 1] : 0;
+    const bool isInside = key.value >= 1 && key.value <= segyTraceHeaderBytes / 4;
+    return isInside ? _itempTrc[size_t(key.value) - 1] : 0;
 }
 
 SegyLoader::Place SegyLoader::place() const
 {
-    return {_priCurKey, _priCurValue, _segydata ? _segydata->getPos() : 0, _firstOffset, _curTrace, _firstTrace,
+    return {_priCurKey, _priCurValue, _segydata->getPos(), _firstOffset, _curTrace, _firstTrace,
             _hasEnsemble};
 }
 
@@ -284,7 +295,7 @@ void SegyLoader::setPlace(const Place& place)
     _firstTrace = place.firstTrace;
     _hasEnsemble = place.hasEnsemble;
     _numtraces = 0;
-    if (_segydata) _segydata->setPos(place.position);
+    _segydata->setPos(place.position);
 }
 
 bool SegyLoader::loadNextEnsemble(int moveup)
@@ -296,7 +307,6 @@ bool SegyLoader::loadNextEnsemble(int moveup)
 bool SegyLoader::loadEntry(int64_t entry)
 {
     _numtraces = 0;
-    if (!_segydata) return true;
     const Place before = place();
     int iTrace = 0;
     if (_isIndexBuilt) {
@@ -392,7 +402,7 @@ bool SegyLoader::seekEnsemble(int pkey)
 
 bool SegyLoader::reloadEnsemble()
 {
-    if (_segydata && !_isIndexBuilt && _hasEnsemble) {
+    if (!_isIndexBuilt && _hasEnsemble) {
         _segydata->setPos(_firstOffset);
         _curTrace = _firstTrace;
     }
@@ -401,17 +411,25 @@ bool SegyLoader::reloadEnsemble()
 
 int SegyLoader::seekTrace(int itrace, void* data, bool force)
 {
-    return _segydata ? _segydata->seekTrace(itrace, data, force) : 0;
+    return _segydata->seekTrace(itrace, data, force);
 }
 
-int SegyLoader::seekTraceConverted(int itrace, float* data, bool force)
+int SegyLoader::readMappedTrace(int itrace, int* words, float* samples, bool force)
 {
     const int nRead = seekTrace(itrace, _itempTrc.data(), force);
     if (nRead < 1) return nRead;
     growBuffers(1);
     if (_iremap) _segyheader.setSegyRawHeader(_segydata->segyRawHeader());
     convertHeader(_headers.rows()[0]);
-    std::memcpy(data, _headers.rows()[0], size_t(_orvinheaderwords) * sizeof(int));
-    std::memcpy(data + _orvinheaderwords, _itempTrc.data() + segyTraceHeaderBytes / 4, size_t(_nsamp) * sizeof(float));
+    std::copy_n(_headers.rows()[0], _orvinheaderwords, words);
+    std::memcpy(samples, _itempTrc.data() + segyTraceHeaderBytes / 4, size_t(_nsamp) * sizeof(float));
+    return nRead;
+}
+
+int SegyLoader::seekTraceConverted(int itrace, float* data, bool force)
+{
+    std::vector<int> words(static_cast<size_t>(_orvinheaderwords));
+    const int nRead = readMappedTrace(itrace, words.data(), data + _orvinheaderwords, force);
+    if (nRead >= 1) std::memcpy(data, words.data(), words.size() * sizeof(int));
     return nRead;
 }

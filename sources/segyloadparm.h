@@ -3,10 +3,11 @@
 #define SEGYLOADPARM_H
 
 #include "sources/segyreadlayout.h"
+#include "sources/segyremaptable.h"
 
 #include <QString>
 
-/// What the load menu's fields say; zeros are "from the data".
+/// What the load menu's fields say, with all else that an opening needs; zeros are "from the data".
 struct SegyLoadParm {
     QString files;         ///< one name, or several joined with commas
     int isort = 0;         ///< sort code 1 to 11
@@ -20,7 +21,9 @@ struct SegyLoadParm {
     float srate = 0.0f;    ///< ms
     int iremap = 0;        ///< apply the remap table
     int indexbuilt = 0;    ///< build the index map when the file opens
-    SegyReadLayout layout; ///< where the parts of the file stand
+    SegyReadLayout layout = {}; ///< where the parts of the file stand; what can't be is bounded to what can
+    SegyRemapTable remapTable = {};
+    bool isStandAlone = true; ///< header words are the standard ones; else those of the flow
 };
 
 #endif

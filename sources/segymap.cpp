@@ -23,10 +23,10 @@ static int compareKey(float a, float b)
     return int(std::isnan(a)) - int(std::isnan(b));
 }
 
-int segyMapCompare(const segyMapItem& a, const segyMapItem& b, int segymapkey1, int segymapkey2)
+int segyMapCompare(const segyMapItem& a, const segyMapItem& b, MapSlot segymapkey1, MapSlot segymapkey2)
 {
-    const int order = compareKey(a.item[segymapkey1], b.item[segymapkey1]);
-    return order != 0 ? order : compareKey(a.item[segymapkey2], b.item[segymapkey2]);
+    const int order = compareKey(a.item[segymapkey1.value], b.item[segymapkey1.value]);
+    return order != 0 ? order : compareKey(a.item[segymapkey2.value], b.item[segymapkey2.value]);
 }
 
 namespace {
@@ -154,13 +154,13 @@ bool CycleWalkers::step(uint32_t* to)
 
 }  // namespace
 
-static RankedKey rankedKey(const segyMapItem* items, int i, int segymapkey1, int segymapkey2)
+static RankedKey rankedKey(const segyMapItem* items, int i, MapSlot segymapkey1, MapSlot segymapkey2)
 {
-    return {orderedBits(items[i].item[segymapkey1]), orderedBits(items[i].item[segymapkey2]), uint32_t(i)};
+    return {orderedBits(items[i].item[segymapkey1.value]), orderedBits(items[i].item[segymapkey2.value]), uint32_t(i)};
 }
 
 /// The keys in file order, from which a stable sort begins.
-static std::vector<RankedKey> keysInFileOrder(const segyMapItem* items, int nItems, int segymapkey1, int segymapkey2)
+static std::vector<RankedKey> keysInFileOrder(const segyMapItem* items, int nItems, MapSlot segymapkey1, MapSlot segymapkey2)
 {
     std::vector<RankedKey> keys(static_cast<size_t>(nItems), RankedKey{0, 0, UINT32_MAX});
     const auto isFree = [&](uint32_t place) { return place < uint32_t(nItems) && keys[place].rank == UINT32_MAX; };
@@ -176,7 +176,7 @@ static std::vector<RankedKey> keysInFileOrder(const segyMapItem* items, int nIte
     return keys;
 }
 
-void sortSegyMap(segyMapItem* items, int nItems, int segymapkey1, int segymapkey2)
+void sortSegyMap(segyMapItem* items, int nItems, MapSlot segymapkey1, MapSlot segymapkey2)
 {
     if (nItems < 2) return;
     std::vector<uint32_t> from(nItems);  // the item that belongs at each place

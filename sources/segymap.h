@@ -3,6 +3,7 @@
 #define SEGYMAP_H
 
 #include "sources/segyrecords.h"
+#include "tracedata/wordnumber.h"
 
 #include <QStringList>
 
@@ -11,11 +12,11 @@
 
 /// The order of two items: slot segymapkey1 first, then slot segymapkey2, compared as floats. Returns
 /// -1, 0 or 1. A NaN sorts behind all numbers, and equals a NaN.
-int segyMapCompare(const segyMapItem& a, const segyMapItem& b, int segymapkey1, int segymapkey2);
+int segyMapCompare(const segyMapItem& a, const segyMapItem& b, MapSlot segymapkey1, MapSlot segymapkey2);
 
 /// Sorts nItems items by the two slots; items with equal keys stand in file order (by itrace), whatever the order
 /// before. Takes 28 bytes an item of work space.
-void sortSegyMap(segyMapItem* items, int nItems, int segymapkey1, int segymapkey2);
+void sortSegyMap(segyMapItem* items, int nItems, MapSlot segymapkey1, MapSlot segymapkey2);
 
 /// A key value as the integer that lists and searches use: truncated, clamped, 0 for NaN.
 int segyKeyValue(float value);

@@ -37,9 +37,10 @@ private:
 
 }  // namespace
 
-int longestStackRun(const SegyMap& map, int mysort)
+int longestStackRun(const SegyMap& map, const SegySortKeys& keys)
 {
-    if (mysort != 4 && mysort != 10 && mysort != 11) return 0;
+    if (!keys.isStack()) return 0;
+    const int mysort = keys.mysort;
     const segyMapItem* items = map.items();
     int run = 0, longest = 0;
     for (int i = 0; i < map.count() - 1; ++i) {
@@ -103,8 +104,8 @@ void SegyMapThread::build()
     const bool isBuilt = data.buildMap(true);
     _mapBytesNeeded = data.mapBytesNeeded();
     if (!isBuilt) return;
-    _longestRun = longestStackRun(data.map(), _keys.mysort);
-    if (_keys.ipkey >= 0)
+    _longestRun = longestStackRun(data.map(), _keys);
+    if (_keys.ipkey != KeyNumber())
         sortSegyMap(data.map().items(), data.totalTraces(), segyData2::getItemKey(_keys.ipkey),
                     segyData2::getItemKey(_keys.iskey));
     _isRemapRejected = data.isRemapRejected();

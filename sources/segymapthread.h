@@ -12,7 +12,7 @@
 #include <utility>
 
 /// Longest run of stack traces in file order; the map must not be sorted yet. 0 for other sorts.
-int longestStackRun(const SegyMap& map, int mysort);
+int longestStackRun(const SegyMap& map, const SegySortKeys& keys);
 
 /// Has a file and a map of its own, so that the loader goes on reading. Its results are read after
 /// finished(); the destructor stops the build and waits.

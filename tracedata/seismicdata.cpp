@@ -28,7 +28,7 @@ void SeismicData::loadAllTraces(float** traces, int** headers, int nsamples, int
     _nTraces = ncount;
     _nSamples = nsamples;
     for (int i = 0; i < ncount; ++i)
-        _traceheaders.append(new SeismicHeader(headers[i], _nHeaderWords, _headerTable));
+        _traceheaders.append(new SeismicHeader(headers[i], _nHeaderWords, _headerWords));
 }
 
 void SeismicData::growTo(int nTraces)
@@ -48,7 +48,7 @@ void SeismicData::growTo(int nTraces)
 
 void SeismicData::loadTrace(float* trace, int* header, int nsamples)
 {
-    loadTrace(trace, new SeismicHeader(header, _nHeaderWords, _headerTable), nsamples);
+    loadTrace(trace, new SeismicHeader(header, _nHeaderWords, _headerWords), nsamples);
 }
 
 void SeismicData::loadTrace(float* trace, SeismicHeader* header, int nsamples)

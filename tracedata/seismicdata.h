@@ -6,8 +6,8 @@
 
 #include <vector>
 
+class HeaderWords;
 class SeismicHeader;
-struct HeaderTable;
 
 /// Traces of equal length, each with its header words, and the statistics of the set.
 ///
@@ -47,8 +47,8 @@ public:
 
     /// Handle of the dataset's header list for all views; 0 is the flow's.
     void setTreviaVersion(int version);
-    /// The window's header table for views made from now on; lent, may be null.
-    void setHeaderTable(const HeaderTable* table) { _headerTable = table; }
+    /// The list that names the words, for views made from now on; lent, may be null.
+    void setHeaderWords(const HeaderWords* words) { _headerWords = words; }
 
     int traceCount() const { return _nTraces; }
     int sampleCount() const { return _nSamples; }
@@ -95,7 +95,7 @@ private:
     float _valMax = 0.0f;
     float _valMin = 0.0f;
     bool _isChanged = false;
-    const HeaderTable* _headerTable = nullptr;
+    const HeaderWords* _headerWords = nullptr;
 };
 
 #endif

@@ -2,28 +2,27 @@
 
 #include "host/dataset/hdr.h"
 #include "host/flow/stheader.h"
-#include "tracedata/headertable.h"
 
+#include <algorithm>
 #include <cstring>
 
-/// What the source in force says of a name.
-struct SeismicHeader::WordInfo {
-    int index = -1;
-    int format = 1;
-    int length = 1;
-    int exists = 0;
-    QString description;
-};
-
-SeismicHeader::SeismicHeader(int* header, int nheaderwords, const HeaderTable* table)
-    : _header(header), _rheader(header), _nHeaderWords(nheaderwords), _headerTable(table)
+SeismicHeader::SeismicHeader(int* header, int nheaderwords, const HeaderWords* words)
+    : _header(header), _rheader(header), _nHeaderWords(nheaderwords), _lentWords(words)
 {
     checkHeaderSaved();
 }
 
 void SeismicHeader::checkHeaderSaved()
 {
-    _headerIsSaved = _headerTable && _headerTable->_headerSaved;
+    _isLentInForce = _lentWords && _lentWords->isInForce();
+}
+
+const HeaderWords& SeismicHeader::headerWords() const
+{
+    static const FlowWords flowWords;
+    if (_isLentInForce) return *_lentWords;
+    if (_datasetWords.handle() != 0) return _datasetWords;
+    return flowWords;
 }
 
 static bool holds(const int* words, int index, int nCells, int nWords)
@@ -88,17 +87,7 @@ void SeismicHeader::headerValueSet(int index, float value)
 
 const char* SeismicHeader::headerIndexName(int index)
 {
-    _cname.clear();
-    if (_headerIsSaved) {
-        if (index >= 0 && index < _headerTable->count()) _cname = _headerTable->_headerName[index].toStdString();
-    } else if (_itrevia != 0) {
-        std::string description;
-        int length = 0, format = 0, status = 1;
-        hdr_indinfo_(_itrevia, index + 1, &_cname, &description, &length, &format, &status);
-        _cname = _cname.substr(0, 8);
-    } else {
-        _cname = stHdrIndexName(index);
-    }
+    _cname = headerWords().name(WordFrom0(index)).toStdString();
     return _cname.c_str();
 }
 
@@ -107,66 +96,42 @@ void SeismicHeader::headerIndexNameS(int index, QString& name)
     name = QString::fromLatin1(headerIndexName(index));
 }
 
-SeismicHeader::WordInfo SeismicHeader::wordInfo(const QString& name) const
-{
-    WordInfo info;
-    const QByteArray text = name.toLatin1();
-    if (_headerIsSaved) {
-        const int i = _headerTable->find(name);
-        if (i >= 0) {
-            info = {_headerTable->_headerIndex[i], _headerTable->_headerFormat[i], _headerTable->_headerLength[i],
-                    _headerTable->_headerExist[i], _headerTable->_headerDesc[i]};
-        }
-    } else if (_itrevia != 0) {
-        std::string description;
-        int position = 0, status = 1;
-        hdr_naminfo__(_itrevia, text.constData(), &description, &info.length, &info.format, &position, &status);
-        info.index = position - 1;
-        info.exists = status == 0;
-        info.description = QString::fromStdString(description);
-    } else {
-        info = {stHdrIndex(text.constData()), stHdrFormat(text.constData()), stHdrLength(text.constData()),
-                stHdrExists(text.constData()), QString::fromLatin1(stHdrDesc(text.constData()))};
-    }
-    return info;
-}
-
 int SeismicHeader::headerIndex(const QString& name) const
 {
-    return wordInfo(name).index;
+    return headerWords().index(name).value;
 }
 
 int SeismicHeader::headerLength(const QString& name) const
 {
-    return wordInfo(name).length;
+    return headerWords().length(name);
 }
 
 int SeismicHeader::headerFormat(const QString& name) const
 {
-    return wordInfo(name).format;
+    return headerWords().format(name);
 }
 
 int SeismicHeader::headerExists(const QString& name) const
 {
-    return wordInfo(name).exists;
+    return headerWords().exists(name);
 }
 
 const char* SeismicHeader::headerDesc(const QString& name)
 {
-    _cdesc = wordInfo(name).description.toStdString();
+    _cdesc = headerWords().description(name).toStdString();
     return _cdesc.c_str();
 }
 
 void SeismicHeader::headerDescS(const QString& name, QString& description)
 {
-    description = wordInfo(name).description;
+    description = headerWords().description(name);
 }
 
 int SeismicHeader::headerAddStd(const QString& name)
 {
     const QByteArray text = name.toLatin1();
-    if (_itrevia != 0)
-        hdr_std_add_(_itrevia, text.constData());
+    if (getTreviaVersion() != 0)
+        hdr_std_add_(getTreviaVersion(), text.constData());
     else
         stHdrAddStd(text.constData());
     return 0;
@@ -180,6 +145,6 @@ int SeismicHeader::headerAdd(const QString& name, const QString& description, in
 int SeismicHeader::headerAdd(const QString& name, const QString& description, int length, int type)
 {
     const QByteArray text = name.toLatin1(), words = description.toLatin1();
-    if (_itrevia != 0) return hdr_add_(_itrevia, text.constData(), words.constData(), _nHeaderWords + 1, 1, type);
+    if (getTreviaVersion() != 0) return hdr_add_(getTreviaVersion(), text.constData(), words.constData(), _nHeaderWords + 1, 1, type);
     return stHdrAdd(text.constData(), words.constData(), length, type);
 }

@@ -2,26 +2,29 @@
 #ifndef SEISMICHEADER_H
 #define SEISMICHEADER_H
 
+#include "tracedata/hostwords.h"
+
 #include <QObject>
-#include <QString>
 
 #include <string>
 
-struct HeaderTable;
-
-/// Answers what a header word is called and what it holds, by name or by index counted from 0.
+/// A record's words, and the list that names them: answers what a word is called and what it holds, by name or
+/// by index counted from 0.
 ///
-/// Names come from the first source that there is: the table saved by the window, the header list of a
-/// dataset, the header list of the flow. The view owns no words: the array is lent and must outlive it,
-/// and so must the table. Getters with a negative index return 0 and leave their target; setters ignore
-/// an index outside the array. One view is made for each trace of an ensemble.
+/// Names come from the first list that there is: the one lent, once it is in force, that of a dataset, that of
+/// the flow. The view owns no words: the array is lent and must outlive it, and so must the list. Getters with a
+/// negative index return 0 and leave their target; setters ignore an index outside the array. One view is made
+/// for each trace of an ensemble.
 class SeismicHeader : public QObject
 {
 public:
     /// @param header        nheaderwords words of 4 bytes, lent; may be null for questions of names only
     /// @param nheaderwords  length of the array, the limit of the setters
-    /// @param table         the window's header table, or null where no window stands behind the data
-    SeismicHeader(int* header, int nheaderwords, const HeaderTable* table = nullptr);
+    /// @param words         the list of the window behind the data, or null where the host's lists are asked
+    SeismicHeader(int* header, int nheaderwords, const HeaderWords* words = nullptr);
+
+    /// The list that answers for the names.
+    const HeaderWords& headerWords() const;
 
     /// Points the view at other words. Float look-ups by headerValue(index, float*) keep the old ones.
     void setAsNewHeader(int* header) { _header = header; }
@@ -53,15 +56,15 @@ public:
     void headerDescS(const QString& name, QString& description);
 
     /// Handle of a dataset's header list, 0 for that of the flow.
-    void setTreviaVersion(int version) { _itrevia = version; }
-    int getTreviaVersion() const { return _itrevia; }
+    void setTreviaVersion(int version) { _datasetWords = DatasetWords(version); }
+    int getTreviaVersion() const { return _datasetWords.handle(); }
 
     /// Adds a standard word to the dataset's or the flow's list; always 0.
     int headerAddStd(const QString& name);
     int headerAdd(const QString& name, const QString& description, int type);
     int headerAdd(const QString& name, const QString& description, int length, int type);
 
-    /// Takes over whether the window's table is to be used.
+    /// Takes over whether the list lent is in force.
     void checkHeaderSaved();
 
     int numHeaderWords() const { return _nHeaderWords; }
@@ -70,16 +73,14 @@ public:
 protected:
     int* _header;     // lent
     int* _rheader;    // the words read as floats: the address given to the constructor
-    int _itrevia = 0;
     std::string _cname;
     std::string _cdesc;
     int _nHeaderWords;
-    bool _headerIsSaved = false;
-    const HeaderTable* _headerTable;  // lent, may be null
 
 private:
-    struct WordInfo;
-    WordInfo wordInfo(const QString& name) const;
+    const HeaderWords* _lentWords;  // may be null
+    bool _isLentInForce = false;
+    DatasetWords _datasetWords{0};
 };
 
 #endif

@@ -82,7 +82,7 @@ SegyRemapTable SegyMenuDialog::remapTable() const { return _segyloadmenu->remapT
 
 void SegyMenuDialog::buildConnections(SegyLoader* loader)
 {
-    if (_segyloader) disconnect(_segyloader, &SegyLoader::reLoadData, this, &SegyMenuDialog::loadTabs);
+    if (_segyloader) disconnect(_segyloader, nullptr, this, nullptr);
     _segyloader = loader;
     _segyloadmenu->newLoader(loader);
     _segyebcdicmenu->newLoader(loader);
@@ -91,6 +91,7 @@ void SegyMenuDialog::buildConnections(SegyLoader* loader)
     _isBuilt = loader != nullptr;
     if (!loader) return;
     connect(loader, &SegyLoader::reLoadData, this, &SegyMenuDialog::loadTabs);
+    connect(loader, &SegyLoader::keysChanged, this, &SegyMenuDialog::loadTabs);  // the trace tab counts in the new order
     // A loader that was at work before the dialog came has said all it has to say.
     if (loader->isLoaded()) loadTabs();
 }

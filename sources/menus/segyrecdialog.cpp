@@ -19,7 +19,7 @@ SegyRecDialog::SegyRecDialog(SegyLoader* loader, QWidget* parent)
     _seekPriBox->setObjectName("seekPriBox");
     _seekPriBox->addItems(_segyloader->priSortList());
     _seekPriBox->setToolTip(tr("The key that makes an ensemble; another one sorts the index anew"));
-    _seekPriBox->setCurrentIndex(_isort - 1);
+    _seekPriBox->setCurrentIndex(_isort.value - 1);
     _seekSpin = new QSpinBox;
     _seekSpin->setObjectName("seekSpin");
     _seekSpin->setToolTip(tr("Value of the primary key; without such a record the last one is shown"));
@@ -40,7 +40,7 @@ SegyRecDialog::SegyRecDialog(SegyLoader* loader, QWidget* parent)
     connect(_seekPriBox, qOverload<int>(&QComboBox::currentIndexChanged), this, &SegyRecDialog::changePrimary);
     connect(buttonBox, &QDialogButtonBox::accepted, this, &SegyRecDialog::accept);
     connect(buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    changePrimary(_isort - 1);
+    changePrimary(_isort.value - 1);
     _seekSpin->setFocus();
     _seekSpin->selectAll();
 }
@@ -53,7 +53,7 @@ void SegyRecDialog::changePrimary(int index)
         showRange(values.isEmpty() ? 0 : values.first().toInt(), values.isEmpty() ? 0 : values.last().toInt());
         return;
     }
-    _isort = index + 1;
+    _isort = SortCode(index + 1);
     float least = 0.0f, largest = 0.0f;
     _segyloader->getSortRange(_isort, &least, &largest);
     // An empty map has the range upside down.

@@ -2,6 +2,8 @@
 #ifndef SEGYRECDIALOG_H
 #define SEGYRECDIALOG_H
 
+#include "tracedata/wordnumber.h"
+
 #include <QDialog>
 
 class QComboBox;
@@ -21,7 +23,7 @@ public:
     /// The value sought.
     int prikey() const { return _prikey; }
     /// The sort code chosen; that of the loader until another one is.
-    int getSortKey() const { return _isort; }
+    SortCode getSortKey() const { return _isort; }
 
 public slots:
     void changePrimary(int index);
@@ -35,7 +37,7 @@ private:
     QSpinBox* _seekSpin;
     QLabel* _minmaxLabel;
     int _prikey;
-    int _isort;
+    SortCode _isort;
 };
 
 #endif

@@ -23,7 +23,7 @@ private:
 
 static void checkHeld(const SegyLoader& loader)
 {
-    if (loader.isOpen() && loader.bytesInUse() > loader.mostBytes()) std::abort();
+    if (loader.bytesInUse() > loader.mostBytes()) std::abort();
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t n)
@@ -33,12 +33,21 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t n)
     static const int samples[] = {0, 0, 1, 10000000};
     const BytesFile file(bytes + 2, n - 2);
     SilentReport report;
-    SegyLoader loader(1, file.name(), 0, bytes[1] % 12, bytes[0] >> 4 & 1, bytes[1] / 16 % 7, bytes[0] & 1, 1, 1, 1,
-                      samples[bytes[0] >> 2 & 3], 100000, 2.0f, 0, bytes[0] >> 1 & 1, true, &report);
-    const bool isOpen = loader.openFiles() && loader.buildAskedIndex();
+    SegyLoadParm parm;
+    parm.files = file.name();
+    parm.isort = bytes[1] % 12;
+    parm.itype = bytes[0] >> 4 & 1;
+    parm.iformat = bytes[1] / 16 % 7;
+    parm.ivariable = bytes[0] & 1;
+    parm.icscale = parm.iescale = 1;
+    parm.nsamp = samples[bytes[0] >> 2 & 3];
+    parm.maxtr = 100000;
+    parm.srate = 2.0f;
+    parm.indexbuilt = bytes[0] >> 1 & 1;
+    const auto opened = SegyLoader::open(parm, &report);
+    if (!opened) return 0;
+    SegyLoader& loader = *opened;
     checkHeld(loader);
-    if (!isOpen) return 0;
-    loader.initBuild();
     for (int i = 0; i < 5; ++i) {
         const SegyLoader::Place before = loader.place();
         const bool isLoaded = loader.loadNextEnsemble(1);

@@ -55,10 +55,10 @@ inline void fuzzMap(const uint8_t* bytes, size_t n, int ivariable)
         if (nTraces >= map.totalTraces() || map.mapItem(nTraces)->offset != start) std::abort();
     read.tellRepeated();
     if (nTraces != map.totalTraces() || mapReport.nLines != readReport.nLines) std::abort();
-    sortSegyMap(map.map().items(), map.totalTraces(), 8, 12);
+    sortSegyMap(map.map().items(), map.totalTraces(), MapSlot(8), MapSlot(12));
     for (int i = 0; i < map.totalTraces(); ++i) {
         map.seekTrace(i, trace.data(), true);
-        if (i > 0 && segyMapCompare(*map.mapItem(i - 1), *map.mapItem(i), 8, 12) > 0) std::abort();
+        if (i > 0 && segyMapCompare(*map.mapItem(i - 1), *map.mapItem(i), MapSlot(8), MapSlot(12)) > 0) std::abort();
     }
 }
 

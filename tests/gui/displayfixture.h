@@ -9,7 +9,7 @@
 #include "frame/menudefaults.h"
 #include "host/flow/standardwords.h"
 #include "host/report.h"
-#include "tracedata/headertable.h"
+#include "sources/segywords.h"
 #include "tracedata/parmmenu.h"
 
 #include <QStatusBar>
@@ -25,7 +25,7 @@ class TestHost : public DisplayHost
 public:
     bool isZooming() const override { return _isZooming; }
     void setZooming(bool on) override { _isZooming = on; }
-    const HeaderTable* headerTable() const override { return nullptr; }
+    const HeaderWords* headerWords() const override { return &segyWords(); }
     void setOverlayMode(bool on) override { isOverlay = on; }
     ColorBarFrame* overlayColorBarFrame() override { return &overlayBar; }
     Report& report() override { return printed; }

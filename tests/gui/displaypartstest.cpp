@@ -37,13 +37,18 @@ private slots:
     void aDisplayWithoutMemoryTellsItsWindow();
 };
 
-static const HeaderKeys keys = {standardWordIndex("FFID    "), standardWordIndex("FFID    "),
-                                standardWordIndex("CHAN    "), standardWordIndex("CHAN    ")};
+static const HeaderKeys keys = {WordFrom0(standardWordIndex("FFID    ")), WordFrom0(standardWordIndex("FFID    ")),
+                                WordFrom0(standardWordIndex("CHAN    ")), WordFrom0(standardWordIndex("CHAN    "))};
 
 static TraceBatch batchOf(TestEnsemble& ensemble, int firstSample, int nSamples)
 {
-    return {ensemble.traces.data(), ensemble.headers.data(), int(ensemble.traces.size()), firstSample, nSamples,
-            standardWordCount};
+    return {ensemble.traces.data(),
+            ensemble.headers.data(),
+            int(ensemble.traces.size()),
+            firstSample,
+            nSamples,
+            standardWordCount,
+            &segyWords()};
 }
 
 /// A batch that no memory holds; nothing of it is read before room is made.
@@ -57,7 +62,7 @@ static TraceBatch tooLarge(TestEnsemble& ensemble)
 void DisplayPartsTest::aLayerHasACopyOfTheSamplesTaken()
 {
     QwtPlot plot;
-    TraceLayer layer(&plot, nullptr, "data", nullptr);
+    TraceLayer layer(&plot, nullptr, "data");
     TestEnsemble ensemble(4, 50);
     std::string error;
     QCOMPARE(layer.take(batchOf(ensemble, 10, 20), keys, 0, &error), 1);
@@ -66,7 +71,7 @@ void DisplayPartsTest::aLayerHasACopyOfTheSamplesTaken()
     QCOMPARE(layer.data()->sampleCount(), 20);
     QCOMPARE(*layer.data()->getTraceValues(2, 5), 2015.0f);
     QCOMPARE(layer.data()->numHeaderWords(), int(standardWordCount));
-    QCOMPARE(layer.data()->secKey(), keys.sec);
+    QCOMPARE(layer.data()->secKey(), keys.sec.value);
     layer.show(10, QRect(0, 0, 300, 200));
     QVERIFY(layer.plot()->isDataLoaded());
     QCOMPARE(layer.plot()->seisRect().nTraces, 4);
@@ -80,7 +85,7 @@ void DisplayPartsTest::aLayerHasACopyOfTheSamplesTaken()
 void DisplayPartsTest::aLayerKnowsTheBatchThatItTookLast()
 {
     QwtPlot plot;
-    TraceLayer layer(&plot, nullptr, "data", nullptr);
+    TraceLayer layer(&plot, nullptr, "data");
     TestEnsemble ensemble(4, 50);
     std::string error;
     layer.take(batchOf(ensemble, 10, 20), keys, 0, &error);
@@ -93,7 +98,7 @@ void DisplayPartsTest::aLayerKnowsTheBatchThatItTookLast()
 void DisplayPartsTest::aLayerWithoutMemoryKeepsItsData()
 {
     QwtPlot plot;
-    TraceLayer layer(&plot, nullptr, "data", nullptr);
+    TraceLayer layer(&plot, nullptr, "data");
     TestEnsemble ensemble(4, 50);
     std::string error;
     layer.take(batchOf(ensemble, 0, 50), keys, 0, &error);
@@ -107,7 +112,7 @@ void DisplayPartsTest::aLayerGoesFromItsPlot()
 {
     QwtPlot plot;
     {
-        TraceLayer layer(&plot, nullptr, "data", nullptr);
+        TraceLayer layer(&plot, nullptr, "data");
         QCOMPARE(plot.itemList().size(), 1);
     }
     QCOMPARE(plot.itemList().size(), 0);
@@ -117,7 +122,7 @@ void DisplayPartsTest::aLayerGoesFromItsPlot()
 struct OverlayFixture {
     TestHost host;
     QwtPlot plot;
-    TraceLayer main{&plot, nullptr, "data", nullptr};
+    TraceLayer main{&plot, nullptr, "data"};
     OverlayLayer overlay{&plot, nullptr, &host};
     TestEnsemble ensemble{4, 50};
     std::string error;

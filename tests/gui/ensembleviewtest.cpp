@@ -1,6 +1,6 @@
 /// What tools of higher floors learn of a display, and when: its view, its registers, and its interfaces to them.
-#include "display/displaypicker.h"
 #include "display/ensembleview.h"
+#include "display/displaypicker.h"
 #include "display/headerstrip.h"
 #include "display/imagestorage.h"
 #include "display/seismicplot.h"

@@ -501,7 +501,7 @@ void ImageRecorderTest::theLabelsStayThePicturesWhateverTheMenusDo()
     f.next();
     f.next();
     f[0]->showImage(0);
-    f[0]->setSecKey(standardWordIndex("FFID    "));  // of the data, which are not in view
+    f[0]->setSecKey(WordFrom0(standardWordIndex("FFID    ")));  // of the data, which are not in view
     QTRY_VERIFY(f.title(f[0]).startsWith("Image:   1 "));
     QCOMPARE(f[0]->axisScaleDraw(QwtPlot::xTop)->label(5.0).text(), QString("105"));
     f[0]->setShowImage(false);

@@ -222,7 +222,7 @@ void PictureLineTest::theNameOfTheTraceLabelsStandsBesideThem()
     // whole capitals, above the labels
     QVERIFY2(ink.height() >= metrics.capHeight() - 1, qPrintable(QString::number(ink.height())));
     QVERIFY(ink.bottom() < fixture[0]->recordAxis()->pos().y() - metrics.capHeight());
-    fixture[0]->setSecKey(standardWordIndex("TRC_TYPE"));
+    fixture[0]->setSecKey(WordFrom0(standardWordIndex("TRC_TYPE")));
     QCOMPARE(fixture[0]->recordAxis()->name(), QString("TRC_TYPE"));
 }
 

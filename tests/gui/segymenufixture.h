@@ -104,15 +104,12 @@ public:
     int segyLoadFromMenu() override
     {
         asked.append(dialog->loadParm());
-        const SegyLoadParm& parm = asked.last();
-        auto next = std::make_unique<SegyLoader>(1, parm.files, 0, parm.isort, parm.itype, parm.iformat,
-                                                 parm.ivariable, littleEndian() ? 1 : 0, parm.icscale, parm.iescale,
-                                                 parm.nsamp, parm.maxtr, parm.srate, parm.iremap, parm.indexbuilt,
-                                                 true, &report);
-        next->setRemapTable(parm.iremap, dialog->remapTable());
-        if (!next->openFiles()) return 0;
+        SegyLoadParm parm = asked.last();
+        parm.remapTable = dialog->remapTable();
+        auto next = SegyLoader::open(parm, &report);
+        if (!next) return 0;
         dialog->buildConnections(next.get());
-        next->initBuild();
+        next->dataLoaded();
         loader = std::move(next);
         return 1;
     }

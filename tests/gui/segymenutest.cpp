@@ -160,7 +160,7 @@ void SegyMenuTest::emptyFieldsAreZeroArguments()
     // What the reel says: 4 samples, 2 ms, sort code 1; 4 data traces and 5 auxiliary ones.
     QCOMPARE(menu.host.loader->numSamples(), 4);
     QCOMPARE(menu.host.loader->sampleRate(), 2.0f);
-    QCOMPARE(menu.host.loader->currentSortKey(), 1);
+    QCOMPARE(menu.host.loader->currentSortKey(), SortCode(1));
     QCOMPARE(menu.host.loader->maxTraces(), 9);
 }
 
@@ -179,7 +179,7 @@ void SegyMenuTest::theFieldsReachTheLoader()
     menu.click("openButton");
     QCOMPARE(menu.host.asked.size(), 1);
     const SegyLoader& loader = *menu.host.loader;
-    QCOMPARE(loader.currentSortKey(), 4);
+    QCOMPARE(loader.currentSortKey(), SortCode(4));
     QCOMPARE(int(loader.getReelHeader()->format), 2);
     QCOMPARE(loader.applyCoorScale(), 1);
     QCOMPARE(loader.applyElevScale(), 1);

@@ -402,12 +402,12 @@ void SegyMenuWindowTest::seekInAnotherSortRebuildsTheSortFirst()
         dialog->findChild<QSpinBox*>("seekSpin")->setValue(104);
         dialog->accept();
     }));
-    QCOMPARE(fixture.window->segyLoader()->currentSortKey(), 4);
+    QCOMPARE(fixture.window->segyLoader()->currentSortKey(), SortCode(4));
     QCOMPARE(fixture.window->numberOfRecords(), 6);
     QCOMPARE(fixture.shownKey(), QString("CDP :104"));
     QCOMPARE(fixture.window->display()->traceCount(), 1);
-    QCOMPARE(fixture.menu->ipkey, fixture.window->segyLoader()->priEKey());
-    QCOMPARE(fixture.menu->iskeyreal, fixture.window->segyLoader()->secEKey());
+    QCOMPARE(fixture.menu->ipkey, fixture.window->segyLoader()->priEKey().value);
+    QCOMPARE(fixture.menu->iskeyreal, fixture.window->segyLoader()->secEKey().value);
     fixture.action("backAct")->trigger();
     QCOMPARE(fixture.shownKey(), QString("CDP :103"));
 }
@@ -495,7 +495,7 @@ void SegyMenuWindowTest::aDismissedSeekChangesNothing()
         dialog->findChild<QComboBox*>("seekPriBox")->setCurrentText("CDP Gather");
         dialog->reject();
     }));
-    QCOMPARE(fixture.window->segyLoader()->currentSortKey(), 1);
+    QCOMPARE(fixture.window->segyLoader()->currentSortKey(), SortCode(1));
     QCOMPARE(fixture.shownKey(), QString("FFID :10"));
 }
 

@@ -38,10 +38,8 @@ void SegyRecDialogTest::initTestCase()
 std::unique_ptr<SegyLoader> SegyRecDialogTest::open(int isort, const QByteArray& bytes)
 {
     const QString file = writeSegy(_folder.path() + "/six.sgy", bytes);
-    auto loader = std::make_unique<SegyLoader>(1, file, 0, isort, 0, 0, 0, littleEndian() ? 1 : 0, 0, 0, 0, 0, 0.0f, 0,
-                                               1, true, &_report);
-    if (!loader->openFiles()) qFatal("no loader");
-    loader->initBuild();
+    auto loader = SegyLoader::open({.files = file, .isort = isort, .indexbuilt = 1}, &_report);
+    if (!loader) qFatal("no loader");
     loader->loadNextEnsemble(1);
     return loader;
 }
@@ -81,8 +79,8 @@ void SegyRecDialogTest::anotherSortHasItsOwnRange()
     QCOMPARE(spin->maximum(), 106);
     sorts->setCurrentText("FFID");
     QCOMPARE(rangeOf(&dialog), QString(" Range: 10 - 12"));
-    QCOMPARE(dialog.getSortKey(), 1);
-    QCOMPARE(loader->currentSortKey(), 1);
+    QCOMPARE(dialog.getSortKey(), SortCode(1));
+    QCOMPARE(loader->currentSortKey(), SortCode(1));
     QCOMPARE(loader->numEnsembles(), 3);
 }
 
@@ -111,7 +109,7 @@ void SegyRecDialogTest::acceptGivesTheSortAndTheValue()
     QTest::keyClick(spin, Qt::Key_Return);
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
     QCOMPARE(dialog.prikey(), 104);
-    QCOMPARE(dialog.getSortKey(), 4);
+    QCOMPARE(dialog.getSortKey(), SortCode(4));
 }
 
 void SegyRecDialogTest::dismissedItChangesNothing()
@@ -131,13 +129,13 @@ void SegyRecDialogTest::aSortWithoutANameOffersTheValuesOfTheList()
     QByteArray bytes = segyBytes();
     put16(&bytes, 3228, 6);  // CDP with CHAN, which stands in no list
     const auto loader = open(0, bytes);
-    QCOMPARE(loader->currentSortKey(), 0);
+    QCOMPARE(loader->currentSortKey(), SortCode(0));
     SegyRecDialog dialog(loader.get());
     QCOMPARE(dialog.findChild<QComboBox*>("seekPriBox")->currentIndex(), -1);
     QCOMPARE(rangeOf(&dialog), QString(" Range: 101 - 106"));
     dialog.findChild<QSpinBox*>("seekSpin")->setValue(105);
     dialog.accept();
-    QCOMPARE(dialog.getSortKey(), 0);
+    QCOMPARE(dialog.getSortKey(), SortCode(0));
     QCOMPARE(dialog.prikey(), 105);
 }
 

@@ -561,7 +561,7 @@ void SeismicDisplayTest::otherTraceLabelsArePaintedAtOnce()
     QApplication::processEvents();  // what is still to be painted of the load
     axis.count = 0;
     if (change == 0) f[0]->setPlotDirection(RightToLeft);
-    if (change == 1) f[0]->setSecKey(standardWordIndex("TRC_TYPE"));
+    if (change == 1) f[0]->setSecKey(WordFrom0(standardWordIndex("TRC_TYPE")));
     if (change == 2) f[0]->setVAxisValues(false);
     f[0]->rebuildPlot();
     QTRY_VERIFY(axis.count > 0);

@@ -141,8 +141,7 @@ TEST(TracePlace, ReachesHalfWayToTheNeighbours)
 
 TEST(TracePlace, BesideTheTracesIsNone)
 {
-    for (const double x : {0.49, -3.0, 20.5, 1e300, std::nan("")})
-        EXPECT_EQ(xToTrace(x, 20, false), -1) << x;
+    for (const double x : {0.49, -3.0, 20.5, 1e300, std::nan("")}) EXPECT_EQ(xToTrace(x, 20, false), -1) << x;
     EXPECT_EQ(xToTrace(1.0, 0, false), -1);
 }
 

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <bit>
 #include <cstdlib>
 #include <cstring>
@@ -64,14 +65,16 @@ struct HeaderAxisTest : testing::Test {
             headers.push_back(words[i].data());
         }
         data.clear();
-        data.setHeaderTable(&table);
+        data.setHeaderWords(&table);
         data.setNumHeaderWords(6);
         data.loadAllTraces(traces.data(), headers.data(), 1, n);
     }
 
-    int build(const HeaderKeys& keys, bool rightToLeft = false, bool isDifference = false)
+    /// Header words counted from 0: primary and its real key, secondary and its real key.
+    int build(const std::array<int, 4>& keys, bool rightToLeft = false, bool isDifference = false)
     {
-        return axis.build(data, keys, true, rightToLeft, isDifference, &table, &error);
+        const HeaderKeys words = {WordFrom0(keys[0]), WordFrom0(keys[1]), WordFrom0(keys[2]), WordFrom0(keys[3])};
+        return axis.build(data, words, rightToLeft, isDifference, &error);
     }
 };
 

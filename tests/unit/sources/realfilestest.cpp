@@ -1,8 +1,7 @@
 /// Every SEG-Y file of the real data: how it opens, and that each sample and header word is right, by a tiny
 /// reader of the test's own and by segyio.
-#include "sources/segyloader.h"
 #include "tests/testdata.h"
-#include "tests/unit/sources/segybuilder.h"
+#include "tests/unit/sources/segyloaderfixture.h"
 
 #include <QTemporaryDir>
 
@@ -90,32 +89,17 @@ const RealFile realFiles[] = {
 };
 
 /// A loader with an index, on a file of the real data or any other.
-struct RealLoader {
-    CollectReport report;
-    SegyLoader loader;
-    bool isGood;
+struct RealLoader : Loaded {
     RealLoader(const std::string& path, Type type, int formatChoice, int isort = 0, int scalars = 1, int ivariable = 0)
-        : loader(1, QString::fromStdString(path), 0, isort, type == Msdos, formatChoice, ivariable, 1, scalars, scalars,
-                 0, 0, 0.0f, 0, 1, true, &report),
-          isGood(loader.openFiles())
+        : Loaded({.files = path, .isort = isort, .itype = type == Msdos, .iformat = formatChoice, .ivariable = ivariable,
+                  .icscale = scalars, .iescale = scalars, .indexbuilt = 1})
     {
-        if (isGood) loader.initBuild();
+        open();
     }
     explicit RealLoader(const RealFile& file) : RealLoader(testDataFile(file.name), file.type, file.formatChoice) {}
-    int word(int iTrace, const char* name)
-    {
-        return loader.getHeaders()[iTrace][loader.segyHeader()->OrvinHeaderIndex(name)];
-    }
-    float real(int iTrace, const char* name)
-    {
-        const int bits = word(iTrace, name);
-        float value;
-        std::memcpy(&value, &bits, sizeof value);
-        return value;
-    }
     void loadAll(int most)
     {
-        for (int i = 0; i < std::min(most, loader.numEnsembles()); ++i) loader.loadNextEnsemble(1);
+        for (int i = 0; i < std::min(most, loader->numEnsembles()); ++i) loader->loadNextEnsemble(1);
     }
 };
 
@@ -224,23 +208,23 @@ TEST_P(RealFileTest, OpensAndEverySampleAndWordIsThatOfAPlainReader)
     RealLoader real(file);
     ASSERT_TRUE(real.isGood) << real.report.text;
     EXPECT_TRUE(real.report.boxes.empty());
-    ASSERT_EQ(real.loader.getTotalTraces(), file.nTraces);
-    ASSERT_EQ(real.loader.numSamples(), file.nSamples);
-    EXPECT_FLOAT_EQ(real.loader.sampleRate(), float(file.intervalUs) / 1000.0f);
+    ASSERT_EQ(real.loader->getTotalTraces(), file.nTraces);
+    ASSERT_EQ(real.loader->numSamples(), file.nSamples);
+    EXPECT_FLOAT_EQ(real.loader->sampleRate(), float(file.intervalUs) / 1000.0f);
     const std::vector<unsigned char> bytes = bytesOf(testDataFile(file.name));
     const PlainReader plain{bytes, file.type == Standard};
-    const int format = real.loader.getReelHeader()->format;
+    const int format = real.loader->getReelHeader()->format;
     const int nBytes = format == 3 ? 2 : format == 6 ? 1 : 4;
     const size_t record = 240 + size_t(file.nSamples) * size_t(nBytes);
     std::vector<float> data(size_t(60 + file.nSamples));
     for (int i = 0; i < file.nTraces; ++i) {
-        const segyMapItem& item = real.loader.getMapArray()[i];
+        const segyMapItem& item = real.loader->getMapArray()[i];
         const size_t start = 3600 + item.itrace * record;
         ASSERT_EQ(item.offset, start);
-        ASSERT_GT(real.loader.seekTraceConverted(i, data.data(), true), 0);
+        ASSERT_GT(real.loader->seekTraceConverted(i, data.data(), true), 0);
         const auto word = [&](const char* name) {
             int value;
-            std::memcpy(&value, &data[size_t(real.loader.segyHeader()->OrvinHeaderIndex(name))], 4);
+            std::memcpy(&value, &data[size_t(real.loader->segyHeader()->OrvinHeaderIndex(name))], 4);
             return value;
         };
         ASSERT_EQ(word("TRACENO "), plain.int32(start));
@@ -251,7 +235,7 @@ TEST_P(RealFileTest, OpensAndEverySampleAndWordIsThatOfAPlainReader)
         ASSERT_EQ(word("TRC_TYPE"), plain.int16(start + 28));
         ASSERT_EQ(word("ILINE_NO"), plain.int32(start + 188));
         ASSERT_EQ(word("XLINE_NO"), plain.int32(start + 192));
-        const auto value = [&](const char* name) { return data[size_t(real.loader.segyHeader()->OrvinHeaderIndex(name))]; };
+        const auto value = [&](const char* name) { return data[size_t(real.loader->segyHeader()->OrvinHeaderIndex(name))]; };
         ASSERT_EQ(value("OFFSET  "), float(plain.int32(start + 36)));
         const int scalar = plain.int16(start + 70);
         const float factor = scalar < 0 ? float(1.0 / -scalar) : float(scalar);
@@ -301,15 +285,15 @@ TEST_P(SegyioTest, EverySampleAndHeaderWordIsThatOfSegyio)
     ASSERT_EQ(oracle.int32(8), int(std::size(fields)));
     RealLoader real(file);
     ASSERT_TRUE(real.isGood);
-    const int format = real.loader.getReelHeader()->format;
+    const int format = real.loader->getReelHeader()->format;
     const size_t record = 4 * (std::size(fields) + size_t(file.nSamples));
     ASSERT_EQ(dump.size(), 12 + record * size_t(file.nTraces));
-    std::vector<char> buffer(size_t(real.loader.maxBytes()));
+    std::vector<char> buffer(size_t(real.loader->maxBytes()));
     const std::vector<unsigned char> bytes = bytesOf(testDataFile(file.name));
     const PlainReader raw{bytes, file.type == Standard};
     for (int i = 0; i < file.nTraces; ++i) {
-        ASSERT_GT(real.loader.seekTrace(i, buffer.data(), true), 0);
-        size_t at = 12 + record * real.loader.getMapArray()[i].itrace;
+        ASSERT_GT(real.loader->seekTrace(i, buffer.data(), true), 0);
+        size_t at = 12 + record * real.loader->getMapArray()[i].itrace;
         for (const auto& field : fields) {
             int32_t wide;
             int16_t narrow;
@@ -321,7 +305,7 @@ TEST_P(SegyioTest, EverySampleAndHeaderWordIsThatOfSegyio)
         int16_t weight;
         std::memcpy(&weight, &buffer[168], 2);
         const bool isWeighted = format == 3 || format == 6;  // segyio leaves the weight out
-        const size_t rawStart = real.loader.getMapArray()[i].offset + 240;
+        const size_t rawStart = real.loader->getMapArray()[i].offset + 240;
         for (int j = 0; j < file.nSamples; ++j, at += 4) {
             // segyio takes an IBM fraction without a leading digit for one with it; the plain reader covers these
             if (format == 1 && (raw.unsignedAt(rawStart + 4 * size_t(j), 4) & 0x00f00000u) == 0) continue;
@@ -357,12 +341,12 @@ TEST_P(RealFileTest, EverySortLoadsAndHoldsEveryTraceOnce)
     RealLoader real(GetParam());
     ASSERT_TRUE(real.isGood);
     for (int isort = 1; isort <= 11; ++isort) {
-        real.loader.buildNewSort(isort);
+        real.loader->buildNewSort(SortCode(isort));
         std::set<uint32_t> ranks;
-        for (int i = 0; i < real.loader.getTotalTraces(); ++i) ranks.insert(real.loader.getMapArray()[i].itrace);
+        for (int i = 0; i < real.loader->getTotalTraces(); ++i) ranks.insert(real.loader->getMapArray()[i].itrace);
         EXPECT_EQ(int(ranks.size()), GetParam().nTraces);
-        EXPECT_TRUE(real.loader.loadNextEnsemble(1));
-        EXPECT_GE(real.loader.numTraces(), 1);
+        EXPECT_TRUE(real.loader->loadNextEnsemble(1));
+        EXPECT_GE(real.loader->numTraces(), 1);
     }
 }
 
@@ -403,10 +387,10 @@ TEST(RealFilesInTheWild, ACropLeavesTraceCountsThatAreWrongAndTheReelWins)
     } cases[] = {{"prestack-marine/viking_small.segy", 600, 1500}, {"poststack-3d/f3.sgy", 75, 462}};
     for (const auto& c : cases) {
         RealLoader real(testDataFile(c.name), Standard, 0);
-        std::vector<char> buffer(size_t(real.loader.maxBytes()));
-        real.loader.seekTrace(0, buffer.data(), true);
-        EXPECT_EQ(real.loader.SegyData()->segytrace->nsampt, c.inTraces);
-        EXPECT_EQ(real.loader.numSamples(), c.inReel);
+        std::vector<char> buffer(size_t(real.loader->maxBytes()));
+        real.loader->seekTrace(0, buffer.data(), true);
+        EXPECT_EQ(real.loader->SegyData()->segytrace->nsampt, c.inTraces);
+        EXPECT_EQ(real.loader->numSamples(), c.inReel);
     }
 }
 
@@ -421,7 +405,7 @@ TEST(RealFilesInTheWild, AnIntervalOfZeroOrBelowInTheReelComesFromTheFirstTrace)
                  {"prestack-synthetic/unit_test_shot_records_1.segy", 2.0f}};
     for (const auto& c : cases) {
         RealLoader real(testDataFile(c.name), Standard, 0);
-        EXPECT_EQ(real.loader.sampleRate(), c.ms) << c.name;
+        EXPECT_EQ(real.loader->sampleRate(), c.ms) << c.name;
         EXPECT_TRUE(real.report.has("segyData2: Warning, fixed sample rate from first trace header: " +
                                     std::to_string(int(c.ms * 1000)) + "\n"));
     }
@@ -432,10 +416,10 @@ TEST(RealFilesInTheWild, SixtyThousandSamplesAreTakenUnsigned)
     SKIP_WITHOUT_TEST_DATA();
     RealLoader real(testDataFile("odd-headers/long.sgy"), Standard, 0);
     ASSERT_TRUE(real.isGood);
-    EXPECT_EQ(real.loader.numSamples(), 60000);
+    EXPECT_EQ(real.loader->numSamples(), 60000);
     EXPECT_TRUE(real.report.has("segyData2: Warning, fixed no. of samples, taken as unsigned: 60000\n"));
-    real.loader.loadNextEnsemble(1);
-    EXPECT_EQ(real.loader.numTraces(), 1);
+    real.loader->loadNextEnsemble(1);
+    EXPECT_EQ(real.loader->numTraces(), 1);
 }
 
 TEST(RealFilesInTheWild, TextHeadersOfEveryKindAreShownWithoutControls)
@@ -473,26 +457,26 @@ TEST(RealFilesInTheWild, CoordinateScalarsAreAppliedAsTheyStandTraceByTrace)
 {
     SKIP_WITHOUT_TEST_DATA();
     RealLoader land(testDataFile("prestack-land/land_shot_3360.sgy"), Standard, 0);
-    std::vector<char> buffer(size_t(land.loader.maxBytes()));
-    land.loader.seekTrace(0, buffer.data(), true);
-    EXPECT_EQ(land.loader.SegyData()->segytrace->cscale, 32);
-    const int srcx = land.loader.SegyData()->segytrace->srcx;
-    land.loader.loadNextEnsemble(1);
+    std::vector<char> buffer(size_t(land.loader->maxBytes()));
+    land.loader->seekTrace(0, buffer.data(), true);
+    EXPECT_EQ(land.loader->SegyData()->segytrace->cscale, 32);
+    const int srcx = land.loader->SegyData()->segytrace->srcx;
+    land.loader->loadNextEnsemble(1);
     EXPECT_EQ(land.real(0, "SOU_X   "), float(srcx) * 32.0f);
 
     RealLoader zero(testDataFile("cdp-gathers/syn_cmp.sgy"), Standard, 0);
-    zero.loader.loadNextEnsemble(1);
+    zero.loader->loadNextEnsemble(1);
     EXPECT_EQ(zero.real(5, "SOU_X   "), 0.0f);
     EXPECT_TRUE(zero.report.hasAssumed("SegyLoader: coordinate scalar 0 in 38 of 38 traces, first in trace 1 (0)"));
 
     std::set<int> scalars;
     RealLoader mixed(testDataFile("cdp-gathers/gom_cdp_1010_nmo.sgy"), Standard, 0);
-    buffer.resize(size_t(mixed.loader.maxBytes()));
-    for (int i = 0; i < mixed.loader.getTotalTraces(); ++i) {
-        mixed.loader.seekTrace(i, buffer.data(), true);
-        const segyTrace& trace = *mixed.loader.SegyData()->segytrace;
+    buffer.resize(size_t(mixed.loader->maxBytes()));
+    for (int i = 0; i < mixed.loader->getTotalTraces(); ++i) {
+        mixed.loader->seekTrace(i, buffer.data(), true);
+        const segyTrace& trace = *mixed.loader->SegyData()->segytrace;
         scalars.insert(trace.cscale);
-        EXPECT_EQ(mixed.loader.getMapArray()[i].item[12], float(trace.srcx) * float(1.0 / -trace.cscale));
+        EXPECT_EQ(mixed.loader->getMapArray()[i].item[12], float(trace.srcx) * float(1.0 / -trace.cscale));
     }
     EXPECT_EQ(scalars, (std::set<int>{-10000, -1000}));
 }
@@ -505,7 +489,7 @@ TEST(RealFilesInTheWild, CoordinatesOfTheLeastIntegerDoNoHarm)
     file.setHeader<int16_t>(0, 70, INT16_MIN);
     const QTemporaryDir folder;
     RealLoader real(file.save(folder.filePath("a.sgy").toStdString()), Standard, 0);
-    real.loader.loadNextEnsemble(1);
+    real.loader->loadNextEnsemble(1);
     EXPECT_EQ(real.real(0, "SOU_X   "), -65536.0f);  // 2^31 / 2^15
     EXPECT_EQ(real.real(0, "AOFFSET "), 2147483648.0f);
 }
@@ -514,10 +498,10 @@ TEST(RealFilesInTheWild, EmptyOffsetsAndDelaysAreMentioned)
 {
     SKIP_WITHOUT_TEST_DATA();
     RealLoader gather(testDataFile("prestack-land/real_gather.sgy"), Standard, 0);
-    gather.loader.loadNextEnsemble(1);
+    gather.loader->loadNextEnsemble(1);
     EXPECT_TRUE(gather.report.hasAssumed("SegyLoader: empty offset in 96 of 96 traces, first in trace 1 (0)"));
     RealLoader hammer(testDataFile("first-breaks/hammer_profile_a.sgy"), Standard, 0);
-    hammer.loader.loadNextEnsemble(1);
+    hammer.loader->loadNextEnsemble(1);
     EXPECT_TRUE(hammer.report.hasAssumed("SegyLoader: recording delay in ms in 60 of 60 traces, first in trace 1 (-200)"));
     EXPECT_FALSE(hammer.report.hasAssumed("empty offset")) << "one trace at offset 0 is geometry";
 
@@ -526,7 +510,7 @@ TEST(RealFilesInTheWild, EmptyOffsetsAndDelaysAreMentioned)
     file.setHeader<int16_t>(0, 108, -800);
     const QTemporaryDir folder;
     RealLoader made(file.save(folder.filePath("a.sgy").toStdString()), Standard, 0);
-    made.loader.loadNextEnsemble(1);
+    made.loader->loadNextEnsemble(1);
     EXPECT_TRUE(made.report.hasAssumed("recording delay in ms in 1 of 1 traces, first in trace 1 (-800)"));
 }
 
@@ -534,10 +518,10 @@ TEST(RealFilesInTheWild, UnequalShotsLoadWithTheirOwnCounts)
 {
     SKIP_WITHOUT_TEST_DATA();
     RealLoader real(testDataFile("odd-headers/shot-gather.sgy"), Standard, 0);
-    EXPECT_EQ(real.loader.priList(), (QStringList{"2", "3", "5", "8"}));
+    EXPECT_EQ(real.loader->priList(), (QStringList{"2", "3", "5", "8"}));
     for (int expected : {10, 12, 13, 26}) {
-        real.loader.loadNextEnsemble(1);
-        EXPECT_EQ(real.loader.numTraces(), expected);
+        real.loader->loadNextEnsemble(1);
+        EXPECT_EQ(real.loader->numTraces(), expected);
     }
 }
 
@@ -545,17 +529,17 @@ TEST(RealFilesInTheWild, NanAndHugeAmplitudesPassAsTheyStand)
 {
     SKIP_WITHOUT_TEST_DATA();
     RealLoader nan(testDataFile("prestack-synthetic/f11_02673_45Hz.segy"), Standard, 0);
-    nan.loader.loadNextEnsemble(1);
-    ASSERT_EQ(nan.loader.numTraces(), 41);
+    nan.loader->loadNextEnsemble(1);
+    ASSERT_EQ(nan.loader->numTraces(), 41);
     for (int i = 0; i < 41; ++i) {
-        const float* trace = nan.loader.getTraces()[i];
+        const float* trace = nan.loader->getTraces()[i];
         EXPECT_EQ(std::count_if(trace, trace + 2701, [](float v) { return std::isnan(v); }), 51) << i;
     }
     RealLoader huge(testDataFile("prestack-land/land_shot_3360.sgy"), Standard, 0);
-    huge.loader.loadNextEnsemble(1);
+    huge.loader->loadNextEnsemble(1);
     float largest = 0.0f;
-    for (int i = 0; i < huge.loader.numTraces(); ++i)
-        for (int j = 0; j < 2501; ++j) largest = std::max(largest, std::fabs(huge.loader.getTraces()[i][j]));
+    for (int i = 0; i < huge.loader->numTraces(); ++i)
+        for (int j = 0; j < 2501; ++j) largest = std::max(largest, std::fabs(huge.loader->getTraces()[i][j]));
     EXPECT_GT(largest, 1.5e9f);
     EXPECT_LT(largest, 1.7e9f);
 }
@@ -569,6 +553,6 @@ TEST(RealFilesInTheWild, TrailingBytesAreOneMoreCutTrace)
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
     std::ofstream(path, std::ios::binary | std::ios::app) << std::string(17, '\x1a');
     RealLoader real(path, Standard, 0);
-    EXPECT_EQ(real.loader.getTotalTraces(), 21);
+    EXPECT_EQ(real.loader->getTotalTraces(), 21);
     EXPECT_TRUE(real.report.hasAssumed("1 trace is cut by the end of the file, trace 21 (17 bytes of 1040)"));
 }

@@ -20,11 +20,11 @@ TEST_F(SegyAssumptionsTest, EachKindIsOneLineAFileAndItsCountGoesOn)
         Loaded l({.files = save(file), .indexbuilt = indexbuilt});
         ASSERT_TRUE(l.open().isGood);
         int nChanges = 0;
-        QObject::connect(&l.loader, &SegyLoader::assumptionsChanged, &l.loader, [&] { ++nChanges; });
+        QObject::connect(l.loader.get(), &SegyLoader::assumptionsChanged, l.loader.get(), [&] { ++nChanges; });
         const std::vector<int64_t> counts = {1, 3, 5};
         for (size_t record = 0; record < 3; ++record) {
-            l.loader.loadNextEnsemble(1);
-            const std::vector<SegyAssumption> all = l.loader.assumptions();
+            l.loader->loadNextEnsemble(1);
+            const std::vector<SegyAssumption> all = l.loader->assumptions();
             ASSERT_EQ(all.size(), 1u);
             EXPECT_EQ(all[0].name, "trace id other than 1");
             EXPECT_EQ(all[0].count, counts[record]);
@@ -39,8 +39,8 @@ TEST_F(SegyAssumptionsTest, EachKindIsOneLineAFileAndItsCountGoesOn)
                     ElementsAre("SegyLoader: trace id other than 1 in 1 of 2 traces, first in trace 2 (2): not counted "
                                 "as live traces"));
         if (!indexbuilt) continue;
-        l.loader.loadLastEnsemble(1);
-        EXPECT_EQ(l.loader.assumptions()[0].count, 5) << "a trace seen again counts once";
+        l.loader->loadLastEnsemble(1);
+        EXPECT_EQ(l.loader->assumptions()[0].count, 5) << "a trace seen again counts once";
     }
 }
 
@@ -50,10 +50,10 @@ TEST_F(SegyAssumptionsTest, EmptyOffsetsAreToldWhereAllTracesOfARecordAreEmpty)
     for (size_t i : {0, 1, 3, 4}) file.setHeader<int32_t>(i, 36, 0);
     Loaded l({.files = save(file)});
     ASSERT_TRUE(l.open().isGood);
-    l.loader.loadNextEnsemble(1);
-    l.loader.loadNextEnsemble(1);
-    EXPECT_THAT(l.loader.assumptions(), IsEmpty()) << "one trace alone, and one of two";
-    l.loader.loadNextEnsemble(1);
+    l.loader->loadNextEnsemble(1);
+    l.loader->loadNextEnsemble(1);
+    EXPECT_THAT(l.loader->assumptions(), IsEmpty()) << "one trace alone, and one of two";
+    l.loader->loadNextEnsemble(1);
     EXPECT_THAT(l.report.assumptions, ElementsAre("SegyLoader: empty offset in 2 of 5 traces, first in trace 4 (0): all "
                                                   "traces are taken to be at offset 0"));
 }
@@ -64,10 +64,10 @@ TEST_F(SegyAssumptionsTest, ADelayIsTellableByItself)
     file.setHeader<int16_t>(1, 108, -200);
     Loaded l({.files = save(file)});
     ASSERT_TRUE(l.open().isGood);
-    l.loader.loadNextEnsemble(1);
-    ASSERT_EQ(l.loader.assumptions().size(), 1u);
-    EXPECT_TRUE(l.loader.assumptions()[0].isDelayLeftOut);
-    EXPECT_EQ(l.loader.assumptions()[0].firstValue, -200);
+    l.loader->loadNextEnsemble(1);
+    ASSERT_EQ(l.loader->assumptions().size(), 1u);
+    EXPECT_TRUE(l.loader->assumptions()[0].isDelayLeftOut);
+    EXPECT_EQ(l.loader->assumptions()[0].firstValue, -200);
 }
 
 TEST_F(SegyAssumptionsTest, CountAndIntervalOfTheTraceHeadersAreHeldAgainstThoseInForce)
@@ -79,7 +79,7 @@ TEST_F(SegyAssumptionsTest, CountAndIntervalOfTheTraceHeadersAreHeldAgainstThose
     }
     Loaded l({.files = save(file)});
     ASSERT_TRUE(l.open().isGood);
-    l.loader.loadNextEnsemble(1);
+    l.loader->loadNextEnsemble(1);
     EXPECT_THAT(l.report.assumptions,
                 ElementsAre("SegyLoader: another sample count in the trace header in 1 of 3 traces, first in trace 3 (7): "
                             "the traces are read with the count of the file",
@@ -98,7 +98,7 @@ TEST_F(SegyAssumptionsTest, ALongerTraceOfVariableLengthIsToldAndAShorterOneIsNo
     }
     Loaded l({.files = save(file), .ivariable = 1});
     ASSERT_TRUE(l.open().isGood);
-    l.loader.loadNextEnsemble(1);
+    l.loader->loadNextEnsemble(1);
     EXPECT_THAT(l.report.assumptions, ElementsAre("SegyLoader: more samples than the file's count in 1 of 3 traces, first "
                                                   "in trace 3 (5): what is behind that count is left out"));
 }
@@ -119,7 +119,7 @@ TEST_F(SegyAssumptionsTest, ExtendedTextsAndLongHeadersAreToldUnlessTheLayoutFol
     SegyReadLayout layout;
     layout.firstTrace = 10000;
     layout.headerBytes = 480;
-    followed.loader.setLayout(layout);
+    followed.parm.layout = layout;
     ASSERT_TRUE(followed.open().isGood);
     for (const std::string& line : followed.report.assumptions) EXPECT_THAT(line, testing::Not(HasSubstr("told")));
 }
@@ -127,8 +127,8 @@ TEST_F(SegyAssumptionsTest, ExtendedTextsAndLongHeadersAreToldUnlessTheLayoutFol
 TEST_F(SegyAssumptionsTest, RemapRowsThatAreSkippedOrDoAnotherThingAreTold)
 {
     Loaded l({.files = save(shots({2})), .iremap = 1});
-    l.loader.setRemapTable(1, remapTableFromText("CDP,4I,IEEE,9\nFFID,4I,IEEE,241\nNOSUCH,4I,IEEE,9\nCDP,5X,IEEE,9\n"
-                                                 ",4I,IEEE,9\nCDP,,IEEE,9\nCDP,A20,IEEE,230\n"));
+    l.parm.remapTable = remapTableFromText("CDP,4I,IEEE,9\nFFID,4I,IEEE,241\nNOSUCH,4I,IEEE,9\nCDP,5X,IEEE,9\n"
+                                           ",4I,IEEE,9\nCDP,,IEEE,9\nCDP,A20,IEEE,230\n");
     ASSERT_TRUE(l.open().isGood);
     EXPECT_THAT(l.report.assumptions,
                 ElementsAre("SegyLoader: row 2 of the remap table: the start byte must be 1 to 240: skipped",
@@ -145,8 +145,8 @@ TEST_F(SegyAssumptionsTest, AnIndexThatSortsByTheChannelInsteadIsTold)
     ASSERT_TRUE(l.open().isGood);
     EXPECT_THAT(l.report.assumptions,
                 ElementsAre("SegyLoader: the index has no key for the sort \"Receiver\": it is sorted by the channel"));
-    l.loader.buildNewSort(1);
-    l.loader.buildNewSort(3);
+    l.loader->buildNewSort(SortCode(1));
+    l.loader->buildNewSort(SortCode(3));
     EXPECT_EQ(l.report.assumptions.size(), 1u);
     Loaded ffid({.files = save(shots({2})), .isort = 1, .indexbuilt = 1});
     ASSERT_TRUE(ffid.open().isGood);
@@ -167,7 +167,7 @@ TEST_F(SegyAssumptionsTest, WhatTheReelLeavesToBeRepairedIsInTheRecordToo)
     Loaded l({.files = save(file)});
     ASSERT_TRUE(l.open().isGood);
     std::vector<std::string> texts;
-    for (const SegyAssumption& assumption : l.loader.assumptions()) texts.push_back(assumption.text() + " | " + assumption.control);
+    for (const SegyAssumption& assumption : l.loader->assumptions()) texts.push_back(assumption.text() + " | " + assumption.control);
     EXPECT_EQ(texts, (std::vector<std::string>{
                          "the text header is ASCII: it is read as EBCDIC | SEGY file type:",
                          "the reel has no sample interval: fixed sample rate from first trace header: 4000 | Input sample rate:"}));

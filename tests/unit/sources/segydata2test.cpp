@@ -601,10 +601,10 @@ TEST(SegySeek, AValueIsFoundByItsTruncatedKey)
     }
     OpenedSegy segy(file);
     segy.data.buildMap(false);
-    EXPECT_EQ(segy.data.seekTraceValue(9, 6), 1);
-    EXPECT_EQ(segy.data.seekTraceValue(7, 6), 3);
+    EXPECT_EQ(segy.data.seekTraceValue(9, KeyNumber(6)), 1);
+    EXPECT_EQ(segy.data.seekTraceValue(7, KeyNumber(6)), 3);
     segy.data.mapItem(0)->item[2] = 9.9f;
-    EXPECT_EQ(segy.data.seekTraceValue(9, 6), 0);
+    EXPECT_EQ(segy.data.seekTraceValue(9, KeyNumber(6)), 0);
 }
 
 TEST(SegySeek, AnEmptyTraceSectionGivesAnEmptyMap)
@@ -612,7 +612,7 @@ TEST(SegySeek, AnEmptyTraceSectionGivesAnEmptyMap)
     OpenedSegy segy((SegyBuilder(5)));
     EXPECT_TRUE(segy.data.buildMap(false));
     EXPECT_EQ(segy.data.totalTraces(), 0);
-    EXPECT_EQ(segy.data.seekTraceValue(1, 3), 0);
+    EXPECT_EQ(segy.data.seekTraceValue(1, KeyNumber(3)), 0);
     EXPECT_EQ(segy.data.mapItem(0), nullptr);
 }
 
@@ -620,12 +620,12 @@ TEST(SegySeek, KeyNumbersHaveTheirSlotsAndNames)
 {
     const int keys[] = {4, 5, 6, 7, 9, 86, 48, 49, 3, 1};
     for (int slot = 0; slot < 10; ++slot) {
-        EXPECT_EQ(segyData2::getItemKey(keys[slot]), slot);
-        EXPECT_EQ(segyData2::getHeaderName(keys[slot]), segyData2::itemList[slot]);
+        EXPECT_EQ(segyData2::getItemKey(KeyNumber(keys[slot])), MapSlot(slot));
+        EXPECT_EQ(segyData2::getHeaderName(KeyNumber(keys[slot])), segyData2::itemList[slot]);
     }
     for (int key : {2, 11, 12, 0, -1, 99}) {
-        EXPECT_EQ(segyData2::getItemKey(key), 0) << key;
-        EXPECT_EQ(segyData2::getHeaderName(key), "") << key;
+        EXPECT_EQ(segyData2::getItemKey(KeyNumber(key)), MapSlot(0)) << key;
+        EXPECT_EQ(segyData2::getHeaderName(KeyNumber(key)), "") << key;
     }
 }
 

@@ -169,21 +169,20 @@ TEST_P(SegyGuessFile, OpensWithTheSettingsGuessedAndShowsItsEnsemblesWhole)
     SKIP_WITHOUT_TEST_DATA();
     const GuessRow& row = GetParam();
     const SegyGuess guess = guessOf(row.name);
-    const SegyLoadParm& parm = guess.parm;
+    SegyLoadParm parm = guess.parm;
+    parm.files = QString::fromStdString(testDataFile(row.name));
+    parm.indexbuilt = 1;
     CollectReport report;
-    SegyLoader loader(1, QString::fromStdString(testDataFile(row.name)), 0, parm.isort, parm.itype, parm.iformat,
-                      parm.ivariable, 1, parm.icscale, parm.iescale, parm.nsamp, parm.maxtr, parm.srate, 0, 1, true, &report);
-    loader.setLayout(parm.layout);
-    ASSERT_TRUE(loader.openFiles()) << report.text;
+    const auto loader = SegyLoader::open(parm, &report);
+    ASSERT_TRUE(loader) << report.text;
     EXPECT_TRUE(report.boxes.empty());
-    loader.initBuild();
-    EXPECT_EQ(loader.getTotalTraces(), row.nTraces);
-    EXPECT_EQ(loader.numSamples(), row.nSamples);
-    EXPECT_FLOAT_EQ(loader.sampleRate(), row.ms);
+    EXPECT_EQ(loader->getTotalTraces(), row.nTraces);
+    EXPECT_EQ(loader->numSamples(), row.nSamples);
+    EXPECT_FLOAT_EQ(loader->sampleRate(), row.ms);
     int most = 0;
-    for (int i = 0; i < loader.numEnsembles(); ++i) {
-        loader.loadNextEnsemble(i > 0 ? 1 : 0);
-        most = std::max(most, loader.numTraces());
+    for (int i = 0; i < loader->numEnsembles(); ++i) {
+        loader->loadNextEnsemble(i > 0 ? 1 : 0);
+        most = std::max(most, loader->numTraces());
     }
     EXPECT_EQ(most, row.largest);
 }

@@ -70,14 +70,12 @@ SegyFirstLook lookAt(const std::string& path, const SegyLoadParm& settings = Seg
     SegyLoadParm told = settings;
     told.files = QString::fromStdString(path);
     CollectReport report;
-    SegyLoader loader(1, told.files, 0, told.isort, told.itype, told.iformat, told.ivariable, 1, told.icscale, told.iescale,
-                      told.nsamp, told.maxtr, told.srate, 0, told.indexbuilt, true, &report);
-    loader.setLayout(told.layout);
-    const bool isOpen = loader.openFiles() && loader.buildAskedIndex() && loader.loadNextEnsemble(1);
+    const auto loader = SegyLoader::open(told, &report);
+    const bool isOpen = loader && loader->loadNextEnsemble(1);
     SegyGuess found;
     std::string error;
     EXPECT_EQ(guessSegyFile(path, told, &found, &error), 1) << error;
-    const SegyFirstLook look = firstLook("name", found, told, segyReading(isOpen ? &loader : nullptr, told));
+    const SegyFirstLook look = firstLook("name", found, told, segyReading(isOpen ? loader.get() : nullptr, told));
     if (guess) *guess = found;
     return look;
 }

@@ -328,17 +328,18 @@ TEST(SegyGuess, TracesOfVariableLengthAreFollowedAndThenOpen)
         const QTemporaryDir folder;
         const std::string path = file.save(folder.filePath("variable.sgy").toStdString());
         CollectReport report;
-        SegyLoader loader(1, QString::fromStdString(path), 0, guess.parm.isort, guess.parm.itype,
-                          guess.parm.iformat, guess.parm.ivariable, 1, 0, 0, guess.parm.nsamp,
-                          guess.parm.maxtr, guess.parm.srate, 0, 1, true, &report);
-        ASSERT_TRUE(loader.openFiles()) << report.text;
-        loader.initBuild();
-        EXPECT_EQ(loader.getTotalTraces(), 7);
-        loader.loadNextEnsemble(1);
-        ASSERT_EQ(loader.numTraces(), 7);
-        EXPECT_EQ(loader.getTraces()[3][40], 2.5f);
-        EXPECT_EQ(loader.getTraces()[4][11], 2.5f);
-        EXPECT_EQ(loader.getTraces()[4][12], 0.0f);
+        SegyLoadParm parm = guess.parm;
+        parm.files = QString::fromStdString(path);
+        parm.icscale = parm.iescale = 0;
+        parm.indexbuilt = 1;
+        const auto loader = SegyLoader::open(parm, &report);
+        ASSERT_TRUE(loader) << report.text;
+        EXPECT_EQ(loader->getTotalTraces(), 7);
+        loader->loadNextEnsemble(1);
+        ASSERT_EQ(loader->numTraces(), 7);
+        EXPECT_EQ(loader->getTraces()[3][40], 2.5f);
+        EXPECT_EQ(loader->getTraces()[4][11], 2.5f);
+        EXPECT_EQ(loader->getTraces()[4][12], 0.0f);
     }
 }
 

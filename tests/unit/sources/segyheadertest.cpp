@@ -404,7 +404,7 @@ TEST(SegyHeader, TheWindowsTableGetsPaddedNamesAndNoneForWordsWithoutOne)
     SegyHeader header;
     header.setTreviaVersion(1);
     HeaderTable table;
-    header.fillHeaderTable(&table, 61);
+    table.fill(header.names(), 61);
     EXPECT_TRUE(table._headerSaved);
     ASSERT_EQ(table.count(), 61);
     EXPECT_EQ(table._headerName[14], "CDP     ");

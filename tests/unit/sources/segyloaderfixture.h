@@ -11,34 +11,42 @@
 
 using Floats = std::vector<float>;
 
-/// The arguments of a loader by name.
+/// What a test says of an opening.
 struct LoaderParm {
     std::string files;
     int isort = 0, itype = 0, iformat = 0, ivariable = 0, icscale = 0, iescale = 0, nsamp = 0, maxtr = 0;
     float srate = 0.0f;
     int iremap = 0, indexbuilt = 0;
     bool isstandalone = true;
+    SegyRemapTable remapTable = {};
+    SegyReadLayout layout = {};
 };
+
+inline SegyLoadParm loadParm(const LoaderParm& p)
+{
+    return {.files = QString::fromStdString(p.files), .isort = p.isort, .itype = p.itype, .iformat = p.iformat,
+            .ivariable = p.ivariable, .icscale = p.icscale, .iescale = p.iescale, .nsamp = p.nsamp, .maxtr = p.maxtr,
+            .srate = p.srate, .iremap = p.iremap, .indexbuilt = p.indexbuilt, .layout = p.layout,
+            .remapTable = p.remapTable, .isStandAlone = p.isstandalone};
+}
 
 struct Loaded {
     CollectReport report;
-    SegyLoader loader;
+    SegyLoadParm parm;
+    std::unique_ptr<SegyLoader> loader;  // null before open, and for a file that was refused
+    QString fileInHand;
     bool isGood = false;
 
-    explicit Loaded(const LoaderParm& p)
-        : loader(1, QString::fromStdString(p.files), 0, p.isort, p.itype, p.iformat, p.ivariable, 1, p.icscale,
-                 p.iescale, p.nsamp, p.maxtr, p.srate, p.iremap, p.indexbuilt, p.isstandalone, &report)
-    {
-    }
+    explicit Loaded(const LoaderParm& p) : parm(loadParm(p)) {}
     Loaded& open()
     {
-        isGood = loader.openFiles();
-        if (isGood) loader.initBuild();
+        loader = SegyLoader::open(parm, &report, nullptr, nullptr, &fileInHand);
+        isGood = loader != nullptr;
         return *this;
     }
     int word(int iTrace, const char* name)
     {
-        return loader.getHeaders()[iTrace][loader.segyHeader()->OrvinHeaderIndex(name)];
+        return loader->getHeaders()[iTrace][loader->segyHeader()->OrvinHeaderIndex(name)];
     }
     float real(int iTrace, const char* name)
     {
@@ -50,13 +58,13 @@ struct Loaded {
     std::vector<int> words(const char* name)
     {
         std::vector<int> all;
-        for (int i = 0; i < loader.numTraces(); ++i) all.push_back(word(i, name));
+        for (int i = 0; i < loader->numTraces(); ++i) all.push_back(word(i, name));
         return all;
     }
     Floats firstSamples()
     {
         Floats all;
-        for (int i = 0; i < loader.numTraces(); ++i) all.push_back(loader.getTraces()[i][0]);
+        for (int i = 0; i < loader->numTraces(); ++i) all.push_back(loader->getTraces()[i][0]);
         return all;
     }
 };

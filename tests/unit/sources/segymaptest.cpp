@@ -280,9 +280,9 @@ TEST(SegyMapSort, EqualsAStableSortWithTheToldComparison)
             std::vector<segyMapItem> items = randomItems(n, nValues, &random);
             std::vector<segyMapItem> expected = items;
             std::stable_sort(expected.begin(), expected.end(), [](const segyMapItem& a, const segyMapItem& b) {
-                return segyMapCompare(a, b, 8, 4) < 0;
+                return segyMapCompare(a, b, MapSlot(8), MapSlot(4)) < 0;
             });
-            sortSegyMap(items.data(), n, 8, 4);
+            sortSegyMap(items.data(), n, MapSlot(8), MapSlot(4));
             ASSERT_EQ(n == 0 || std::memcmp(items.data(), expected.data(), size_t(n) * sizeof(segyMapItem)) == 0, true);
         }
 }
@@ -299,9 +299,9 @@ TEST(SegyMapSort, EqualKeysStandInFileOrderAfterAnySequenceOfSorts)
         }
         for (int change = 0; change < 30; ++change) {
             const int first = int(random() % 16), second = int(random() % 16);
-            sortSegyMap(items.data(), int(items.size()), first, second);
+            sortSegyMap(items.data(), int(items.size()), MapSlot(first), MapSlot(second));
             for (size_t i = 1; i < items.size(); ++i) {
-                const int order = segyMapCompare(items[i - 1], items[i], first, second);
+                const int order = segyMapCompare(items[i - 1], items[i], MapSlot(first), MapSlot(second));
                 ASSERT_LE(order, 0);
                 ASSERT_TRUE(order < 0 || items[i - 1].itrace < items[i].itrace) << "sort " << change;
             }
@@ -317,7 +317,7 @@ TEST(SegyMapSort, EveryPermutationOfAFewItemsComesIntoOrder)
         do {
             std::vector<segyMapItem> items(order.size());
             for (size_t i = 0; i < items.size(); ++i) items[i].item[0] = float(order[i]), items[i].itrace = uint32_t(order[i]);
-            sortSegyMap(items.data(), n, 0, 1);
+            sortSegyMap(items.data(), n, MapSlot(0), MapSlot(1));
             for (int i = 0; i < n; ++i) ASSERT_EQ(items[size_t(i)].itrace, uint32_t(i)) << testing::PrintToString(order);
         } while (std::next_permutation(order.begin(), order.end()));
     }
@@ -335,7 +335,7 @@ TEST(SegyMapSort, CyclesOfEachLengthComeIntoOrder)
                 items[size_t(i)].itrace = uint32_t(first + (i - first + 1) % size);
                 items[size_t(i)].item[0] = float(items[size_t(i)].itrace);
             }
-            sortSegyMap(items.data(), n, 0, 1);
+            sortSegyMap(items.data(), n, MapSlot(0), MapSlot(1));
             for (int i = 0; i < n; ++i) ASSERT_EQ(items[size_t(i)].itrace, uint32_t(i)) << n << " in cycles of " << length;
         }
 }
@@ -348,7 +348,7 @@ TEST(SegyMapSort, TheComparisonTakesThePrimaryThenTheSecondaryKeyAndPutsNanLast)
         made.item[4] = secondary;
         return made;
     };
-    const auto compare = [](const segyMapItem& a, const segyMapItem& b) { return segyMapCompare(a, b, 2, 4); };
+    const auto compare = [](const segyMapItem& a, const segyMapItem& b) { return segyMapCompare(a, b, MapSlot(2), MapSlot(4)); };
     EXPECT_EQ(compare(item(1, 9), item(2, 0)), -1);
     EXPECT_EQ(compare(item(2, 0), item(1, 9)), 1);
     EXPECT_EQ(compare(item(1, 3), item(1, 2)), 1);

@@ -42,20 +42,20 @@ TEST_F(SegyMapThreadTest, ABackgroundBuildLeavesTheEnsembleAndThenNextGoesOnFrom
     }
     Loaded l({save(file)});
     ASSERT_TRUE(l.open().isGood);
-    l.loader.loadNextEnsemble(1);
+    l.loader->loadNextEnsemble(1);
     EXPECT_THAT(l.firstSamples(), ElementsAre(20, 20));
     int nBuilt = 0;
-    QObject::connect(&l.loader, &SegyLoader::indexBuilt, [&] { ++nBuilt; });
-    ASSERT_NE(l.loader.startIndexBuild(), nullptr);
-    EXPECT_FALSE(l.loader.isIndexBuilt());
-    EXPECT_FALSE(l.loader.canSeek());
-    waitForIndex(&l.loader);
+    QObject::connect(l.loader.get(), &SegyLoader::indexBuilt, [&] { ++nBuilt; });
+    ASSERT_NE(l.loader->startIndexBuild(), nullptr);
+    EXPECT_FALSE(l.loader->isIndexBuilt());
+    EXPECT_FALSE(l.loader->canSeek());
+    waitForIndex(l.loader.get());
     EXPECT_EQ(nBuilt, 1);
     EXPECT_THAT(l.firstSamples(), ElementsAre(20, 20)) << "what is on screen stays";
-    EXPECT_EQ(l.loader.priCurKey(), 1);
-    l.loader.loadNextEnsemble(1);
+    EXPECT_EQ(l.loader->priCurKey(), 1);
+    l.loader->loadNextEnsemble(1);
     EXPECT_THAT(l.firstSamples(), ElementsAre(30));
-    EXPECT_TRUE(l.loader.loadLastEnsemble(2));
+    EXPECT_TRUE(l.loader->loadLastEnsemble(2));
     EXPECT_THAT(l.firstSamples(), ElementsAre(10));
 }
 
@@ -63,15 +63,15 @@ TEST_F(SegyMapThreadTest, ReadingGoesOnWhileTheIndexIsBuilt)
 {
     Loaded l({save(shots(std::vector<int>(200, 5)))});
     ASSERT_TRUE(l.open().isGood);
-    l.loader.startIndexBuild();
+    l.loader->startIndexBuild();
     for (int shot = 1; shot <= 50; ++shot) {
-        l.loader.loadNextEnsemble(1);
-        ASSERT_EQ(l.loader.numTraces(), 5);
-        ASSERT_EQ(l.loader.getTraces()[0][0], float(10 * shot + 1));
+        l.loader->loadNextEnsemble(1);
+        ASSERT_EQ(l.loader->numTraces(), 5);
+        ASSERT_EQ(l.loader->getTraces()[0][0], float(10 * shot + 1));
     }
-    waitForIndex(&l.loader);
-    EXPECT_EQ(l.loader.priCurKey(), 49);
-    EXPECT_EQ(l.loader.numEnsembles(), 200);
+    waitForIndex(l.loader.get());
+    EXPECT_EQ(l.loader->priCurKey(), 49);
+    EXPECT_EQ(l.loader->numEnsembles(), 200);
 }
 
 TEST_F(SegyMapThreadTest, LinesOfABackgroundBuildAreToldOnceItIsTakenOver)
@@ -85,8 +85,8 @@ TEST_F(SegyMapThreadTest, LinesOfABackgroundBuildAreToldOnceItIsTakenOver)
     Loaded l(parm);
     ASSERT_TRUE(l.open().isGood);
     l.report.text.clear();
-    l.loader.startIndexBuild();
-    waitForIndex(&l.loader);
+    l.loader->startIndexBuild();
+    waitForIndex(l.loader.get());
     EXPECT_EQ(l.report.text, "segyData2: error while reading variable length trace: 9, num samples=30000\n");
 }
 
@@ -96,13 +96,13 @@ TEST_F(SegyMapThreadTest, AFileThatIsGoneFailsTheBackgroundBuildAndReadingGoesOn
     Loaded l(parm);
     ASSERT_TRUE(l.open().isGood);
     std::filesystem::remove(parm.files);
-    SegyMapThread* thread = l.loader.startIndexBuild();
+    SegyMapThread* thread = l.loader->startIndexBuild();
     ASSERT_TRUE(thread->wait(10000));
     QCoreApplication::processEvents();
-    EXPECT_FALSE(l.loader.isIndexBuilt());
+    EXPECT_FALSE(l.loader->isIndexBuilt());
     EXPECT_TRUE(l.report.has("segyData2: open error=No such file or directory"));
-    EXPECT_TRUE(l.loader.loadNextEnsemble(1));
-    EXPECT_EQ(l.loader.numTraces(), 2);
+    EXPECT_TRUE(l.loader->loadNextEnsemble(1));
+    EXPECT_EQ(l.loader->numTraces(), 2);
 }
 
 TEST_F(SegyMapThreadTest, ABuildGoesOnUntilItsMapIsTakenOverAndThenSaysSoOnce)
@@ -111,17 +111,17 @@ TEST_F(SegyMapThreadTest, ABuildGoesOnUntilItsMapIsTakenOverAndThenSaysSoOnce)
     ASSERT_TRUE(l.open().isGood);
     int nEnded = 0;
     bool wasBuilt = false;
-    QObject::connect(&l.loader, &SegyLoader::indexBuildEnded, [&] {
+    QObject::connect(l.loader.get(), &SegyLoader::indexBuildEnded, [&] {
         ++nEnded;
-        wasBuilt = l.loader.isIndexBuilt();
+        wasBuilt = l.loader->isIndexBuilt();
     });
-    SegyMapThread* thread = l.loader.startIndexBuild();
+    SegyMapThread* thread = l.loader->startIndexBuild();
     // The thread has ended, but this one has not heard of it: who looks now must not take it for over.
     ASSERT_TRUE(thread->wait(10000));
-    EXPECT_TRUE(l.loader.isIndexBuilding());
-    EXPECT_EQ(l.loader.startIndexBuild(), thread) << "a finished map is not thrown away";
-    waitForIndex(&l.loader);
-    EXPECT_FALSE(l.loader.isIndexBuilding());
+    EXPECT_TRUE(l.loader->isIndexBuilding());
+    EXPECT_EQ(l.loader->startIndexBuild(), thread) << "a finished map is not thrown away";
+    waitForIndex(l.loader.get());
+    EXPECT_FALSE(l.loader->isIndexBuilding());
     EXPECT_EQ(nEnded, 1);
     EXPECT_TRUE(wasBuilt);
 }
@@ -130,12 +130,12 @@ TEST_F(SegyMapThreadTest, ASortChangedDuringTheBuildIsTheOneThatCounts)
 {
     Loaded l({save(shots({2, 3}))});
     ASSERT_TRUE(l.open().isGood);
-    l.loader.loadNextEnsemble(1);
-    l.loader.startIndexBuild();
-    l.loader.buildNewSort(11);
-    waitForIndex(&l.loader);
-    EXPECT_EQ(l.loader.numEnsembles(), 5);
-    EXPECT_EQ(l.loader.priCurKey(), 0);
+    l.loader->loadNextEnsemble(1);
+    l.loader->startIndexBuild();
+    l.loader->buildNewSort(SortCode(11));
+    waitForIndex(l.loader.get());
+    EXPECT_EQ(l.loader->numEnsembles(), 5);
+    EXPECT_EQ(l.loader->priCurKey(), 0);
 }
 
 TEST_F(SegyMapThreadTest, ALoaderThatGoesDuringABuildStopsIt)
@@ -144,7 +144,7 @@ TEST_F(SegyMapThreadTest, ALoaderThatGoesDuringABuildStopsIt)
     for (int i = 0; i < 20; ++i) {
         auto l = std::make_unique<Loaded>(LoaderParm{name});
         ASSERT_TRUE(l->open().isGood);
-        l->loader.startIndexBuild();
+        l->loader->startIndexBuild();
         l.reset();
     }
     QCoreApplication::processEvents();

@@ -23,11 +23,11 @@ TEST(SortChanges, AnySequenceOfThemGivesTheOrderOfAFreshOpen)
         ASSERT_TRUE(changed.open().isGood);
         for (int i = 0; i < 22; ++i, ++nChanges) {
             const int sort = 1 + int(random() % 11);
-            changed.loader.buildNewSort(sort);
+            changed.loader->buildNewSort(SortCode(sort));
             Loaded fresh({.files = file, .isort = sort, .indexbuilt = 1});
             ASSERT_TRUE(fresh.open().isGood);
-            EXPECT_EQ(order(changed.loader), order(fresh.loader)) << name << ", sort " << sort << ", change " << i;
-            EXPECT_EQ(changed.loader.priList(), fresh.loader.priList());
+            EXPECT_EQ(order(*changed.loader), order(*fresh.loader)) << name << ", sort " << sort << ", change " << i;
+            EXPECT_EQ(changed.loader->priList(), fresh.loader->priList());
         }
     }
     EXPECT_EQ(nChanges, 110);
