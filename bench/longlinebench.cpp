@@ -11,6 +11,7 @@
 #include "sources/segyloader.h"
 #include "sources/segywords.h"
 #include "tracedata/parmmenu.h"
+#include "tracedata/seismicdata.h"
 
 #include <QApplication>
 #include <QStatusBar>

@@ -8,6 +8,7 @@
 #include "host/flow/standardwords.h"
 #include "sources/segywords.h"
 #include "tracedata/parmmenu.h"
+#include "tracedata/seismicdata.h"
 
 #include <QApplication>
 #include <QScreen>

@@ -65,9 +65,9 @@ public:
 
     /// See segyData2::seekTrace; data has room for bufferBytes().
     int seekTrace(int itrace, void* data, bool force);
-    /// Reads a trace by map index, converted. Uses the first header buffer as work space. Returns as seekTrace.
+    /// Reads a trace by map index: numHeaderWords() words and numSamples() samples. Returns as seekTrace.
     int readMappedTrace(int itrace, int* words, float* samples, bool force);
-    /// The same into one array: numHeaderWords() words, then numSamples() samples.
+    /// The same into one array, the samples behind the words. Uses the first header buffer as work space.
     int seekTraceConverted(int itrace, float* data, bool force);
     void setRemapTable(int iremap, const SegyRemapTable& table);
     void saveHeaders();

@@ -418,18 +418,17 @@ int SegyLoader::readMappedTrace(int itrace, int* words, float* samples, bool for
 {
     const int nRead = seekTrace(itrace, _itempTrc.data(), force);
     if (nRead < 1) return nRead;
-    growBuffers(1);
     if (_iremap) _segyheader.setSegyRawHeader(_segydata->segyRawHeader());
-    convertHeader(_headers.rows()[0]);
-    std::copy_n(_headers.rows()[0], _orvinheaderwords, words);
+    convertHeader(words);
     std::memcpy(samples, _itempTrc.data() + segyTraceHeaderBytes / 4, size_t(_nsamp) * sizeof(float));
     return nRead;
 }
 
 int SegyLoader::seekTraceConverted(int itrace, float* data, bool force)
 {
-    std::vector<int> words(static_cast<size_t>(_orvinheaderwords));
-    const int nRead = readMappedTrace(itrace, words.data(), data + _orvinheaderwords, force);
-    if (nRead >= 1) std::memcpy(data, words.data(), words.size() * sizeof(int));
+    growBuffers(1);
+    int* const words = _headers.rows()[0];
+    const int nRead = readMappedTrace(itrace, words, data + _orvinheaderwords, force);
+    if (nRead >= 1) std::memcpy(data, words, size_t(_orvinheaderwords) * sizeof(int));
     return nRead;
 }

@@ -19,7 +19,6 @@ public:
     using TraceIndex::values;
     float value(TraceValue what, int i) const override;
     int place(int i) const override;
-    /// Uses the loader's first header buffer as work space: its ensemble has to be taken before.
     int readTrace(int i, int* words, float* samples) override;
 
 private:

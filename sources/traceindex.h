@@ -38,7 +38,7 @@ public:
     virtual float value(TraceValue what, int i) const = 0;
     /// Place of a trace in the data, from 0; no range test.
     virtual int place(int i) const = 0;
-    /// Reads a trace.
+    /// Reads a trace; the source's ensemble and its place stay.
     ///
     /// @param words    room for the source's numHeaderWords() words
     /// @param samples  room for as many samples as its run-time record tells

@@ -117,6 +117,20 @@ class CheckLayers(unittest.TestCase):
                             'host/other.h': '#ifndef O\n#define O\n#  include "kernel.h"\n#endif\n'},
                            'cycle: host/kernel.h -> host/other.h -> host/kernel.h')
 
+    def test_a_room_that_includes_another_than_it_may_is_found(self):
+        planted = {'display/raster/band.h': '', 'display/colors/table.h': ''}
+        self.assert_breach({**planted, 'display/colors/table.cpp': '#  include "../raster/band.h"\n'},
+                           'display/colors/table.cpp:1: the room display/colors/ may not include display/raster/band.h')
+        self.assert_breach({**planted, 'display/raster/band.cpp': '#include "display/plot.h"\n'},
+                           'display/raster/band.cpp:1: the room display/raster/ may not include display/plot.h')
+
+    def test_a_room_may_include_what_is_told(self):
+        self.write({**SOUND, 'display/raster/band.h': '#include "display/colors/table.h"\n',
+                    'display/colors/table.h': '', 'display/tools/tool.cpp': '#include "display/plot.h"\n',
+                    'display/plot.cpp': '#include "display/raster/band.h"\n'})
+        self.build()
+        self.assertEqual(self.check()[0], 0, self.check()[1])
+
     def test_a_folder_without_a_floor_is_found(self):
         self.assert_breach({'extras/more.cpp': ''}, 'extras/: this folder has no floor')
 

@@ -94,6 +94,21 @@ TEST_F(TraceIndexTest, ATraceIsReadByItsNumber)
     EXPECT_EQ(l.loader->traceIndex()->readTrace(-1, words.data(), samples.data()), 0);
 }
 
+TEST_F(TraceIndexTest, ReadingATraceLeavesTheEnsembleAndItsPlace)
+{
+    Loaded l({.files = save(twoShots()), .isort = 1, .indexbuilt = 1});
+    ASSERT_TRUE(l.open().isGood);
+    l.loader->loadNextEnsemble(1);
+    std::vector<int> words(size_t(l.loader->numHeaderWords()));
+    Floats samples(2);
+    ASSERT_EQ(l.loader->traceIndex()->readTrace(2, words.data(), samples.data()), 1);
+    EXPECT_EQ(l.words("FFID    "), (std::vector<int>{10, 10}));
+    EXPECT_EQ(l.words("CHAN    "), (std::vector<int>{1, 2}));
+    EXPECT_THAT(l.firstSamples(), ElementsAre(20, 10));
+    l.loader->loadNextEnsemble(1);
+    EXPECT_THAT(l.firstSamples(), ElementsAre(0));
+}
+
 TEST_F(TraceIndexTest, WithoutAMapThereIsNoneUntilABuildInTheBackgroundBringsIt)
 {
     Loaded l({.files = save(twoShots())});
