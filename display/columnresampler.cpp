@@ -77,7 +77,7 @@ static void scaleColumn(const RasterParm& parm, const RasterColumn& column, int 
     const int from = first + nBefore - column.dest;  // of the column's samples
     const int nLive = std::clamp(column.n - from, 0, n - nBefore);
     std::fill_n(out, nBefore, (0.0f * parm.gain + bias) / divisor);
-    const float* in = parm.samples + size_t(column.tr) * parm.stride + column.start + from;
+    const float* in = column.samples + from;
     (cpuVariant() == CpuVariant::V3 ? scaleV3 : scalePlain)(in, nLive, parm.gain, bias, divisor, out + nBefore);
     std::fill(out + nBefore + nLive, out + n, 0.0f);
 }

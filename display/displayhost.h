@@ -4,6 +4,7 @@
 
 class ColorBarFrame;
 class HeaderWords;
+class Report;
 
 /// Called on the main thread only; lent to the display, which it outlives.
 class DisplayHost
@@ -20,10 +21,8 @@ public:
     virtual void setOverlayMode(bool on) = 0;
     /// The colour bar of the overlay; made when it is first asked for.
     virtual ColorBarFrame* overlayColorBarFrame() = 0;
-    /// A display was rebuilt: a first-break picker that is on picks again.
-    virtual void doFBPicking(bool on) = 0;
-    /// The conditioned samples of a trace while it is rendered; see SeismicDisplay::sendPickTraceChange.
-    virtual void pickTraceChange(const float* trace, int start, int n, int iTrace) = 0;
+    /// Takes the lines and boxes of the display.
+    virtual Report& report() = 0;
 };
 
 #endif

@@ -134,8 +134,7 @@ void DrawDialog::beginDrawing()
     bool isLastThere = false;
     for (const DrawTarget& target : qAsConst(_targets)) {
         _windows.append(target.plot->window()->windowHandle());
-        target.setMouseAside(true);
-        target.plot->canvas()->installEventFilter(this);
+        target.borrowMouse(this, true);
         connect(target.plot, &QObject::destroyed, this, &DrawDialog::forgetPlot, Qt::UniqueConnection);
         isLastThere = isLastThere || target.plot == _target.plot;
     }
@@ -150,12 +149,9 @@ void DrawDialog::stopDrawing()
     if (!_isDrawing) return;
     _isDrawing = false;
     takeInput(false);
-    for (const DrawTarget& target : qAsConst(_targets)) {
-        // A button that is still down was pressed for us: its release is eaten first.
-        if (!_eaten) target.plot->canvas()->removeEventFilter(this);
-        target.setMouseAside(false);
-    }
-    _targets.clear();
+    // Who hears that this leaves comes back here, where nothing is left to do.
+    const QList<DrawTarget> targets = std::exchange(_targets, {});
+    for (const DrawTarget& target : targets) target.borrowMouse(this, false);
     _buttonDown = -1;
 }
 
@@ -230,51 +226,40 @@ void DrawDialog::keyReleaseEvent(QKeyEvent* event)
     if (!passKeyOn(event)) QDialog::keyReleaseEvent(event);
 }
 
-bool DrawDialog::eventFilter(QObject* object, QEvent* event)
+bool DrawDialog::canvasEvent(QWidget* canvas, QEvent* event)
 {
-    auto* canvas = qobject_cast<QWidget*>(object);
-    switch (canvas ? event->type() : QEvent::None) {
+    switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
         return mousePress(canvas, static_cast<QMouseEvent*>(event));
     case QEvent::MouseButtonRelease:
-        return mouseRelease(canvas, static_cast<QMouseEvent*>(event));
+        return mouseRelease();
     case QEvent::MouseMove:
         mouseMove(static_cast<QMouseEvent*>(event));
         return false;  // the read-out follows
     default:
-        return QDialog::eventFilter(object, event);
+        return false;
     }
 }
 
+/// The press of a line is kept; that of a text passes on.
 bool DrawDialog::mousePress(QWidget* canvas, const QMouseEvent* event)
 {
-    if (!_isDrawing) {
-        canvas->removeEventFilter(this);
-        _eaten = Qt::NoButton;
-        return false;
-    }
     if (_hasInput && QWidget::keyboardGrabber() != this) grabKeyboard();
     if (!current() || event->modifiers() & Qt::ControlModifier) return false;
     for (const DrawTarget& target : qAsConst(_targets))
         if (target.plot->canvas() == canvas) drawOn(target);
     _buttonDown = event->button();
-    if (_useText) {
-        _strEdit->setFocus();  // what is typed now is the text
-        return false;
-    }
-    _eaten |= event->button();
-    return true;
+    _isLineDown = !_useText;
+    if (_useText) _strEdit->setFocus();  // what is typed now is the text
+    return !_useText;
 }
 
-bool DrawDialog::mouseRelease(QWidget* canvas, const QMouseEvent* event)
+bool DrawDialog::mouseRelease()
 {
     _buttonDown = -1;
-    const bool isEaten = _eaten & event->button();
-    if (isEaten && _curve) _curve->plot()->replot();  // its joints, too
-    _eaten &= ~Qt::MouseButtons(event->button());
-    if (!_isDrawing && !_eaten) canvas->removeEventFilter(this);
-    return isEaten;
+    if (std::exchange(_isLineDown, false) && _curve) _curve->plot()->replot();  // its joints, too
+    return false;
 }
 
 void DrawDialog::mouseMove(const QMouseEvent* event)

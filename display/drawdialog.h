@@ -2,6 +2,7 @@
 #ifndef DRAWDIALOG_H
 #define DRAWDIALOG_H
 
+#include "display/canvastool.h"
 #include "display/drawtarget.h"
 
 #include <QDialog>
@@ -20,14 +21,14 @@ class QwtPlotCurve;
 class QwtPlotItem;
 class QwtPlotMarker;
 
-/// While its box is checked the mouse draws on the targets, the keyboard is the dialog's, and the cursor is a hand.
-/// All three end with the box, with the dialog, and with the last target. Any other window that gets the focus has
+/// While its box is checked it is the active tool of the targets, the keyboard is the dialog's, and the cursor is a
+/// hand. All three end with the box, with the dialog, with the last target, and when another tool takes over. Any other window that gets the focus has
 /// the keyboard until the next press on a target.
 ///
 /// What is drawn belongs to the plot that it stands on, in scale values, so that it stays through repaints, zooms
 /// and new data; the dialog forgets it when that plot goes. With Ctrl the mouse buttons keep what they do without
 /// the dialog.
-class DrawDialog : public QDialog
+class DrawDialog : public QDialog, public CanvasTool
 {
     Q_OBJECT
 
@@ -40,7 +41,9 @@ public:
     /// Takes the check out of the box.
     void endDrawing();
 
-    bool eventFilter(QObject* object, QEvent* event) override;
+    bool canvasEvent(QWidget* canvas, QEvent* event) override;
+    QString controlText() const override { return "   Drawing is on"; }
+    void leave() override { endDrawing(); }
 
 signals:
     /// The mouse draws from now on.
@@ -71,7 +74,7 @@ private:
     void followFocus(QWindow* window);
     bool passKeyOn(QKeyEvent* event);
     bool mousePress(QWidget* canvas, const QMouseEvent* event);
-    bool mouseRelease(QWidget* canvas, const QMouseEvent* event);
+    bool mouseRelease();
     void mouseMove(const QMouseEvent* event);
     void drawOn(const DrawTarget& target);
     void drawLine(const QPoint& point);
@@ -112,7 +115,7 @@ private:
     bool _wasCompressing = false;  // moves of the mouse, before they were ours
     bool _isPassing = false;  // a key is on its way to another widget
     int _buttonDown = -1;     // -1 for none
-    Qt::MouseButtons _eaten;  // buttons whose press was eaten, and whose release has to be
+    bool _isLineDown = false;  // a press began a piece of a line, and its release is still to come
     QPoint _psave;            // where the mouse was last
 };
 

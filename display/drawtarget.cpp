@@ -1,20 +1,17 @@
 #include "display/drawtarget.h"
 
+#include "display/canvastools.h"
 #include "display/seismicdisplay.h"
-
-#include <memory>
 
 DrawTarget displayTarget(SeismicDisplay* display)
 {
     DrawTarget target;
     target.plot = display;
-    target.setMouseAside = [display, before = std::make_shared<MouseMode>(MouseMode::Zoom)](bool on) {
-        if (on) {
-            *before = display->mouseMode();
-            display->setMouseMode(MouseMode::Drawing, true);
-        } else if (display->mouseMode() == MouseMode::Drawing) {  // no other mode has taken over
-            display->setMouseMode(*before, true);
-        }
+    target.borrowMouse = [display](CanvasTool* tool, bool on) {
+        if (on)
+            display->tools().borrow(tool);
+        else
+            display->tools().giveBack(tool);
     };
     return target;
 }

@@ -85,8 +85,8 @@ void ImageRecorder::buildImage()
         return;
     }
     if (wanted.isReduced)
-        PrintReport().line("MERIDUNE: the image is too large for this scale, it is stored with " +
-                           std::to_string(_saveWidth) + " by " + std::to_string(_saveHeight) + " pixels.\n");
+        _display->report().line("MERIDUNE: the image is too large for this scale, it is stored with " +
+                                 std::to_string(_saveWidth) + " by " + std::to_string(_saveHeight) + " pixels.\n");
     const QRect rstore(0, 0, _saveWidth - 1, _saveHeight - 1);
     _display->seismicPlot()->setOutput(rstore);
     buildMaps();
@@ -124,7 +124,7 @@ void ImageRecorder::printStatistics() const
                       : !first->bitmap.isNull() ? first->bitmap.depth()
                                                 : first->image.depth();
     const double size = double(_saveHeight) * _saveWidth * depth * 9.5367431640625e-7;
-    PrintReport().line(QString::asprintf("\n\nMERIDUNE: Image Storage statistics\n"
+    _display->report().line(QString::asprintf("\n\nMERIDUNE: Image Storage statistics\n"
                                          "     screen depth: %d   pixel width: %d   pixel height: %d\n"
                                          "     file size: %f mbytes\n\n\n",
                                          depth, _saveWidth, _saveHeight, size)
@@ -161,7 +161,7 @@ void ImageRecorder::saveToFile(const QString& name, bool check)
         const bool isOnScreen = i == _imgstore->newest() && !_isShown;
         const QPixmap pixmap = isOnScreen ? _display->window()->grab()
                                           : QPixmap::fromImage(_imgstore->picture(i)->toImage());
-        if (savePictureFile(pixmap, numberedName(name, i + 1))) continue;
+        if (savePictureFile(pixmap, numberedName(name, i + 1), &_display->report())) continue;
         _imgstore->setUnsaved(i);
         return;
     }
@@ -185,7 +185,7 @@ void ImageRecorder::setShowImage(bool state)
         _display->seismicPlot()->forgetStored();
     }
     if (_display->overlayPlot()) _display->overlayPlot()->setVisible(!state && _hadOverlay);
-    _display->setMouseMode(_display->mouseMode(), true);  // without a picker the buttons change hands
+    _display->showTool();  // without a picker the buttons change hands
     if (state) return;
     _display->axesFollowHeaders();
     if (_display->size() == _sizeBefore)

@@ -24,8 +24,15 @@ int64_t storedBytes(const QSize& size)
     return ServerPicture::isPossible(size) ? 2 * one : one;
 }
 
+/// For a store that no window has given a report of its own.
+static Report& standardOutput()
+{
+    static PrintReport report;
+    return report;
+}
+
 ImageStorage::ImageStorage(QObject* parent)
-    : QObject(parent), _limit(int64_t(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 4)
+    : QObject(parent), _report(&standardOutput()), _limit(int64_t(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 4)
 {
 }
 
@@ -227,15 +234,15 @@ void ImageStorage::performSaveFile2(int except)
     for (int i = 0; i < storeTotal() - except; ++i) {
         StoredPicture& picture = _pictures[size_t(i)];
         if (picture.isSaved) continue;
-        picture.isSaved = savePictureFile(QPixmap::fromImage(picture.toImage()), numberedName(_saveFile, i + 1));
+        picture.isSaved = savePictureFile(QPixmap::fromImage(picture.toImage()), numberedName(_saveFile, i + 1), _report);
     }
 }
 
-bool savePictureFile(const QPixmap& pixmap, const QString& name)
+bool savePictureFile(const QPixmap& pixmap, const QString& name, Report* report)
 {
     QString error;
     if (savePicture(pixmap, name, &error)) return true;
-    PrintReport().line("Seismic Display: Error while writing pixmap file: " + name.toStdString() + "\n");
+    report->line("Seismic Display: Error while writing pixmap file: " + name.toStdString() + "\n");
     return false;
 }
 

@@ -14,6 +14,7 @@
 #include <memory>
 #include <vector>
 
+class Report;
 class ServerPicture;
 
 /// A picture with the maps that it was rendered by and what its axes say; all of it goes and comes together.
@@ -105,8 +106,10 @@ public:
     void setUnsaved(int i);
     /// The picture that was stored last; 0 before there is one.
     int newest() const { return int(_last); }
+    /// Takes the lines about files that can't be written; lent. At first they go to standard output.
+    void setReport(Report* report) { _report = report; }
     /// Writes each picture that was not yet written, but for the last `except`, and marks those whose file
-    /// stands. A failure is a line on standard output.
+    /// stands. A failure is a line of the report.
     void performSaveFile2(int except = 0);
 
     /// Most bytes to hold; at first a quarter of the machine's memory.
@@ -141,6 +144,7 @@ private:
     int _icollect = 0;
     bool _doSave = false;
     QString _saveFile;
+    Report* _report;
     int64_t _nBytes = 0;
     int64_t _limit;
 };
@@ -152,7 +156,7 @@ int64_t storedBytes(const QSize& size);
 /// empty one is "junk".
 QString numberedName(const QString& name, int number);
 
-/// Writes a picture in the format of the name's suffix. A failure is false and a line on standard output.
-bool savePictureFile(const QPixmap& pixmap, const QString& name);
+/// Writes a picture in the format of the name's suffix. A failure is false and a line of the report.
+bool savePictureFile(const QPixmap& pixmap, const QString& name, Report* report);
 
 #endif

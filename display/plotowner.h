@@ -3,6 +3,7 @@
 #define PLOTOWNER_H
 
 class SeismicData;
+class TraceTap;
 
 /// Called on the main thread only, within paint events.
 class PlotOwner
@@ -15,6 +16,8 @@ public:
     virtual bool isSlice() const { return false; }
     /// Hears each trace shown, see TraceTap.
     virtual void sendPickTraceChange(const float* trace, int start, int n, int tr) = 0;
+    /// Who changes the traces before they are painted; null for nobody. Asked once a render.
+    virtual TraceTap* traceChanger() { return nullptr; }
     /// Header word OFFSET of the first nTraces traces of data, in the survey's lengths; zeros if there is no
     /// such word. Asked once a render, and only with move-out on.
     virtual void traceOffsets(const SeismicData& data, int nTraces, float* offsets) const = 0;

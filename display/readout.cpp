@@ -1,6 +1,7 @@
 #include "display/readout.h"
 
 #include "display/headeraxis.h"
+#include "display/velocityoverlay.h"
 
 #include <algorithm>
 #include <cmath>
@@ -55,4 +56,20 @@ QString readoutText(const ReadoutPosition& at, const KeyColumn& primary, const K
 QString amplitudeText(const QString& label, float value)
 {
     return "     " + label + ": " + QString("%1").arg(double(value), 10, 'g', 6);
+}
+
+QString velocityText(const VelocityReadout& velocities)
+{
+    const struct {
+        const char* label;
+        float value;
+    } parts[] = {
+        {"    Closest Vel: ", velocities.closest},
+        {"  Computed Vel: ", velocities.computed},
+        {"  Interp Vel: ", velocities.interpolated},
+    };
+    QString text;
+    for (const auto& part : parts)
+        if (part.value > 0.0f) text += part.label + QString::number(double(part.value), 'g', 6);
+    return text;
 }

@@ -5,6 +5,7 @@
 #include <QString>
 
 struct KeyColumn;
+struct VelocityReadout;
 
 /// What the read-out must know of the picture.
 struct ReadoutFrame {
@@ -37,5 +38,8 @@ QString readoutText(const ReadoutPosition& at, const KeyColumn& primary, const K
 
 /// "     Amp: " and the value, ten wide; the label tells the data.
 QString amplitudeText(const QString& label, float value);
+
+/// What is told of velocities; one that is 0 is left out.
+QString velocityText(const VelocityReadout& velocities);
 
 #endif

@@ -2,42 +2,50 @@
 #ifndef SEISMICDISPLAY_H
 #define SEISMICDISPLAY_H
 
-#include "display/axisstep.h"
-#include "display/ensemblecopy.h"
+#include "display/contextmenu.h"
+#include "display/displayaxes.h"
 #include "display/headeraxis.h"
 #include "display/imagerecorder.h"
-#include "display/mousemode.h"
+#include "display/imagetool.h"
 #include "display/myqwtplot.h"
+#include "display/overlaylayer.h"
+#include "display/pickertools.h"
 #include "display/plotowner.h"
 #include "display/polarity.h"
+#include "display/readouttool.h"
+#include "display/statuslines.h"
+#include "display/tracelayer.h"
 #include "display/zoomlink.h"
+#include "display/zoomtool.h"
 #include "tracedata/orvinconstants.h"
 
 #include <QString>
 
-#include <memory>
-
 class AxisDrag;
+class BoxTool;
+class CanvasTools;
 class ColorBarFrame;
 class DisplayHost;
 class DisplayList;
+class EnsembleView;
+class HeaderStrip;
 class ImageStorage;
-class MyQwtPlotMagnifier;
-class MyQwtPlotPanner;
-class MyQwtPlotZoomer;
 class PlotScrollBars;
 class QStatusBar;
 class QwtPlotGrid;
 class RecordAxisScaleDraw;
-class SeismicAxisScaleDraw;
+class Report;
 class SeismicData;
 class SeismicPlot;
+class VelocityClicks;
+class VelocityOverlay;
 struct parmmenu;
 
 /// Takes batches of traces, keeps its own copy, and shows it.
 ///
-/// The display owns its data, raster item, axes and mouse tools; the parameter record, the colour bar, the
-/// status bars and the host are lent and outlive it. Main thread only.
+/// The face of its parts: layers of traces, axes, tools on the canvas, pictures, status lines. The display owns them;
+/// the parameter record, the colour bar, the status bars and the host are lent and outlive it. A tool needs only what
+/// view() and tools() give. Main thread only.
 class SeismicDisplay : public MyQwtPlot, public PlotOwner
 {
     Q_OBJECT
@@ -75,9 +83,9 @@ public:
     /// Changes domain, sample count and rate; domain 8 is the time slice.
     void setDomain(int domain, int startTime, int numsmp, float samprat);
 
-    /// Shows a batch of n traces with their header words, copied before this returns. Returns 0, or 1
-    /// when memory ran out, said on standard output; the old data then stay in view. With n below 1 the
-    /// old data stay too.
+    /// Shows a batch of n traces with their header words, copied before this returns; before that the batch hooks may
+    /// change the words. Returns 0, or 1 when memory ran out, which the report is told; the old data then stay in
+    /// view. With n below 1 the old data stay too.
     int loadSeismicData(float** traces, int** heads, int n, bool replot);
     /// Only copies the batch. Returns 1, or 0 when memory ran out.
     int loadTraces(float** traces, int** heads, int n);
@@ -105,7 +113,7 @@ public:
     /// Reads names and values of the keys from the headers. Returns 0, or 1 when memory ran out.
     int buildHeaderAxis();
     void setDisplayTitle();
-    void setAxisTitle(const QString& text);
+    void setAxisTitle(const QString& text) { _axes.setVerticalTitle(text); }
     void enableVerticalAxis(bool left, bool right);
     /// Shows or hides the numbers of all axes.
     void setVAxisValues(bool on);
@@ -121,46 +129,64 @@ public:
 
     /// The plain buttons zoom and pan, or, with false, do so with Ctrl.
     void setZoom(bool on);
-    void setTimeZoom(bool timeOnly, bool traceOnly);
+    void setTimeZoom(bool timeOnly, bool traceOnly) { _zoom->setOnly(timeOnly, traceOnly); }
     /// Zooms to a rectangle in scale units: traces and ms.
-    void setZoomRect(const QRectF& rect);
+    void setZoomRect(const QRectF& rect) { _zoom->zoomTo(rect); }
     /// Back to what is shown without a zoom, this display only.
     void resetZoom(int index);
     /// The whole data become the base; what the axes show is where going back ends.
     void setZoomBase();
-    QRectF zoomBase() const;
+    QRectF zoomBase() const { return _zoom->base(); }
     /// What is shown without a zoom: the base, or the part of it that a fixed spacing shows.
-    QRectF restRect() const;
+    QRectF restRect() const { return _zoom->restRect(); }
     /// What the axes show, traces and ms.
-    QRectF visibleRect() const;
+    QRectF visibleRect() const { return _axes.visibleRect(); }
     /// Sets the axes; the zoom's stack stays, nothing is replotted.
     void setVisibleRect(const QRectF& rect);
-    bool isZoomed() const;
-    bool isPanned() const;
+    bool isZoomed() const { return _zoom->isZoomed(); }
+    bool isPanned() const { return _zoom->isPanned(); }
     /// Moves the picture down by pixels.
-    void panVertically(int dy);
+    void panVertically(int dy) { _zoom->panVertically(dy); }
     bool hasHorizontalBar() const;
     /// Leaves room for the bar of a display beside this one, so that their times stand in line.
     void reserveHorizontalBar(bool on);
     /// Pixels that the labels of the vertical axes take below the canvas.
-    int roomBelowCanvas() const;
+    int roomBelowCanvas() const { return _axes.roomBelowCanvas(); }
     /// Leaves so many more pixels free below the canvas, so that times are in line with a sister's.
     void reserveBelow(int nPixels);
 
-    /// Turns a mouse mode on or off; off is zooming.
-    void setMouseMode(MouseMode mode, bool on);
-    void setSPicker(bool on) { setMouseMode(MouseMode::Spectrum, on); }
-    void setHPicker(bool on) { setMouseMode(MouseMode::Headers, on); }
-    void setVelPicker(bool on) { setMouseMode(MouseMode::Velocity, on); }
-    void setGatPicker(bool on) { setMouseMode(MouseMode::Gates, on); }
-    void setFBPicker(bool on) { setMouseMode(MouseMode::FirstBreaks, on); }
-    void setMovPicker(bool on) { setMouseMode(MouseMode::Moveout, on); }
+    /// What a tool may know of the ensemble on the screen.
+    EnsembleView& view() const { return *_view; }
+    /// Who has the mouse on the canvas.
+    CanvasTools& tools() const { return *_tools; }
+    /// Gives the mouse to a tool, lent; null: back to zooming.
+    void setTool(CanvasTool* tool);
+    /// The active tool; that of zooming where no other is.
+    const CanvasTool* tool() const;
+    const CanvasTool* zoomTool() const { return _zoom; }
+    /// The mouse modes of the pickers, where tools of higher floors put themselves.
+    PickerTools& pickers() { return _pickers; }
+    ContextMenu& contextMenu() { return _contextMenu; }
+    /// Lent; null for none.
+    void setHeaderStrip(HeaderStrip* strip) { _strip = strip; }
+    void setVelocityOverlay(VelocityOverlay* overlay);
+    /// Turns a picker's mode on or off; off is zooming, unless another tool has the mouse.
+    void setPicker(Picker picker, bool on);
+    void setSPicker(bool on) { setPicker(Picker::Spectrum, on); }
+    void setHPicker(bool on) { setPicker(Picker::Headers, on); }
+    void setVelPicker(bool on) { setPicker(Picker::Velocity, on); }
+    void setGatPicker(bool on) { setPicker(Picker::Gates, on); }
+    void setFBPicker(bool on) { setPicker(Picker::FirstBreaks, on); }
+    void setMovPicker(bool on) { setPicker(Picker::Moveout, on); }
     /// The mode of the tool bar: 0 zoom, 1 spectrum, 2 headers, -1 none of them; then a picker keeps the mouse.
     void showDisplay(int mode);
-    MouseMode mouseMode() const { return _mouseMode; }
+    /// Buttons and control line follow the active tool, or the stored pictures.
+    void showTool();
+    /// A stored picture, counted from 0, was reached with the mouse: one that is tied to it follows.
+    void tieImage(int number);
     void setControlLabel(const QString& text);
     /// Adds to the status line until the next read-out.
-    void addMessage(const QString& text);
+    void addMessage(const QString& text) { _lines.add(text); }
 
     // The pictures; ImageRecorder tells what each does.
     void checkSavedImage() { _images.checkSavedImage(); }
@@ -178,42 +204,53 @@ public:
     void setShowImageList(bool on, const QVector<int>& list);
     const ImageRecorder& images() const { return _images; }
     ImageRecorder& images() { return _images; }
-    RecordAxisScaleDraw* recordAxis() const { return _recordaxis; }
+    RecordAxisScaleDraw* recordAxis() const { return _axes.record(); }
 
-    SeismicData* seismicData() const { return _seismicdata.get(); }
+    /// Takes the lines and boxes of the display.
+    Report& report() const;
+    SeismicData* seismicData() const { return _layer.data(); }
+    /// Whether there are traces to show.
+    bool hasData() const { return _state.isLoaded; }
     /// Traces shown; 0 before the first load.
-    int traceCount() const { return _loadTraces ? _headerAxis.traceCount() : 0; }
-    SeismicPlot* seismicPlot() const { return _seismicplot; }
+    int traceCount() const { return _state.isLoaded ? _headerAxis.traceCount() : 0; }
+    SeismicPlot* seismicPlot() const { return _layer.plot(); }
     /// Null until an overlay was first loaded.
-    SeismicData* overlayData() const { return _overlaydata.get(); }
-    SeismicPlot* overlayPlot() const { return _overlayplot; }
+    SeismicData* overlayData() const { return _overlay.data(); }
+    SeismicPlot* overlayPlot() const { return _overlay.plot(); }
     /// Lines at the steps of the top and left axes; all off at first.
     QwtPlotGrid* grid() const { return _grid; }
     parmmenu* menu() const { return _menu; }
     const QString& displayTitle() const { return _title; }
     /// In ms.
-    float sampleRate() const { return _samprat; }
-    float traceIncrement() const { return _traceIncr; }
+    float sampleRate() const { return _axes.sampleRate(); }
+    float traceIncrement() const { return _axes.traceStep(); }
     /// In ms.
-    float timeIncrement() const { return _timeIncr; }
+    float timeIncrement() const { return _axes.timeStep(); }
     const HeaderKeys& headerKeys() const { return _keys; }
     const HeaderAxis& headerAxis() const { return _headerAxis; }
     /// First sample kept of the input traces.
-    int firstSample() const { return _stime; }
+    int firstSample() const { return _axes.window().first; }
     /// Time of that sample in ms.
-    double shiftTime() const { return _shiftTime; }
-    bool lastEnsemble() const { return _lastEnsemble; }
+    double shiftTime() const { return _axes.shiftTime(); }
+    bool lastEnsemble() const { return _state.isLast; }
     /// The last batch was the one on the screen already.
-    bool isRepeated() const { return _isRepeated; }
+    bool isRepeated() const { return _state.isRepeated; }
     int windowNumber() const { return _windowNumber; }
     /// The line under the mouse at a position of the canvas; empty without data.
     QString readoutAt(const QPoint& pos) const;
+    /// What that line must know of the data.
+    ReadoutFrame readoutFrame() const;
+    const QString& verticalName() const { return _axes.verticalName(); }
+    /// The velocity marks while they are picked, else null.
+    VelocityOverlay* activeVelocities() const;
 
-    int timeDirection() const override { return _timeDirection; }
-    bool isSlice() const override;
+    int timeDirection() const override { return _axes.timeDirection(); }
+    bool isSlice() const override { return _axes.isSlice(); }
     /// Extent of the data on the vertical axis: ms, or the positions of a slice.
-    double wholeHeight() const;
+    double wholeHeight() const { return _axes.wholeHeight(); }
+    /// Hands each trace shown on to the view's taps.
     void sendPickTraceChange(const float* trace, int start, int n, int tr) override;
+    TraceTap* traceChanger() override;
     void traceOffsets(const SeismicData& data, int nTraces, float* offsets) const override;
 
     /// What the user says about the polarity of the data; the samples stay as they are.
@@ -245,6 +282,8 @@ signals:
     void imageShown(int number);
     /// A new ensemble is on the screen.
     void ensembleShown();
+    /// A box was drawn for a spectrum: traces and ms.
+    void boxSelected(const QRectF& box);
     /// The user has said something about the polarity.
     void polarityStated(const Polarity& polarity);
 
@@ -252,88 +291,61 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void makeOverlay();
-    void measureOverlay();
-    void makeAxes(bool enableLeft, bool enableRight);
-    void makeGrid();
-    void makeMouseTools();
+    /// How far loading has come.
+    struct LoadState {
+        bool isFirst = true;      ///< the next ensemble is shown whole
+        bool isLast = false;      ///< there was no further ensemble
+        bool isRepeated = false;  ///< the last batch was on the screen already
+        bool isLoaded = false;
+    };
+
+    void makeTools();
+    void makeBars();
     void takeKeys();
+    void takeDomain();
     void setTimeWindow();
-    void setTimeAxis();
     void setSliceAxis();
+    TraceBatch batchOf(float** traces, int** heads, int n) const;
+    int takeTraces(float** traces, int** heads, int n);
+    int takeOverlay(float** traces, int** heads, int n, bool replot);
+    int measureTraces();
+    void layOutTraces(bool replot);
     QSizeF panExtent() const;
-    AxisRule traceRule() const;
-    AxisRule timeRule() const;
-    void relayAxes();
     void limitPan();
-    void showImageAgain();
-    void showPictureLine();
-    void forgetTitle();
-    bool trackImage(QEvent* event);
     void setWholeAxes();
     void afterFirstLayout();
-    QRectF canvasRectangle() const;
+    QRect canvasRectangle() const;
+    void showPictureLine();
 
     QString _title;
-    QStatusBar* _statusbar;
-    QStatusBar* _controlStatus;
-    DisplayHost* _host;
-    ZoomLink _zoomLink;
+    DisplayHost* _host;  // lent, may be null
     int _windowNumber;
-
-    MyQwtPlotZoomer* _zoomer[2];  // top and left axes, bottom and right axes
-    MyQwtPlotPanner* _panner;
-    MyQwtPlotMagnifier* _magnifier;
+    StatusLines _lines;
+    ZoomLink _zoomLink;
+    EnsembleView* _view;  // children, as all that is made with new
+    DisplayAxes _axes;
+    TraceLayer _layer;
+    OverlayLayer _overlay;
+    HeaderAxis _headerAxis;
+    QwtPlotGrid* _grid;  // attached to the plot, which deletes it
+    ZoomTool* _zoom;
     AxisDrag* _axisDrag;
     PlotScrollBars* _scrollBars;
-    RecordAxisScaleDraw* _recordaxis;  // owned by the axes
-    SeismicAxisScaleDraw* _seismicaxisl;
-    SeismicAxisScaleDraw* _seismicaxisr;
-
-    std::unique_ptr<SeismicData> _seismicdata;
-    EnsembleCopy _copy;
-    HeaderAxis _headerAxis;
-    SeismicPlot* _seismicplot;  // attached to the plot, which deletes it
-    std::unique_ptr<SeismicData> _overlaydata;
-    EnsembleCopy _overlayCopy;
-    SeismicPlot* _overlayplot = nullptr;  // attached to the plot, which deletes it
-    bool _lastOverlay = false;            // the last batch was an overlay
-    QwtPlotGrid* _grid;                   // the same
-    parmmenu* _menu = nullptr;  // lent
-
-    float _samprat = 2.0f;  // ms
-    int _numsmp = 0;        // samples kept of each trace
-    int _nth = 0;
-    int _maxdtr = 0;
-    int _istack = 0;
-    bool _isStacked = false;
-    HeaderKeys _keys;
-    int _iskeymod = 0, _iskeyinc = 1;
-    float _timeIncr = 500.0f;   // ms
-    float _traceIncr = 1.0f;
-    bool _isTimeIncrTyped = false, _isTraceIncrTyped = false;
-    float _traceIncrMult = 1.0f;
-    int _isTrevia = 1;
-    bool _firstTime = true;
-    bool _lastEnsemble = false;
-    bool _isRepeated = false;
-    bool _loadTraces = false;
-    int _stime = 0, _etime = 0;  // samples
-    float _dstime = 1.0f;
-    double _shiftTime = 0.0;     // ms
-    double _panTraces = 0.0, _panSamples = 0.0;
-    int _idomain = 0;
-    QString _ctaxis;
-    int _timeDirection = 1;
-    float _sliceTime = 0.0f;
-    bool _zoomState = true;
-    bool _timeZoomOnly = false, _traceZoomOnly = false;
-    MouseMode _mouseMode = MouseMode::Zoom;
-    bool _isDifference = false;
+    CanvasTools* _tools = nullptr;  // while the canvas is being made, too, it has events
+    PickerTools _pickers;
+    BoxTool* _spectrumBox;
+    VelocityClicks* _velocityClicks;
+    ContextMenu _contextMenu;
     ImageRecorder _images{this};
-    int _nShownAgain = 0;       // for changes of the canvas since the picture was chosen
-    int _imageTrackerOldX = 0;  // where the middle button was last seen on a stored picture
-    QString _messageMain, _messageAdd;
+    ImageTool _imageTool{this, &_lines};
+    ReadoutTool _readoutTool{this, &_lines};
+    HeaderStrip* _strip = nullptr;  // lent
+    parmmenu* _menu = nullptr;      // lent
+    HeaderKeys _keys;
+    int _nth = 0;
+    int _isTrevia = 1;
+    LoadState _state;
+    bool _isDifference = false;
     Polarity _polarity;
 };
 

@@ -244,12 +244,15 @@ static AxisMap deviceMap(const QwtScaleMap& map, double origin, double ratio)
 
 /// Hands the conditioned traces on to the display.
 struct OwnerTap : TraceTap {
-    explicit OwnerTap(PlotOwner* plotOwner) : owner(plotOwner) {}
+    explicit OwnerTap(PlotOwner* plotOwner) : owner(plotOwner), changer(owner ? owner->traceChanger() : nullptr) {}
     void pickTraceChange(const float* trace, int start, int n, int tr) override
     {
         owner->sendPickTraceChange(trace, start, n, tr);
     }
+    bool changesTraces() const override { return changer && changer->changesTraces(); }
+    void changeTrace(float* trace, int start, int n, int tr) override { changer->changeTrace(trace, start, n, tr); }
     PlotOwner* owner;
+    TraceTap* changer;
 };
 
 RasterParm SeismicPlot::rasterParm(std::vector<float>* offsets) const

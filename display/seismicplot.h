@@ -20,8 +20,8 @@
 class PlotOwner;
 class SeismicData;
 
-/// Turns one SeismicData into a picture at each repaint. Conditioning is done once, by computeNormalizer,
-/// when the data or a conditioning parameter change; a repaint only scales and resamples.
+/// Turns one SeismicData into a picture at each repaint. Conditioning and measuring are done by computeNormalizer,
+/// whole at each call, also those of setDisplayType and setNormalization; a repaint only scales and resamples.
 ///
 /// Operations that don't say otherwise only store: the caller replots. A new ensemble takes setSeismicView,
 /// invalidateImage, computeNormalizer, setOutputBuffers and a replot, and setDataLoaded(true) the first time.

@@ -69,10 +69,32 @@ void TraceRaster::collectColumns(const RasterParm& parm, const RasterWindow& win
         column.dest = int(std::clamp<int64_t>(-column.first, 0, mostShift));
         column.n = nSamples - column.start;
         if (column.n < 1) continue;
-        if (tap)
-            tap->pickTraceChange(parm.samples + size_t(column.tr) * parm.stride + column.start, column.start,
-                                 column.n, column.tr);
+        column.samples = parm.samples + size_t(column.tr) * parm.stride + column.start;
         _columns.push_back(column);
+    }
+    if (tap) tapColumns(tap);
+}
+
+/// In trace order, on this thread: the columns are shared out to others only afterwards.
+void TraceRaster::tapColumns(TraceTap* tap)
+{
+    if (tap->changesTraces()) changeColumns(tap);
+    for (const RasterColumn& column : _columns)
+        tap->pickTraceChange(column.samples, column.start, column.n, column.tr);
+}
+
+/// The samples are lent and stay as they are: the columns look at changed copies.
+void TraceRaster::changeColumns(TraceTap* tap)
+{
+    size_t nAll = 0;
+    for (const RasterColumn& column : _columns) nAll += size_t(column.n);
+    if (_changed.size() < nAll) _changed.resize(nAll);
+    float* out = _changed.data();
+    for (RasterColumn& column : _columns) {
+        std::copy_n(column.samples, column.n, out);
+        tap->changeTrace(out, column.start, column.n, column.tr);
+        column.samples = out;
+        out += column.n;
     }
 }
 

@@ -76,6 +76,7 @@ struct RasterColumn {
     int start = 0;  ///< first sample taken
     int dest = 0;   ///< its place in the work trace
     int n = 0;
+    const float* samples = nullptr;  ///< the first sample taken
     int64_t first = 0;  ///< sample that place 0 of the work trace stands for; may lie before the trace
 };
 
@@ -91,7 +92,7 @@ public:
 
     /// The picture, Format_RGB32; null if there is nothing to paint. The picture's memory is used again at
     /// the next render unless a copy of it is still held then.
-    /// @param tap  hears every trace shown; may be null
+    /// @param tap  hears every trace shown, changed as it wants it; may be null
     QImage render(const RasterParm& parm, TraceTap* tap);
 
     /// Makes room for a render of so many traces of nSamples to `rows` pixel rows.
@@ -101,9 +102,12 @@ public:
 
 private:
     void collectColumns(const RasterParm& parm, const RasterWindow& window, TraceTap* tap);
+    void tapColumns(TraceTap* tap);
+    void changeColumns(TraceTap* tap);
 
     std::vector<RasterColumn> _columns;
     std::vector<int> _ishift;
+    std::vector<float> _changed;  // traces that a tap has changed, one after the other
     std::unique_ptr<ColumnResampler> _resampler;
     QImage _image;
 };

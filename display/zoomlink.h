@@ -13,7 +13,7 @@ class SeismicDisplay;
 class ZoomLink
 {
 public:
-    /// @param host  guards against the echo; lent, may be null (then nothing is spread)
+    /// @param host  guards against the echo of zooms; lent, may be null: then zooms aren't spread, pans are
     explicit ZoomLink(DisplayHost* host) : _host(host) {}
     void setLists(const DisplayList* displays, const DisplayList* others);
 

@@ -8,7 +8,7 @@
 #include "frame/differencetool.h"
 #include "frame/drawtool.h"
 #include "frame/firstlookbar.h"
-#include "frame/imagetool.h"
+#include "frame/imagestoretool.h"
 #include "frame/indexbar.h"
 #include "frame/pagekeys.h"
 #include "frame/parmtool.h"
@@ -106,7 +106,8 @@ void MainWindow::makeParts()
     _help = std::make_unique<WindowHelp>(this);
     _session = std::make_unique<WindowSession>(this, _bars->bar(), _menu, _report.get());
     _imgstore = std::make_unique<ImageStorage>();
-    _displayHost = std::make_unique<WindowDisplayHost>(&_headerTable, _menu, _bars, &_tools);
+    _imgstore->setReport(_report.get());
+    _displayHost = std::make_unique<WindowDisplayHost>(&_headerTable, _menu, _bars, &_tools, _report.get());
     _segyHost = std::make_unique<WindowSegyHost>(this);
     _screens = std::make_unique<ScreenRow>(
         _splitter, _menu, ScreenParts{statusBar(), _controlStatus, _bars->bar(), _imgstore.get(), _displayHost.get()});
@@ -122,12 +123,12 @@ void MainWindow::makeParts()
 void MainWindow::makeTools()
 {
     auto parms = std::make_unique<ParmTool>(this, displays(), _screens->others(), _imgstore.get());
-    _imageTool = _tools.add(std::make_unique<ImageTool>(this, _imgstore.get(), parms.get(), displays(), _actions.get(), _menu));
+    _imageStoreTool = _tools.add(std::make_unique<ImageStoreTool>(this, _imgstore.get(), parms.get(), displays(), _actions.get(), _menu));
     _differenceTool = _tools.add(std::make_unique<DifferenceTool>(_screens.get(), _menu));
     _parmTool = _tools.add(std::move(parms));
     _titleTool = _tools.add(std::make_unique<TitleTool>(this, displays(), statusBar()));
     _drawTool = _tools.add(std::make_unique<DrawTool>(this, displays(), &_tools));
-    connect(_imageTool, &ImageTool::viewingChanged, this, &MainWindow::checkRadioButtons);
+    connect(_imageStoreTool, &ImageStoreTool::viewingChanged, this, &MainWindow::checkRadioButtons);
     connect(_parmTool, &ParmTool::overlayWanted, _actions->box("overlayBox"), &QCheckBox::setChecked);
     connect(_titleTool, &TitleTool::areaLineTitleWanted, this, &MainWindow::setAreaLineTitle);
     connect(_firstLookBar, &FirstLookBar::densityWanted, _parmTool, &ParmTool::showAsColor);
@@ -160,7 +161,7 @@ void MainWindow::makeAssumptionsPanel()
 
 void MainWindow::buildMainPlot()
 {
-    _imageTool->start();
+    _imageStoreTool->start();
     _screens->build();
     checkRadioButtons();
     if (_menu->idifference != 0 && _menu->iscreens > 1) _actions->box("differBox")->setChecked(true);
@@ -309,12 +310,12 @@ void MainWindow::exportImage() { _exports->exportImage(); }
 void MainWindow::exportScreen() { _exports->exportScreen(); }
 void MainWindow::contentHelp() { _help->showContents(); }
 void MainWindow::about() { _help->showAbout(); }
-void MainWindow::saveImage(int state) { _imageTool->setStored(state != 0); }
-void MainWindow::showImage(int state) { _imageTool->showPictures(state != 0); }
+void MainWindow::saveImage(int state) { _imageStoreTool->setStored(state != 0); }
+void MainWindow::showImage(int state) { _imageStoreTool->showPictures(state != 0); }
 void MainWindow::showOverlay(int state) { _parmTool->showOverlay(state != 0); }
 void MainWindow::setOverlayMode(bool on) { _displayHost->setOverlayMode(on); }
-bool MainWindow::isCollectImage(int* n) const { return _imageTool->isCollecting(n); }
-void MainWindow::setCollecting(bool on) { _imageTool->setCollecting(on); }
+bool MainWindow::isCollectImage(int* n) const { return _imageStoreTool->isCollecting(n); }
+void MainWindow::setCollecting(bool on) { _imageStoreTool->setCollecting(on); }
 void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }
 void MainWindow::addNewDisplay() { tellNotBuilt("Adding a display"); }
 void MainWindow::menuViewer() {}

@@ -24,7 +24,7 @@ class DrawTool;
 class FirstLook;
 class FirstLookBar;
 class ImageStorage;
-class ImageTool;
+class ImageStoreTool;
 class IndexBar;
 class ParmMenuDialog;
 class ParmTool;
@@ -224,7 +224,7 @@ private:
     std::unique_ptr<DisplayHost> _displayHost;  // the same
     std::unique_ptr<ScreenRow> _screens;
     ToolBench _tools;
-    ImageTool* _imageTool = nullptr;  // these are on the bench, each for the slots that are its own
+    ImageStoreTool* _imageStoreTool = nullptr;  // these are on the bench, each for the slots that are its own
     DifferenceTool* _differenceTool = nullptr;
     ParmTool* _parmTool = nullptr;
     TitleTool* _titleTool = nullptr;

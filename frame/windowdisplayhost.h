@@ -14,8 +14,9 @@ class WindowDisplayHost : public DisplayHost
 {
 public:
     /// All are lent and outlive the displays.
-    WindowDisplayHost(const HeaderTable* table, const parmmenu* menu, BarColumn* bars, const ToolBench* bench)
-        : _table(table), _menu(menu), _bars(bars), _bench(bench)
+    WindowDisplayHost(const HeaderTable* table, const parmmenu* menu, BarColumn* bars, const ToolBench* bench,
+                      Report* report)
+        : _table(table), _menu(menu), _bars(bars), _bench(bench), _report(report)
     {
     }
 
@@ -25,14 +26,14 @@ public:
     const HeaderWords* headerWords() const override;
     void setOverlayMode(bool on) override;
     ColorBarFrame* overlayColorBarFrame() override;
-    void doFBPicking(bool /*on*/) override {}
-    void pickTraceChange(const float* /*trace*/, int /*start*/, int /*n*/, int /*iTrace*/) override {}
+    Report& report() override { return *_report; }
 
 private:
     const HeaderTable* _table;
     const parmmenu* _menu;
     BarColumn* _bars;
     const ToolBench* _bench;
+    Report* _report;
     bool _isZooming = false;
 };
 

@@ -9,6 +9,7 @@
 #include "display/seismicdisplay.h"
 #include "frame/menudefaults.h"
 #include "host/flow/standardwords.h"
+#include "host/report.h"
 #include "sources/segywords.h"
 #include "tracedata/parmmenu.h"
 
@@ -28,11 +29,11 @@ public:
     const HeaderWords* headerWords() const override { return &segyWords(); }
     void setOverlayMode(bool on) override { isOverlay = on; }
     ColorBarFrame* overlayColorBarFrame() override { return &overlayBar; }
-    void doFBPicking(bool) override {}
-    void pickTraceChange(const float*, int, int, int) override {}
+    Report& report() override { return printed; }
 
     bool isOverlay = false;
     ColorBarFrame overlayBar;
+    PrintReport printed;
 
 private:
     bool _isZooming = false;

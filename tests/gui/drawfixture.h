@@ -2,6 +2,7 @@
 #ifndef DRAWFIXTURE_H
 #define DRAWFIXTURE_H
 
+#include "display/canvastools.h"
 #include "display/drawdialog.h"
 #include "tests/gui/displayfixture.h"
 
@@ -102,11 +103,15 @@ inline int countPixels(const QImage& image, const QColor& color)
     return n;
 }
 
-/// Counts the mouse events that reach a widget behind the dialog's filter.
+/// Counts the mouse events of a canvas that its tools let pass.
 class MouseCounter : public QObject
 {
 public:
-    explicit MouseCounter(QWidget* widget) { widget->installEventFilter(this); }
+    explicit MouseCounter(QWidget* widget)
+    {
+        widget->installEventFilter(this);
+        widget->installEventFilter(widget->parentWidget());  // the plot once more, so that it comes first again
+    }
     bool eventFilter(QObject*, QEvent* event) override
     {
         presses += event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;

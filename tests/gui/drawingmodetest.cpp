@@ -53,27 +53,32 @@ private:
 void DrawingModeTest::offGivesCursorKeyboardAndMouseBack_data()
 {
     QTest::addColumn<int>("mode");
-    for (const MouseMode mode : {MouseMode::Zoom, MouseMode::Spectrum, MouseMode::FirstBreaks})
-        QTest::addRow("%d", int(mode)) << int(mode);
+    for (const int mode : {-1, int(Picker::Spectrum), int(Picker::FirstBreaks)}) QTest::addRow("%d", mode) << mode;
 }
 
 void DrawingModeTest::offGivesCursorKeyboardAndMouseBack()
 {
     QFETCH(int, mode);
     DrawFixture fixture(2);
-    for (int i = 0; i < 2; ++i) fixture[i]->setMouseMode(MouseMode(mode), true);
+    const auto before = [&](int i) -> const CanvasTool* {
+        return mode < 0 ? fixture[i]->zoomTool() : &fixture[i]->pickers()[Picker(mode)];
+    };
+    if (mode >= 0)
+        for (int i = 0; i < 2; ++i) fixture[i]->setPicker(Picker(mode), true);
+    for (int i = 0; i < 2; ++i) QVERIFY(fixture[i]->tool() == before(i));
     const QString line = fixture.control.currentMessage();
     for (int turn = 0; turn < 3; ++turn) {
         fixture.enable();
         QVERIFY(fixture.dialog->isDrawing());
         QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
         QCOMPARE(QWidget::keyboardGrabber(), fixture.dialog.get());
-        for (int i = 0; i < 2; ++i) QVERIFY(fixture[i]->mouseMode() == MouseMode::Drawing);
+        for (int i = 0; i < 2; ++i) QVERIFY(fixture[i]->tool() == fixture.dialog.get());
         QVERIFY(fixture.control.currentMessage().startsWith("CTRL MB1 down and drag: zoom"));
+        QVERIFY(fixture.control.currentMessage().endsWith("   Drawing is on"));
         fixture.enable();
         QVERIFY(!QGuiApplication::overrideCursor());
         QVERIFY(!QWidget::keyboardGrabber());
-        for (int i = 0; i < 2; ++i) QVERIFY(int(fixture[i]->mouseMode()) == mode);
+        for (int i = 0; i < 2; ++i) QVERIFY(fixture[i]->tool() == before(i));
         QCOMPARE(fixture.control.currentMessage(), line);
     }
 }
@@ -97,7 +102,7 @@ void DrawingModeTest::eachWayOutEndsDrawing()
         QVERIFY(!fixture.find<QCheckBox>("enableBox")->isChecked());
         QVERIFY(!QGuiApplication::overrideCursor());
         QVERIFY(!QWidget::keyboardGrabber());
-        QVERIFY(fixture[0]->mouseMode() == MouseMode::Zoom);
+        QVERIFY(fixture[0]->tool() == fixture[0]->zoomTool());
     }
     QCOMPARE(fixture.lines().size(), 4);  // and what was drawn stays
 }
@@ -111,7 +116,7 @@ void DrawingModeTest::anotherMouseToolEndsDrawing()
     box->click();
     fixture.window->actionTable()->radio("radioZoom")->click();
     QVERIFY(!dialog->isDrawing());
-    QVERIFY(fixture.window->display()->mouseMode() == MouseMode::Zoom);
+    QVERIFY(fixture.window->display()->tool() == fixture.window->display()->zoomTool());
 }
 
 void DrawingModeTest::aMessageBoxHasItsOwnKeysAndCursor()
@@ -285,7 +290,7 @@ void DrawingModeTest::theDialogMayGoWhileItDraws()
     fixture.draw({{100, 50}, {200, 50}});
     fixture.dialog.reset();
     QVERIFY(!QGuiApplication::overrideCursor());
-    QVERIFY(fixture[0]->mouseMode() == MouseMode::Zoom);
+    QVERIFY(fixture[0]->tool() == fixture[0]->zoomTool());
     QCOMPARE(fixture.lines().size(), 1);
     dragMouse(fixture.canvas(), {100, 100}, {300, 300}, Qt::LeftButton);
     QVERIFY(fixture[0]->isZoomed());
@@ -319,7 +324,12 @@ void DrawingModeTest::anyPlotWithItsAxesIsATarget()
     target.plot = &plot;
     target.xAxis = QwtPlot::xBottom;
     target.yAxis = QwtPlot::yLeft;
-    target.setMouseAside = [&told](bool on) { told.append(on); };
+    CanvasTools tools(plot.canvas());
+    tools.watchCanvas();
+    target.borrowMouse = [&](CanvasTool* tool, bool on) {
+        told.append(on);
+        on ? tools.borrow(tool) : tools.giveBack(tool);
+    };
     DrawDialog dialog(nullptr, [&] { return QList<DrawTarget>{target}; });
     dialog.show();
     auto* box = dialog.findChild<QCheckBox*>("enableBox");

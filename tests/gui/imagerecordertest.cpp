@@ -759,7 +759,7 @@ void ImageRecorderTest::aPickerKeepsItsMouse()
     f.next();
     f[0]->setFBPicker(true);
     f[0]->showImage(0);
-    QVERIFY(f[0]->mouseMode() == MouseMode::FirstBreaks);
+    QVERIFY(f[0]->tool() == &f[0]->pickers()[Picker::FirstBreaks]);
     f[0]->setShowImage(false);
     QVERIFY(f.control.currentMessage().startsWith("CTRL MB1"));  // the plain buttons pick, as before
     f[0]->setFBPicker(false);

@@ -354,13 +354,13 @@ void MainWindowTest::modesThatAreNotBuiltNeitherStayCheckedNorTakeTheMouse()
 {
     WindowFixture fixture;
     WindowActions* table = fixture.window->actionTable();
-    const auto mode = [&] { return fixture.window->display()->mouseMode(); };
+    const SeismicDisplay* display = fixture.window->display();
     for (const char* name : {"showVelocityBox", "showGatPickerBox", "showFBPickerBox"}) {
         QVERIFY(!table->box(name)->isEnabled());
         QVERIFY(table->box(name)->toolTip().endsWith("is not built yet."));
         table->box(name)->setChecked(true);
         QVERIFY2(!table->box(name)->isChecked(), name);
-        QVERIFY(mode() == MouseMode::Zoom);
+        QVERIFY(display->tool() == display->zoomTool());
         QVERIFY(table->radioBox()->isEnabled());
     }
     for (const char* name : {"radioSpectrum", "radioHeader"}) {
@@ -368,7 +368,7 @@ void MainWindowTest::modesThatAreNotBuiltNeitherStayCheckedNorTakeTheMouse()
         table->radio(name)->setChecked(true);
         fixture.window->checkRadioButtons();
         QVERIFY2(table->radio("radioZoom")->isChecked(), name);
-        QVERIFY(mode() == MouseMode::Zoom);
+        QVERIFY(display->tool() == display->zoomTool());
     }
     for (const char* name : {"pickAct", "dispAct", "mapAct"}) {
         QVERIFY2(!fixture.action(name)->isEnabled(), name);

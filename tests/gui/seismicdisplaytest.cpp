@@ -481,10 +481,10 @@ void SeismicDisplayTest::theControlLineFollowsTheMouseMode()
     DisplayFixture fixture;
     QCOMPARE(fixture.control.currentMessage(),
              QString("MB1 down and drag: zoom,   MB2 down and drag: pann,    MB3 down: unzoom"));
-    fixture[0]->setMouseMode(MouseMode::FirstBreaks, true);
+    fixture[0]->setFBPicker(true);
     QVERIFY(fixture.control.currentMessage().startsWith("CTRL MB1 down and drag: zoom"));
     QVERIFY(fixture.control.currentMessage().endsWith("   First break picking is on"));
-    fixture[0]->setMouseMode(MouseMode::FirstBreaks, false);
+    fixture[0]->setFBPicker(false);
     QVERIFY(fixture.control.currentMessage().startsWith("MB1 down"));
 }
 

@@ -410,13 +410,13 @@ void ZoomTest::endingAnotherModeLeavesThePickerOn()
     DisplayFixture fixture;
     fixture[0]->setFBPicker(true);
     fixture[0]->setVelPicker(false);
-    QVERIFY(fixture[0]->mouseMode() == MouseMode::FirstBreaks);
+    QVERIFY(fixture[0]->tool() == &fixture[0]->pickers()[Picker::FirstBreaks]);
     fixture[0]->showDisplay(-1);
-    QVERIFY(fixture[0]->mouseMode() == MouseMode::FirstBreaks);
+    QVERIFY(fixture[0]->tool() == &fixture[0]->pickers()[Picker::FirstBreaks]);
     QVERIFY(fixture.control.currentMessage().endsWith("   First break picking is on"));
     fixture[0]->showDisplay(2);
     fixture[0]->showDisplay(-1);
-    QVERIFY(fixture[0]->mouseMode() == MouseMode::Zoom);
+    QVERIFY(fixture[0]->tool() == fixture[0]->zoomTool());
 }
 
 void ZoomTest::aTimeZoomTakesTheTracesOfTheNextEnsemble()

@@ -1,6 +1,7 @@
 /// Labels and steps of the axes.
 #include "display/axisstep.h"
-#include "display/mousemode.h"
+#include "display/pickertools.h"
+#include "display/statuslines.h"
 #include "display/myqwtplotmagnifier.h"
 #include "display/myqwtplotpanner.h"
 #include "display/myqwtplotzoomer.h"
@@ -192,13 +193,13 @@ TEST(Magnifier, EachWholeNotchOfTheWheelCounts)
     EXPECT_DOUBLE_EQ(wheelTurnFactor(0.9, 100), 1.0);
 }
 
-TEST(MouseMode, TheControlLineTellsTheButtonsAndTheMode)
+TEST(PickerTools, TheControlLineTellsTheButtonsAndTheMode)
 {
+    PickerTools pickers;
     EXPECT_EQ(controlLine(true, "", false),
               "MB1 down and drag: zoom,   MB2 down and drag: pann,    MB3 down: unzoom");
-    EXPECT_EQ(controlLine(false, mouseModeText(MouseMode::Spectrum), true),
+    EXPECT_EQ(controlLine(false, pickers[Picker::Spectrum].controlText(), true),
               "CTRL MB1 down and drag: zoom,   CTRL MB2 down and drag: pann,    CTRL MB3 down: unzoom"
               "   MB1 down/drag: show spectrum,   SHFT MB3: context menu");
-    EXPECT_EQ(mouseModeText(MouseMode::Drawing), "   Drawing is on");
-    EXPECT_EQ(mouseModeText(MouseMode::Moveout), "");
+    EXPECT_EQ(pickers[Picker::Moveout].controlText(), "");
 }

@@ -1,6 +1,7 @@
 #include "display/readout.h"
 
 #include "display/headeraxis.h"
+#include "display/velocityoverlay.h"
 
 #include <gtest/gtest.h>
 
@@ -123,4 +124,15 @@ TEST(Readout, TheLineStandsInFixedColumns)
     EXPECT_EQ(readoutText(at, ffid, chan, "Time (msec)").toStdString(),
               "FFID    :     1030     CHAN    :        2     Time (msec):   1250");
     EXPECT_EQ(amplitudeText("Amp", -0.25f).toStdString(), "     Amp:      -0.25");
+}
+
+TEST(Readout, VelocitiesThatThereAreFollowEachOther)
+{
+    VelocityReadout velocities;
+    EXPECT_EQ(velocityText(velocities), "");
+    velocities.interpolated = 2150.5f;
+    EXPECT_EQ(velocityText(velocities), "  Interp Vel: 2150.5");
+    velocities.closest = 2000.0f;
+    velocities.computed = 1234567.0f;
+    EXPECT_EQ(velocityText(velocities), "    Closest Vel: 2000  Computed Vel: 1.23457e+06  Interp Vel: 2150.5");
 }

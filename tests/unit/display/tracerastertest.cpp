@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <random>
 #include <utility>
@@ -598,4 +599,73 @@ TEST(UpperRun, GoesUpToTheEndAndNotOverTheEdges)
         EXPECT_EQ(run.first, c.first) << c.x0 << " to " << c.x1;
         EXPECT_EQ(run.last, c.last) << c.x0 << " to " << c.x1;
     }
+}
+
+/// Halves each sample and adds its place in the whole trace.
+struct HalvingTap : TraceTap {
+    bool changesTraces() const override { return isOn; }
+    void changeTrace(float* trace, int start, int n, int tr) override
+    {
+        for (int i = 0; i < n; ++i) trace[i] = changed(trace[i], start + i, tr);
+        changedTraces.push_back(tr);
+    }
+    void pickTraceChange(const float* trace, int start, int, int tr) override
+    {
+        heard.push_back(trace[0]);
+        places.push_back({start, tr});
+    }
+    static float changed(float value, int place, int tr) { return 0.5f * value + 0.25f * float(place) - float(tr); }
+    bool isOn = true;
+    std::vector<int> changedTraces;
+    std::vector<float> heard;
+    std::vector<std::pair<int, int>> places;
+};
+
+TEST(TraceRaster, PaintsWhatATapMakesOfTheTracesAndLeavesThemAlone)
+{
+    const Gather gather(19, 70);
+    Gather halved = gather;
+    for (int tr = 0; tr < 19; ++tr)
+        for (int j = 0; j < 70; ++j)
+            halved.values[tr * 70 + j] = HalvingTap::changed(gather.values[tr * 70 + j], j, tr);
+    const std::vector<float> before = gather.values;
+    for (const DisplayType type : {WiggleVA, ColorB, Map})
+        for (const int bulkshift : {0, -11, 7})
+            for (const PlotDirection direction : {LeftToRight, RightToLeft}) {
+                SCOPED_TRACE(std::string(nameOf(type)) + " shift " + std::to_string(bulkshift));
+                RasterParm parm = gather.parm(120, 90), wanted = halved.parm(120, 90);
+                for (RasterParm* each : {&parm, &wanted}) {
+                    each->displayType = type;
+                    each->bulkshift = bulkshift;
+                    each->plotDirection = direction;
+                }
+                TraceRaster raster;
+                HalvingTap tap;
+                const QImage got = raster.render(parm, &tap);
+                ASSERT_EQ(difference(got, referenceRender(wanted).image), "");
+                ASSERT_EQ(tap.changedTraces.size(), tap.places.size());
+                ASSERT_GT(tap.places.size(), 0u);
+                for (size_t i = 0; i < tap.places.size(); ++i) {
+                    const auto [start, tr] = tap.places[i];
+                    ASSERT_EQ(tap.changedTraces[i], tr);  // in the order of painting, and heard as changed
+                    const float expected = halved.values[tr * 70 + start];
+                    if (std::isnan(expected)) continue;
+                    ASSERT_EQ(tap.heard[i], expected);
+                }
+            }
+    for (size_t i = 0; i < before.size(); ++i)
+        ASSERT_EQ(std::memcmp(&gather.values[i], &before[i], sizeof(float)), 0) << i;
+}
+
+TEST(TraceRaster, ATapThatChangesNothingIsNotAskedTo)
+{
+    const Gather gather(5, 40);
+    TraceRaster raster;
+    HalvingTap tap;
+    tap.isOn = false;
+    const RasterParm parm = gather.parm(60, 50);
+    const QImage got = raster.render(parm, &tap);
+    EXPECT_EQ(difference(got, referenceRender(parm).image), "");
+    EXPECT_TRUE(tap.changedTraces.empty());
+    EXPECT_EQ(tap.heard.size(), 5u);
 }

@@ -1,4 +1,4 @@
-#include "frame/imagetool.h"
+#include "frame/imagestoretool.h"
 
 #include "analysis/parmmenudialog.h"
 #include "display/displaylist.h"
@@ -13,15 +13,15 @@
 #include <QCheckBox>
 #include <QMessageBox>
 
-ImageTool::ImageTool(QWidget* window, ImageStorage* store, ParmTool* parms, const DisplayList* displays,
+ImageStoreTool::ImageStoreTool(QWidget* window, ImageStorage* store, ParmTool* parms, const DisplayList* displays,
                      WindowActions* actions, parmmenu* menu)
     : _window(window), _store(store), _parms(parms), _displays(displays), _actions(actions), _menu(menu)
 {
     followStore();
-    connect(parms, &ParmTool::menuMade, this, &ImageTool::followMenu);
+    connect(parms, &ParmTool::menuMade, this, &ImageStoreTool::followMenu);
 }
 
-void ImageTool::start()
+void ImageStoreTool::start()
 {
     if (_menu->dostore != 0) _store->setStored(true);
     if (_menu->docollect != 0) {
@@ -30,7 +30,7 @@ void ImageTool::start()
     }
 }
 
-void ImageTool::followStore()
+void ImageStoreTool::followStore()
 {
     connect(_store, &ImageStorage::storedChanged, _actions->box("savImageBox"), &QCheckBox::setChecked);
     // Not at once: an ensemble is being loaded.
@@ -44,28 +44,28 @@ void ImageTool::followStore()
     });
 }
 
-void ImageTool::followMenu(ParmMenuDialog* made)
+void ImageStoreTool::followMenu(ParmMenuDialog* made)
 {
     connect(made->imageDialog(), &ImageDialog::viewChanged, _actions->box("showImageBox"), &QCheckBox::setChecked);
 }
 
-bool ImageTool::isCollecting(int* n) const
+bool ImageStoreTool::isCollecting(int* n) const
 {
     *n = _store->collectTotal();
     return *n > 1;
 }
 
-void ImageTool::setCollecting(bool on)
+void ImageStoreTool::setCollecting(bool on)
 {
     _store->setCollect(on);
 }
 
-void ImageTool::setStored(bool on)
+void ImageStoreTool::setStored(bool on)
 {
     _store->setStored(on);
 }
 
-void ImageTool::showPictures(bool on)
+void ImageStoreTool::showPictures(bool on)
 {
     if (on && _store->storeTotal() == 0) {
         _actions->box("showImageBox")->setChecked(false);
@@ -83,13 +83,13 @@ void ImageTool::showPictures(bool on)
     emit viewingChanged();
 }
 
-void ImageTool::beforeRecord()
+void ImageStoreTool::beforeRecord()
 {
     for (SeismicDisplay* display : *_displays) display->storeImage(false);
 }
 
 /// The data are shown.
-void ImageTool::endViewing()
+void ImageStoreTool::endViewing()
 {
     ParmMenuDialog* made = _parms->madeMenu();
     if (!made) return;
@@ -97,18 +97,18 @@ void ImageTool::endViewing()
     made->imageDialog()->checkCount();
 }
 
-void ImageTool::afterRecord(int)
+void ImageStoreTool::afterRecord(int)
 {
     endViewing();
 }
 
-void ImageTool::beforeData()
+void ImageStoreTool::beforeData()
 {
     endViewing();
 }
 
 /// A movie doesn't play on when its button is gone.
-void ImageTool::hide()
+void ImageStoreTool::hide()
 {
     if (ParmMenuDialog* made = _parms->madeMenu()) made->imageDialog()->endLoop();
 }

@@ -1,6 +1,6 @@
 /// Stored pictures among the tools of a window: the boxes "Save Images" and "Show Images", and collections.
-#ifndef IMAGETOOL_H
-#define IMAGETOOL_H
+#ifndef IMAGESTORETOOL_H
+#define IMAGESTORETOOL_H
 
 #include "frame/windowtool.h"
 
@@ -15,7 +15,7 @@ class WindowActions;
 struct parmmenu;
 
 /// Has pictures stored before a record leaves, and shows the data again when another one comes.
-class ImageTool : public QObject, public WindowTool
+class ImageStoreTool : public QObject, public WindowTool
 {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
     /// @param window  has the boxes of the user, and his messages
     /// @param parms   its menu has the tab of the pictures
     /// All are lent and outlive this.
-    ImageTool(QWidget* window, ImageStorage* store, ParmTool* parms, const DisplayList* displays, WindowActions* actions,
+    ImageStoreTool(QWidget* window, ImageStorage* store, ParmTool* parms, const DisplayList* displays, WindowActions* actions,
               parmmenu* menu);
 
     /// Stores, or collects, from the start where the record says so.
