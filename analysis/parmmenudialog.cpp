@@ -1,10 +1,10 @@
 #include "analysis/parmmenudialog.h"
 
-#include "display/colorbardialog.h"
 #include "display/displaylist.h"
-#include "display/displaymenu.h"
-#include "display/imagedialog.h"
-#include "display/scalemenu.h"
+#include "display/menus/colorbardialog.h"
+#include "display/menus/displaymenu.h"
+#include "display/menus/imagedialog.h"
+#include "display/menus/scalemenu.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "widgets/returnkey.h"
@@ -58,8 +58,7 @@ ParmMenuDialog::ParmMenuDialog(QWidget* parent, const DisplayList* displaylist, 
     connect(_groupDisplay, &QButtonGroup::idClicked, this, &ParmMenuDialog::changeDisplay);
     if (!displaylist->isEmpty()) {
         addNewDisplay(displaylist->first());
-        setOverlayMode(displaylist->first()->overlayPlot() &&
-                       displaylist->first()->overlayPlot()->isVisible());
+        setOverlayMode(displaylist->first()->overlayPlot() && displaylist->first()->overlayPlot()->isVisible());
     }
     if (!otherlist) return;
     for (SeismicDisplay* display : *otherlist) addNewDisplay(display);

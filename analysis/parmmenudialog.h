@@ -28,7 +28,8 @@ public:
     /// The lists and the store are lent and outlive the dialog; the second list may be null. A button is made for
     /// the main list, under the name of its first display, and one for each of the others, which come and go with
     /// them.
-    ParmMenuDialog(QWidget* parent, const DisplayList* displaylist, ImageStorage* imgstore, const DisplayList* otherlist);
+    ParmMenuDialog(QWidget* parent, const DisplayList* displaylist, ImageStorage* imgstore,
+                   const DisplayList* otherlist);
     /// Hides it first, so that a number that is just being typed is taken while all still stands: delete the
     /// dialog before the displays.
     ~ParmMenuDialog() override;
@@ -69,7 +70,7 @@ private:
     QHBoxLayout* _displayLayout;
     QPushButton* _dismissButton;
     int _ibcount = 0;  // buttons made
-    int _lastid = 0;  // the active one
+    int _lastid = 0;   // the active one
 };
 
 #endif

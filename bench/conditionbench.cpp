@@ -1,7 +1,7 @@
 /// Conditioning of an ensemble beside a bare transform there and back with a copy, on one core.
 #include "bench/limits.h"
 #include "bench/ratio.h"
-#include "display/traceconditioner.h"
+#include "display/raster/traceconditioner.h"
 #include "host/signal/npfar.h"
 #include "tracedata/seismicdata.h"
 

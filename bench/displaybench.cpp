@@ -1,18 +1,18 @@
 /// What the display costs above its kernels: a control change, the read-out, the next ensemble.
 #include "bench/limits.h"
 #include "bench/ratio.h"
-#include "display/colorbarframe.h"
+#include "display/colors/colorbarframe.h"
 #include "display/displayhost.h"
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
-#include "frame/menudefaults.h"
 #include "frame/sourcemenu.h"
 #include "host/flow/standardwords.h"
 #include "host/report.h"
 #include "host/signal/bytes.h"
 #include "sources/segyloader.h"
 #include "sources/segywords.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 
@@ -91,10 +91,7 @@ struct Shown {
         load();
         paint();
     }
-    void load()
-    {
-        display->loadSeismicData(loader->getTraces(), loader->getHeaders(), loader->numTraces(), true);
-    }
+    void load() { display->loadSeismicData(loader->getTraces(), loader->getHeaders(), loader->numTraces(), true); }
     void paint()
     {
         const int before = display->myCanvas()->renderCount();
@@ -134,7 +131,8 @@ static void benchControl(Shown& shown)
         plainCopy(window.bits(), cache.constBits(), size_t(picture.sizeInBytes()));
     };
     printFigure("control change to paint, 2000x2000", 1.3, 1900.0 * 1000.0 * 4.0, change, limit);
-    if (shown.display->myCanvas()->renderCount() != renders) std::puts("a control change painted more than once: FAILED");
+    if (shown.display->myCanvas()->renderCount() != renders)
+        std::puts("a control change painted more than once: FAILED");
 }
 
 static void benchReadout(Shown& large, Shown& small)
@@ -148,8 +146,7 @@ static void benchReadout(Shown& large, Shown& small)
     };
     const Ratio r = printFigure("mouse read-out, 2000x2000 by 20x20", 1.2, 0.0, moves(large), moves(small));
     const double micros = r.oursSec / nMoves * 1e6;
-    std::printf("FIGURE %-44s %6.2f us  allowed 50 us  %s\n", "mouse read-out, one move", micros,
-                judge(micros, 50.0));
+    std::printf("FIGURE %-44s %6.2f us  allowed 50 us  %s\n", "mouse read-out, one move", micros, judge(micros, 50.0));
 }
 
 static void benchNextEnsemble(Shown& shown)

@@ -33,10 +33,8 @@ static const unsigned black = 0xff000000u;
 /// Pixel columns of a trace's axis and end.
 struct PlainEnds {
     PlainEnds(const PlainPicture& p, int r, int k)
-        : value(p.out[r + k * p.stride]),
-          axis(std::clamp(int(k * p.pixPerTrace + p.xbase), 0, p.width - 1)),
-          at(std::clamp(int(value * p.pixPerTrace), -p.clipPix, p.clipPix) + axis),
-          end(std::clamp(at, 0, p.width - 1))
+        : value(p.out[r + k * p.stride]), axis(std::clamp(int(k * p.pixPerTrace + p.xbase), 0, p.width - 1)),
+          at(std::clamp(int(value * p.pixPerTrace), -p.clipPix, p.clipPix) + axis), end(std::clamp(at, 0, p.width - 1))
     {
     }
     float value;
@@ -123,8 +121,9 @@ void plainMap(const PlainPicture& p, const unsigned* table, int nColors, double 
             const float at = float(node) * float(columns) / float(n);
             const float next = float(node + 1) * float(columns) / float(n);
             const double below = p.out[r + node * p.stride], above = p.out[r + (node + 1) * p.stride];
-            const float value = float(x) > next ? float(above)
-                                                : float(below + (double(x) - at) / (double(next) - at) * (above - below));
+            const float value = float(x) > next
+                                    ? float(above)
+                                    : float(below + (double(x) - at) / (double(next) - at) * (above - below));
             line[x] = black | table[std::clamp(int((maxValue - value) / increment), 0, nColors - 1)];
         }
     }
@@ -176,7 +175,8 @@ float plainReadOfTraces(int descriptor, int64_t nTraces, int nSamples)
     std::vector<unsigned char> record(recordBytes);
     const std::unique_ptr<float[]> traces(new float[size_t(nTraces) * size_t(nSamples)]);
     for (int64_t i = 0; i < nTraces; ++i) {
-        if (::pread(descriptor, record.data(), recordBytes, 3600 + i * int64_t(recordBytes)) != ssize_t(recordBytes)) break;
+        if (::pread(descriptor, record.data(), recordBytes, 3600 + i * int64_t(recordBytes)) != ssize_t(recordBytes))
+            break;
         float* const out = traces.get() + i * nSamples;
         for (int j = 0; j < nSamples; ++j) {
             uint32_t word = 0;

@@ -2,14 +2,14 @@
 #include "bench/limits.h"
 #include "bench/ratio.h"
 #include "bench/segybenchfile.h"
-#include "display/colorbarframe.h"
-#include "display/myqwtplotcanvas.h"
+#include "display/colors/colorbarframe.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
-#include "frame/menudefaults.h"
 #include "frame/sourcemenu.h"
 #include "host/report.h"
 #include "sources/segyloader.h"
 #include "sources/segywords.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 
@@ -78,12 +78,15 @@ int main(int argc, char** argv)
     const SegyBenchFile file(nTraces, nSamples, 5, nTraces);
     if (!file.isGood) return 1;
     const double sampleBytes = 4.0 * nTraces * nSamples;
-    { const Line line(file); }
+    {
+        const Line line(file);
+    }
     const double allowed = 2.5 * sampleBytes + 120e6, peak = peakBytes();
     std::printf("FIGURE %-44s %6.0f MB  allowed %.0f MB  %s\n", "long line 30,000 x 2000, memory", peak * 1e-6,
                 allowed * 1e-6, judge(peak, allowed));
     float last = 0.0f;
-    printFigure("long line opened and painted, by reading it", 1.5, sampleBytes, [&] { const Line line(file); },
-                [&] { last = plainReadOfTraces(file.descriptor, nTraces, nSamples); });
+    printFigure(
+        "long line opened and painted, by reading it", 1.5, sampleBytes, [&] { const Line line(file); },
+        [&] { last = plainReadOfTraces(file.descriptor, nTraces, nSamples); });
     return benchStatus(last != 0.0f);
 }

@@ -1,12 +1,12 @@
 /// A stored picture on its way to the screen, beside a bare XCopyArea of the same size. Needs an X server with a screen of
 /// 4200 by 1200: what hangs over its edge isn't copied.
 #include "bench/ratio.h"
-#include "display/colorbarframe.h"
-#include "display/imagestorage.h"
+#include "display/colors/colorbarframe.h"
+#include "display/images/imagestorage.h"
 #include "display/seismicdisplay.h"
-#include "frame/menudefaults.h"
 #include "host/flow/standardwords.h"
 #include "sources/segywords.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 
@@ -139,7 +139,8 @@ int main(int argc, char** argv)
     const auto* window = movie.display.canvas()->findChild<QWidget*>("pictureWindow");
     const QSize size = movie.display.canvas()->size();
     if (!window || !window->isVisible() || size != QSize(1900, 1000)) {
-        std::printf("the pictures don't take the short way, or have %d by %d pixels: FAILED\n", size.width(), size.height());
+        std::printf("the pictures don't take the short way, or have %d by %d pixels: FAILED\n", size.width(),
+                    size.height());
         return 1;
     }
     BareCopy bare(size);
@@ -166,7 +167,7 @@ int main(int argc, char** argv)
     const double bytes = 4.0 * size.width() * size.height() * nSteps;
     printFigure("stored picture to the screen, 1900x1000", 1.2, bytes, ours, limit, 41);
     const Ratio whole = measureRatio(withTitles, limit);
-    std::printf("FIGURE %-44s %6.2f ms  by a bare copy %.2f\n", "the same with its labels and title", whole.oursSec / nSteps * 1e3,
-                whole.median);
+    std::printf("FIGURE %-44s %6.2f ms  by a bare copy %.2f\n", "the same with its labels and title",
+                whole.oursSec / nSteps * 1e3, whole.median);
     return benchStatus(true);
 }

@@ -1,8 +1,8 @@
 /// Repaints of a display beside a plain loop with the same resampling and the same pixel writes, on one core.
 #include "bench/limits.h"
 #include "bench/ratio.h"
-#include "display/colortable.h"
-#include "display/traceraster.h"
+#include "display/colors/colortable.h"
+#include "display/raster/traceraster.h"
 #include "host/numeric/resample.h"
 
 #include <cstdio>
@@ -40,8 +40,7 @@ Section::Section(int traces, int samples, DisplayType type)
     std::normal_distribution<float> normal;
     for (int i = 0; i < traces; ++i) {
         float previous = 0.0f;
-        for (int j = 0; j < samples; ++j)
-            values[size_t(i) * samples + j] = previous = 0.8f * previous + normal(random);
+        for (int j = 0; j < samples; ++j) values[size_t(i) * samples + j] = previous = 0.8f * previous + normal(random);
         divisors.push_back(2.5f + 0.001f * i);
     }
     colors.setColorType(ColorYes);
@@ -118,7 +117,8 @@ long Section::sumOf(const unsigned* from) const
 static std::map<std::string, double> matplotlibSeconds()
 {
     std::map<std::string, double> seconds;
-    FILE* const script = ::popen("OMP_NUM_THREADS=1 /usr/bin/python3 " MERIDUNE_SOURCE_DIR "/bench/matplotlibredraw.py 2>&1", "r");
+    FILE* const script =
+        ::popen("OMP_NUM_THREADS=1 /usr/bin/python3 " MERIDUNE_SOURCE_DIR "/bench/matplotlibredraw.py 2>&1", "r");
     char name[64];
     double value = 0.0;
     while (script && std::fscanf(script, "%63s %lf", name, &value) == 2) seconds[name] = value;
@@ -142,8 +142,7 @@ static bool measure(const Kind& kind, const std::map<std::string, double>& redra
     Section section(kind.nTraces, kind.nSamples, kind.type);
     section.paintPlain();
     const QImage image = section.paint();
-    if (section.sumOf(reinterpret_cast<const unsigned*>(image.constBits())) !=
-        section.sumOf(section.pixels.data())) {
+    if (section.sumOf(reinterpret_cast<const unsigned*>(image.constBits())) != section.sumOf(section.pixels.data())) {
         std::printf("%s: the pictures differ\n", kind.name);
         return false;
     }
@@ -153,8 +152,8 @@ static bool measure(const Kind& kind, const std::map<std::string, double>& redra
     const Ratio ratio = printFigure(name.c_str(), 0.6, nBytes, paint, [&] { section.paintPlain(); });
     const auto redraw = redraws.find(kind.redraw ? kind.redraw : "");
     if (redraw != redraws.end())
-        printValue((name + " / matplotlib").c_str(), ratio.oursSec / redraw->second, 1.0 / kind.faster,
-                   ratio.oursSec, redraw->second);
+        printValue((name + " / matplotlib").c_str(), ratio.oursSec / redraw->second, 1.0 / kind.faster, ratio.oursSec,
+                   redraw->second);
     if (kind.nTraces < 2000) return true;
     const auto paintOn = [&section](int nThreads) {
         return [&section, nThreads] {

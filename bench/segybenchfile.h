@@ -19,7 +19,8 @@ public:
     SegyBenchFile(int nTraces, int nSamples, int format, int shotTraces = 120)
         : recordBytes(240 + 4 * int64_t(nSamples))
     {
-        path = (std::filesystem::temp_directory_path() / ("meridunebench" + std::to_string(::getpid()) + ".sgy")).string();
+        path =
+            (std::filesystem::temp_directory_path() / ("meridunebench" + std::to_string(::getpid()) + ".sgy")).string();
         descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
         std::vector<unsigned char> reel(3600, 0x40);
         std::memset(reel.data() + 3200, 0, 400);
@@ -34,7 +35,8 @@ public:
         for (int i = 0; i < nTraces && isGood; i += blockTraces) {
             const int n = std::min(blockTraces, nTraces - i);
             block.resize(size_t(n) * size_t(recordBytes));
-            for (int j = 0; j < n; ++j) fillTrace(&block[size_t(j) * size_t(recordBytes)], i + j, shotTraces, nSamples, &random);
+            for (int j = 0; j < n; ++j)
+                fillTrace(&block[size_t(j) * size_t(recordBytes)], i + j, shotTraces, nSamples, &random);
             isGood = ::write(descriptor, block.data(), block.size()) == ssize_t(block.size());
         }
         ::fsync(descriptor);
@@ -75,7 +77,8 @@ private:
         // 0x41 and 0x42 begin ordinary numbers in IBM and in IEEE
         const uint32_t noise = (*random)();
         for (int j = 0; j < nSamples; ++j) {
-            const uint32_t word = __builtin_bswap32(0x41100000u | ((noise * uint32_t(j + 1) * 2654435761u) >> 8 & 0x00ffffffu));
+            const uint32_t word =
+                __builtin_bswap32(0x41100000u | ((noise * uint32_t(j + 1) * 2654435761u) >> 8 & 0x00ffffffu));
             std::memcpy(trace + 240 + 4 * size_t(j), &word, 4);
         }
     }

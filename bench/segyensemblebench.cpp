@@ -36,7 +36,8 @@ int main()
     const SegyBenchFile file(nTraces * nEnsembles, nSamples, 1);
     if (!file.isGood) return 1;
     Silent report;
-    const auto opened = SegyLoader::open({.files = QString::fromStdString(file.path), .isort = 1, .indexbuilt = 1}, &report);
+    const auto opened =
+        SegyLoader::open({.files = QString::fromStdString(file.path), .isort = 1, .indexbuilt = 1}, &report);
     if (!opened) return 1;
     SegyLoader& loader = *opened;
     segy_file* other = segy_open(file.path.c_str(), "rb");
@@ -52,10 +53,12 @@ int main()
     const auto next = [&] { return shot = (shot + 1) % nEnsembles; };
     const auto ours = [&] { loader.seekEnsemble(next() + 1); };
     const double nBytes = double(nTraces) * double(file.recordBytes);
-    printFigure("ensemble 120 x 1500 IBM / segyio, headers too", 0.7, nBytes, ours,
-                [&] { readBySegyio(other, next() * nTraces, &samples, true); }, 201);
-    printFigure("ensemble 120 x 1500 IBM / segyio, samples only", 0.7, nBytes, ours,
-                [&] { readBySegyio(other, next() * nTraces, &samples, false); }, 201);
+    printFigure(
+        "ensemble 120 x 1500 IBM / segyio, headers too", 0.7, nBytes, ours,
+        [&] { readBySegyio(other, next() * nTraces, &samples, true); }, 201);
+    printFigure(
+        "ensemble 120 x 1500 IBM / segyio, samples only", 0.7, nBytes, ours,
+        [&] { readBySegyio(other, next() * nTraces, &samples, false); }, 201);
     segy_close(other);
     return benchStatus(true);
 }

@@ -59,7 +59,8 @@ static bool warmBuild()
     SegyMap map = buildMap(file);
     sortSegyMap(map.items(), map.count(), MapSlot(8), MapSlot(0));
     const double peak = statusBytes("VmHWM") - before, after = statusBytes("VmRSS") - before;
-    std::printf("FIGURE map memory, bytes a trace: after %.1f (allowed 96) %s, while building and sorting %.1f (allowed 144) %s\n",
+    std::printf("FIGURE map memory, bytes a trace: after %.1f (allowed 96) %s, while building and sorting %.1f "
+                "(allowed 144) %s\n",
                 after / nTraces, judge(after / nTraces, 96.0), peak / nTraces, judge(peak / nTraces, 144.0));
     double sums[16] = {}, expected[16];
     for (int i = 0; i < map.count(); ++i)
@@ -70,8 +71,9 @@ static bool warmBuild()
         return false;
     }
     map = SegyMap();
-    printFigure("map of 1,000,000 traces, warm / mapped loop", 1.2, double(nTraces) * 240, [&] { buildMap(file); },
-                [&] { mappedSums(file, nTraces, expected); });
+    printFigure(
+        "map of 1,000,000 traces, warm / mapped loop", 1.2, double(nTraces) * 240, [&] { buildMap(file); },
+        [&] { mappedSums(file, nTraces, expected); });
     return true;
 }
 
@@ -105,8 +107,9 @@ static bool sort()
     }
     const auto ours = [&] { sortSegyMap(mine.data(), n, MapSlot(8), MapSlot(0)); };
     const auto limit = [&] {
-        std::stable_sort(theirs.begin(), theirs.end(),
-                         [](const segyMapItem& a, const segyMapItem& b) { return segyMapCompare(a, b, MapSlot(8), MapSlot(0)) < 0; });
+        std::stable_sort(theirs.begin(), theirs.end(), [](const segyMapItem& a, const segyMapItem& b) {
+            return segyMapCompare(a, b, MapSlot(8), MapSlot(0)) < 0;
+        });
     };
     std::vector<double> ratios, oursSec, limitSec;
     for (int i = 0; i < 7; ++i) {

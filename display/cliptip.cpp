@@ -1,6 +1,6 @@
 #include "display/cliptip.h"
 
-#include "display/fitgain.h"
+#include "display/raster/fitgain.h"
 #include "display/seismicplot.h"
 
 #include <QEvent>
@@ -17,9 +17,10 @@ static QString shareText(const ClipCount& count)
 {
     if (count.clipped == 0) return "No sample is clipped";
     const double percent = count.live > 0 ? 100.0 * double(count.clipped) / double(count.live) : 0.0;
-    const QString share = percent < 0.1                                           ? QString("Less than 0.1")
-                          : percent > 99.9 && count.clipped < count.live ? QString("More than 99.9")
-                                                                          : QString::number(percent, 'f', percent < 10.0 ? 1 : 0);
+    const QString share = percent < 0.1 ? QString("Less than 0.1")
+                          : percent > 99.9 && count.clipped < count.live
+                              ? QString("More than 99.9")
+                              : QString::number(percent, 'f', percent < 10.0 ? 1 : 0);
     return share + " % of the samples are clipped";
 }
 

@@ -1,8 +1,8 @@
 #include "display/displayaxes.h"
 
 #include "display/headeraxis.h"
-#include "display/recordaxisscaledraw.h"
-#include "display/seismicaxisscaledraw.h"
+#include "display/zoom/recordaxisscaledraw.h"
+#include "display/zoom/seismicaxisscaledraw.h"
 
 #include <QFontMetrics>
 #include <qwt_plot.h>

@@ -2,8 +2,8 @@
 #ifndef DISPLAYAXES_H
 #define DISPLAYAXES_H
 
-#include "display/axisarithmetic.h"
 #include "display/readout.h"
+#include "display/zoom/axisarithmetic.h"
 
 class QwtPlot;
 class RecordAxisScaleDraw;

@@ -1,9 +1,9 @@
 #include "display/ensembleview.h"
 
-#include "display/axisarithmetic.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "display/wordlookup.h"
+#include "display/zoom/axisarithmetic.h"
 #include "tracedata/seismicdata.h"
 
 EnsembleView::EnsembleView(SeismicDisplay* display) : QObject(display), _display(display) {}

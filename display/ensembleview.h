@@ -2,9 +2,9 @@
 #ifndef ENSEMBLEVIEW_H
 #define ENSEMBLEVIEW_H
 
-#include "display/batchhook.h"
 #include "display/readout.h"
-#include "display/tracetaps.h"
+#include "display/tools/batchhook.h"
+#include "display/tools/tracetaps.h"
 
 #include <QObject>
 #include <QPointF>

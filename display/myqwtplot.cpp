@@ -1,6 +1,6 @@
 #include "display/myqwtplot.h"
 
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 
 #include <QCoreApplication>
 

@@ -21,7 +21,8 @@ QStringList pictureChips(const SeismicPlot& plot, const QString& overlayRecord)
     QStringList chips;
     if (parm.isPhase) chips += "Phase " + printed("phaseAngle");
     if (parm.isFilter)
-        chips += QString("Filter %1-%2-%3-%4 Hz").arg(parm.lowCut).arg(parm.lowPass).arg(parm.highPass).arg(parm.highCut);
+        chips +=
+            QString("Filter %1-%2-%3-%4 Hz").arg(parm.lowCut).arg(parm.lowPass).arg(parm.highPass).arg(parm.highCut);
     if (parm.isAGC) chips += "AGC " + printed("agcWindow");
     // A gain that was fitted has more digits than anybody typed.
     const double db = std::round(double(parm.gain) * 100.0) / 100.0;

@@ -10,21 +10,21 @@ struct VelocityReadout;
 /// What the read-out must know of the picture.
 struct ReadoutFrame {
     int nTraces = 0;
-    int nSamples = 0;        ///< samples kept of each trace
-    double rate = 1.0;       ///< ms a sample, above 0
+    int nSamples = 0;   ///< samples kept of each trace
+    double rate = 1.0;  ///< ms a sample, above 0
     bool rightToLeft = false;
-    bool isSlice = false;    ///< the vertical axis is a position, not time
+    bool isSlice = false;  ///< the vertical axis is a position, not time
     bool timeDirection = true;
-    double sliceStart = 0.0; ///< position of a slice's first sample
-    int firstSample = 0;     ///< first sample kept of the input traces
+    double sliceStart = 0.0;  ///< position of a slice's first sample
+    int firstSample = 0;      ///< first sample kept of the input traces
 };
 
 /// What stands under a position. With no traces or samples all are 0.
 struct ReadoutPosition {
-    int column = 0;       ///< 1 to nTraces, from the left: index into the axis arrays
-    int trace = 0;        ///< from 0, in the order of the data
-    int sample = 0;       ///< from 0, into the kept window
-    double position = 0;  ///< time in ms, or the slice's position
+    int column = 0;         ///< 1 to nTraces, from the left: index into the axis arrays
+    int trace = 0;          ///< from 0, in the order of the data
+    int sample = 0;         ///< from 0, into the kept window
+    double position = 0;    ///< time in ms, or the slice's position
     bool isInside = false;  ///< whether the data reach to where that is: 0 to nTraces + 1, and their times
 };
 

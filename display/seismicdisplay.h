@@ -2,21 +2,21 @@
 #ifndef SEISMICDISPLAY_H
 #define SEISMICDISPLAY_H
 
-#include "display/contextmenu.h"
 #include "display/displayaxes.h"
 #include "display/headeraxis.h"
-#include "display/imagerecorder.h"
-#include "display/imagetool.h"
+#include "display/images/imagerecorder.h"
+#include "display/images/imagetool.h"
 #include "display/myqwtplot.h"
 #include "display/overlaylayer.h"
-#include "display/pickertools.h"
 #include "display/plotowner.h"
 #include "display/polarity.h"
-#include "display/readouttool.h"
 #include "display/statuslines.h"
+#include "display/tools/contextmenu.h"
+#include "display/tools/pickertools.h"
+#include "display/tools/readouttool.h"
 #include "display/tracelayer.h"
-#include "display/zoomlink.h"
-#include "display/zoomtool.h"
+#include "display/zoom/zoomlink.h"
+#include "display/zoom/zoomtool.h"
 #include "tracedata/orvinconstants.h"
 
 #include <QString>

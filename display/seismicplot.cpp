@@ -1,11 +1,11 @@
 #include "display/seismicplot.h"
 
-#include "display/colorbarframe.h"
-#include "display/dataview.h"
-#include "display/displaytype.h"
+#include "display/colors/colorbarframe.h"
 #include "display/plotowner.h"
-#include "display/rasternumber.h"
-#include "display/tracetap.h"
+#include "display/raster/dataview.h"
+#include "display/raster/displaytype.h"
+#include "display/raster/rasternumber.h"
+#include "display/raster/tracetap.h"
 #include "tracedata/seismicdata.h"
 
 #include <QPainter>
@@ -396,8 +396,8 @@ void SeismicPlot::drawRendered(QPainter* painter, const QwtScaleMap& xMap, const
     const QRectF area = QwtScaleMap::invTransform(xMap, yMap, canvasRect);
     if (!(area.width() > 0.0 && area.height() > 0.0)) return;
     const double ratio = painter->device()->devicePixelRatioF();
-    const QImage image = renderMaps(deviceMap(xMap, canvasRect.left(), ratio),
-                                    deviceMap(yMap, canvasRect.top(), ratio), ratio);
+    const QImage image =
+        renderMaps(deviceMap(xMap, canvasRect.left(), ratio), deviceMap(yMap, canvasRect.top(), ratio), ratio);
     if (image.isNull()) return;
     const QSizeF size(image.width() / ratio, image.height() / ratio);
     const QSizeF shown = size.boundedTo(canvasRect.size());
@@ -423,8 +423,8 @@ QRect SeismicPlot::storedPart(const QwtScaleMap& xMap, const QwtScaleMap& yMap) 
 {
     const QSize size = _doDrawBitmap ? _bitmap.size() : _doDrawPixmap ? _pixmap.size() : _image.size();
     const double yStart = timeDirection() == 0 ? std::abs(_yMap.s2() - _yMap.s1()) - yMap.s2() : yMap.s2();
-    QRect crop = storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart,
-                                   _shiftTime);
+    QRect crop =
+        storedPictureCrop(size, axisMap(_xMap), axisMap(_yMap), axisMap(xMap), axisMap(yMap), yStart, _shiftTime);
     crop.setSize(crop.size().boundedTo(QSize(size.width() - crop.x(), size.height() - crop.y())));
     return crop.isEmpty() ? QRect(QPoint(0, 0), size) : crop;
 }

@@ -2,9 +2,9 @@
 #ifndef SEISMICPLOT_H
 #define SEISMICPLOT_H
 
-#include "display/colorbarframe.h"
-#include "display/traceconditioner.h"
-#include "display/traceraster.h"
+#include "display/colors/colorbarframe.h"
+#include "display/raster/traceconditioner.h"
+#include "display/raster/traceraster.h"
 
 #include <QBitmap>
 #include <QImage>
@@ -212,9 +212,9 @@ private:
     float _peak = 1.0f;
     float _minAmp = -1000.0f;
     float _maxAmp = 1000.0f;
-    std::optional<QPointF> _rangeOf[2];  // ranges left behind: of samples as they are, of scaled ones
+    std::optional<QPointF> _rangeOf[2];         // ranges left behind: of samples as they are, of scaled ones
     const SeismicPlot* _scaleSource = nullptr;  // lent
-    bool _firstTime = true;  // no computeNormalizer so far
+    bool _firstTime = true;                     // no computeNormalizer so far
 
     float _plotTraceCount = 0.0f;
     float _plotSampleCount = 0.0f;

@@ -2,8 +2,8 @@
 #ifndef TRACELAYER_H
 #define TRACELAYER_H
 
-#include "display/ensemblecopy.h"
 #include "display/headeraxis.h"
+#include "display/raster/ensemblecopy.h"
 
 #include <QString>
 

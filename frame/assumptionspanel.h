@@ -34,7 +34,7 @@ public slots:
 private:
     void setBadge(const std::vector<SegyAssumption>& assumptions);
 
-    QTreeWidget* _lines;      // children of the panel
+    QTreeWidget* _lines;  // children of the panel
     QPushButton* _copyButton;
     QToolButton* _badge;
 };

@@ -1,6 +1,6 @@
 #include "frame/barcolumn.h"
 
-#include "display/colorbarframe.h"
+#include "display/colors/colorbarframe.h"
 
 BarColumn::BarColumn() : _bar(new ColorBarFrame)
 {

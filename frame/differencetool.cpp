@@ -25,7 +25,8 @@ void DifferenceTool::load()
     // The display takes its own time window out of whole traces, so these are as long as those were.
     TraceDifference difference =
         traceDifference(*a->seismicData(), *b->seismicData(), b->firstSample(), _menu->_orvinruntime.numsmp);
-    shown->loadSeismicData(difference.traces.data(), b->seismicData()->getTraceHeaders(), int(difference.traces.size()), true);
+    shown->loadSeismicData(difference.traces.data(), b->seismicData()->getTraceHeaders(), int(difference.traces.size()),
+                           true);
 }
 
 void DifferenceTool::afterRecord(int screen)

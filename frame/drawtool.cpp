@@ -1,7 +1,7 @@
 #include "frame/drawtool.h"
 
 #include "display/displaylist.h"
-#include "display/drawdialog.h"
+#include "display/menus/drawdialog.h"
 #include "frame/toolbench.h"
 #include "widgets/bringup.h"
 

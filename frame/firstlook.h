@@ -20,7 +20,8 @@ class FirstLook : public QObject
     Q_OBJECT
 
 public:
-    using Guess = std::function<int(const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error)>;
+    using Guess =
+        std::function<int(const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error)>;
 
     /// Opens a file by settings; false if it was refused.
     using Open = std::function<bool(const SegyLoadParm& parm)>;
@@ -59,8 +60,8 @@ private:
     Guess _guess = guessSegyFile;
     SegyGuessDialog* _dialog = nullptr;  // child of the window, made on first use
     Found _found;
-    int _number = 0;         // of the look that counts
-    bool _isUsing = false;   // the guess's own settings are being opened
+    int _number = 0;        // of the look that counts
+    bool _isUsing = false;  // the guess's own settings are being opened
 };
 
 #endif

@@ -17,11 +17,15 @@ FirstLookBar::FirstLookBar(QWidget* parent) : QFrame(parent)
     _textLabel->setWordWrap(true);
     // A long line must not widen the window.
     _textLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    _useButton = makeControl<QPushButton>("useButton", tr("Open the file with the settings that the guess found"), tr("Use these settings"));
-    _detailsButton = makeControl<QPushButton>("detailsButton", tr("Show what was found, and why; nothing changes"), tr("Details..."));
-    _densityButton = makeControl<QPushButton>("densityButton", tr("Show amplitudes by colours: the display type Color"), tr("Show as Color"));
+    _useButton = makeControl<QPushButton>("useButton", tr("Open the file with the settings that the guess found"),
+                                          tr("Use these settings"));
+    _detailsButton = makeControl<QPushButton>("detailsButton", tr("Show what was found, and why; nothing changes"),
+                                              tr("Details..."));
+    _densityButton = makeControl<QPushButton>("densityButton", tr("Show amplitudes by colours: the display type Color"),
+                                              tr("Show as Color"));
     _notNowButton = makeControl<QPushButton>("notNowButton", tr("Leave all as it is"), tr("Not now"));
-    _alwaysBox = makeControl<QCheckBox>("alwaysBox", tr("Use such settings unasked, from the next file on"), tr("Always"));
+    _alwaysBox =
+        makeControl<QCheckBox>("alwaysBox", tr("Use such settings unasked, from the next file on"), tr("Always"));
     _alwaysBox->setChecked(AppSettings().value(SettingsKey::guessAlways, false).toBool());
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(6, 2, 6, 2);
@@ -35,7 +39,8 @@ FirstLookBar::FirstLookBar(QWidget* parent) : QFrame(parent)
     connect(_detailsButton, &QPushButton::clicked, this, &FirstLookBar::detailsWanted);
     connect(_densityButton, &QPushButton::clicked, this, &FirstLookBar::densityWanted);
     connect(_notNowButton, &QPushButton::clicked, this, &FirstLookBar::dismiss);
-    connect(_alwaysBox, &QCheckBox::toggled, this, [](bool on) { AppSettings().setValue(SettingsKey::guessAlways, on); });
+    connect(_alwaysBox, &QCheckBox::toggled, this,
+            [](bool on) { AppSettings().setValue(SettingsKey::guessAlways, on); });
     hide();
 }
 

@@ -11,20 +11,13 @@ static const struct {
     const char* tab;
     const char* page;
 } pages[] = {
-    {"MainWindow", "", "display.html"},
-    {"ParmMenuDialog", "Image", "movie.html"},
-    {"ParmMenuDialog", "", "parameters.html"},
-    {"ImageDialog", "", "movie.html"},
-    {"SegyMenuDialog", "Load", "open.html"},
-    {"SegyMenuDialog", "", "headers.html"},
-    {"SegyRemapDialog", "", "headers.html"},
-    {"SegyGuessDialog", "", "guess.html"},
-    {"SegyRecDialog", "", "seek.html"},
-    {"RecordList", "", "seek.html"},
-    {"SectionExportDialog", "", "export.html"},
-    {"Titles", "", "titles.html"},
-    {"DrawDialog", "", "titles.html"},
-    {"AssumptionsPanel", "", "assumed.html"},
+    {"MainWindow", "", "display.html"},         {"ParmMenuDialog", "Image", "movie.html"},
+    {"ParmMenuDialog", "", "parameters.html"},  {"ImageDialog", "", "movie.html"},
+    {"SegyMenuDialog", "Load", "open.html"},    {"SegyMenuDialog", "", "headers.html"},
+    {"SegyRemapDialog", "", "headers.html"},    {"SegyGuessDialog", "", "guess.html"},
+    {"SegyRecDialog", "", "seek.html"},         {"RecordList", "", "seek.html"},
+    {"SectionExportDialog", "", "export.html"}, {"Titles", "", "titles.html"},
+    {"DrawDialog", "", "titles.html"},          {"AssumptionsPanel", "", "assumed.html"},
 };
 
 QString helpPageOf(const QWidget* window)

@@ -2,8 +2,8 @@
 
 #include "analysis/parmmenudialog.h"
 #include "display/displaylist.h"
-#include "display/imagedialog.h"
-#include "display/imagestorage.h"
+#include "display/images/imagestorage.h"
+#include "display/menus/imagedialog.h"
 #include "display/seismicdisplay.h"
 #include "frame/parmtool.h"
 #include "frame/windowactions.h"
@@ -14,7 +14,7 @@
 #include <QMessageBox>
 
 ImageStoreTool::ImageStoreTool(QWidget* window, ImageStorage* store, ParmTool* parms, const DisplayList* displays,
-                     WindowActions* actions, parmmenu* menu)
+                               WindowActions* actions, parmmenu* menu)
     : _window(window), _store(store), _parms(parms), _displays(displays), _actions(actions), _menu(menu)
 {
     followStore();
@@ -34,10 +34,13 @@ void ImageStoreTool::followStore()
 {
     connect(_store, &ImageStorage::storedChanged, _actions->box("savImageBox"), &QCheckBox::setChecked);
     // Not at once: an ensemble is being loaded.
-    connect(_store, &ImageStorage::full, this, [this] {
-        QMessageBox::critical(_window, "Image Error",
-                              "The saved images fill a quarter of the memory.\nNo more images are saved.");
-    }, Qt::QueuedConnection);
+    connect(
+        _store, &ImageStorage::full, this,
+        [this] {
+            QMessageBox::critical(_window, "Image Error",
+                                  "The saved images fill a quarter of the memory.\nNo more images are saved.");
+        },
+        Qt::QueuedConnection);
     // A flow collects anew with each "next"; without one a collection is made once.
     connect(_store, &ImageStorage::collected, this, [this] {
         if (_menu->dotrevia != 1) setCollecting(false);

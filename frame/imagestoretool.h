@@ -23,8 +23,8 @@ public:
     /// @param window  has the boxes of the user, and his messages
     /// @param parms   its menu has the tab of the pictures
     /// All are lent and outlive this.
-    ImageStoreTool(QWidget* window, ImageStorage* store, ParmTool* parms, const DisplayList* displays, WindowActions* actions,
-              parmmenu* menu);
+    ImageStoreTool(QWidget* window, ImageStorage* store, ParmTool* parms, const DisplayList* displays,
+                   WindowActions* actions, parmmenu* menu);
 
     /// Stores, or collects, from the start where the record says so.
     void start();

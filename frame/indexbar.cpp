@@ -16,7 +16,8 @@ IndexBar::IndexBar(QWidget* parent) : QFrame(parent), _timer(new QTimer(this))
     setObjectName("indexBar");
     _textLabel = makeControl<QLabel>("textLabel", QString());
     _shareBar = makeControl<QProgressBar>("shareBar", tr("Share of the file that has been read"));
-    _buildButton = makeControl<QPushButton>("buildButton", tr("Read all trace headers while you go on working"), tr("Build Now"));
+    _buildButton =
+        makeControl<QPushButton>("buildButton", tr("Read all trace headers while you go on working"), tr("Build Now"));
     _laterButton = makeControl<QPushButton>("laterButton", tr("Go on without an index"), tr("Not now"));
     _stopButton = makeControl<QPushButton>("stopButton", tr("End the build; nothing changes"), tr("Stop"));
     auto* row = new QHBoxLayout(this);

@@ -1,8 +1,8 @@
 /// The seismic display: meridune [FILE.sgy].
-#include "frame/menudefaults.h"
 #include "frame/runmode.h"
 #include "frame/startmeridune.h"
 #include "tracedata/fbpickmenustruct.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/velsemblancestruct.h"
 

@@ -1,7 +1,7 @@
 #include "frame/mainwindow.h"
 
-#include "display/colorbarframe.h"
-#include "display/imagestorage.h"
+#include "display/colors/colorbarframe.h"
+#include "display/images/imagestorage.h"
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
 #include "frame/barcolumn.h"
@@ -61,7 +61,8 @@ MainWindow::MainWindow(QWidget* parent, parmmenu* menu)
     makeRecords();
     makeOptions();
     makeAssumptionsPanel();
-    connect(WrittenFiles::all(), &WrittenFiles::written, statusBar(), [this](const QString& line) { statusBar()->showMessage(line); });
+    connect(WrittenFiles::all(), &WrittenFiles::written, statusBar(),
+            [this](const QString& line) { statusBar()->showMessage(line); });
     statusBar()->showMessage("Ready");
     _session->restore();
     showTitle();
@@ -112,10 +113,11 @@ void MainWindow::makeParts()
     _screens = std::make_unique<ScreenRow>(
         _splitter, _menu, ScreenParts{statusBar(), _controlStatus, _bars->bar(), _imgstore.get(), _displayHost.get()});
     connect(_screens.get(), &ScreenRow::screenMade, this, &MainWindow::watchScreen);
-    _look = std::make_unique<WindowLook>(_firstLookBar, [this](const SegyLoadParm& parm) { return loadSegyFile(parm) != 0; },
-                                         displays());
-    _exports = std::make_unique<WindowExports>(this, _screens.get(),
-                                               [this] { return SectionOrigin{_title.file, _segyloader.get()}; });
+    _look = std::make_unique<WindowLook>(
+        _firstLookBar, [this](const SegyLoadParm& parm) { return loadSegyFile(parm) != 0; }, displays());
+    _exports = std::make_unique<WindowExports>(this, _screens.get(), [this] {
+        return SectionOrigin{_title.file, _segyloader.get()};
+    });
 }
 
 /// In the order in which they hear of a record: the data come back before the difference is made, and the menu shows
@@ -123,7 +125,8 @@ void MainWindow::makeParts()
 void MainWindow::makeTools()
 {
     auto parms = std::make_unique<ParmTool>(this, displays(), _screens->others(), _imgstore.get());
-    _imageStoreTool = _tools.add(std::make_unique<ImageStoreTool>(this, _imgstore.get(), parms.get(), displays(), _actions.get(), _menu));
+    _imageStoreTool = _tools.add(
+        std::make_unique<ImageStoreTool>(this, _imgstore.get(), parms.get(), displays(), _actions.get(), _menu));
     _differenceTool = _tools.add(std::make_unique<DifferenceTool>(_screens.get(), _menu));
     _parmTool = _tools.add(std::move(parms));
     _titleTool = _tools.add(std::make_unique<TitleTool>(this, displays(), statusBar()));
@@ -169,12 +172,30 @@ void MainWindow::buildMainPlot()
     displays()->first()->canvas()->setFocus();
 }
 
-const DisplayList* MainWindow::displays() const { return _screens->displays(); }
-SeismicDisplay* MainWindow::display() const { return _screens->lastScreen(); }
-ColorBarFrame* MainWindow::colorBarFrame() const { return _bars->bar(); }
-FirstLook* MainWindow::firstLook() const { return _look->firstLook(); }
-ParmMenuDialog* MainWindow::parmMenuDialog() const { return _parmTool->madeMenu(); }
-const QString& MainWindow::companyName() const { return _help->company(); }
+const DisplayList* MainWindow::displays() const
+{
+    return _screens->displays();
+}
+SeismicDisplay* MainWindow::display() const
+{
+    return _screens->lastScreen();
+}
+ColorBarFrame* MainWindow::colorBarFrame() const
+{
+    return _bars->bar();
+}
+FirstLook* MainWindow::firstLook() const
+{
+    return _look->firstLook();
+}
+ParmMenuDialog* MainWindow::parmMenuDialog() const
+{
+    return _parmTool->madeMenu();
+}
+const QString& MainWindow::companyName() const
+{
+    return _help->company();
+}
 
 int MainWindow::loadEnsemble(float** traces, int** heads, int n, int screen)
 {
@@ -223,7 +244,8 @@ void MainWindow::enableBackKey(bool on)
 void MainWindow::saveBeforeClose()
 {
     if (!_tools.hasUnsaved()) return;
-    const auto answer = QMessageBox::warning(this, "Seismic Display", "Save edits?", QMessageBox::Yes | QMessageBox::No);
+    const auto answer =
+        QMessageBox::warning(this, "Seismic Display", "Save edits?", QMessageBox::Yes | QMessageBox::No);
     if (answer == QMessageBox::Yes) _tools.save();
 }
 
@@ -300,26 +322,83 @@ void MainWindow::showTitle()
     setWindowTitle(_title.text());
 }
 
-void MainWindow::parameterMenu() { _parmTool->show(); }
-void MainWindow::titleMenu() { _titleTool->show(); }
-void MainWindow::drawMenu() { _drawTool->show(); }
-void MainWindow::print() { _exports->print(); }
-void MainWindow::exportPDF() { _exports->exportPdf(); }
-void MainWindow::exportSection() { _exports->exportSection(); }
-void MainWindow::exportImage() { _exports->exportImage(); }
-void MainWindow::exportScreen() { _exports->exportScreen(); }
-void MainWindow::contentHelp() { _help->showContents(); }
-void MainWindow::about() { _help->showAbout(); }
-void MainWindow::saveImage(int state) { _imageStoreTool->setStored(state != 0); }
-void MainWindow::showImage(int state) { _imageStoreTool->showPictures(state != 0); }
-void MainWindow::showOverlay(int state) { _parmTool->showOverlay(state != 0); }
-void MainWindow::setOverlayMode(bool on) { _displayHost->setOverlayMode(on); }
-bool MainWindow::isCollectImage(int* n) const { return _imageStoreTool->isCollecting(n); }
-void MainWindow::setCollecting(bool on) { _imageStoreTool->setCollecting(on); }
-void MainWindow::pickMenu() { tellNotBuilt("The application menu"); }
-void MainWindow::addNewDisplay() { tellNotBuilt("Adding a display"); }
+void MainWindow::parameterMenu()
+{
+    _parmTool->show();
+}
+void MainWindow::titleMenu()
+{
+    _titleTool->show();
+}
+void MainWindow::drawMenu()
+{
+    _drawTool->show();
+}
+void MainWindow::print()
+{
+    _exports->print();
+}
+void MainWindow::exportPDF()
+{
+    _exports->exportPdf();
+}
+void MainWindow::exportSection()
+{
+    _exports->exportSection();
+}
+void MainWindow::exportImage()
+{
+    _exports->exportImage();
+}
+void MainWindow::exportScreen()
+{
+    _exports->exportScreen();
+}
+void MainWindow::contentHelp()
+{
+    _help->showContents();
+}
+void MainWindow::about()
+{
+    _help->showAbout();
+}
+void MainWindow::saveImage(int state)
+{
+    _imageStoreTool->setStored(state != 0);
+}
+void MainWindow::showImage(int state)
+{
+    _imageStoreTool->showPictures(state != 0);
+}
+void MainWindow::showOverlay(int state)
+{
+    _parmTool->showOverlay(state != 0);
+}
+void MainWindow::setOverlayMode(bool on)
+{
+    _displayHost->setOverlayMode(on);
+}
+bool MainWindow::isCollectImage(int* n) const
+{
+    return _imageStoreTool->isCollecting(n);
+}
+void MainWindow::setCollecting(bool on)
+{
+    _imageStoreTool->setCollecting(on);
+}
+void MainWindow::pickMenu()
+{
+    tellNotBuilt("The application menu");
+}
+void MainWindow::addNewDisplay()
+{
+    tellNotBuilt("Adding a display");
+}
 void MainWindow::menuViewer() {}
-void MainWindow::getMapViewer() { tellNotBuilt("The map"); }
+void MainWindow::getMapViewer()
+{
+    tellNotBuilt("The map");
+}
 
 /// A mode without a tool gives the mouse to nobody, so that its box doesn't stay checked.
 void MainWindow::refuseMode(const char* box, const QString& what)

@@ -220,7 +220,7 @@ private:
     std::unique_ptr<WindowExports> _exports;
     ScreensMenu* _screensMenu = nullptr;  // child of the menu
 
-    std::unique_ptr<ImageStorage> _imgstore;   // lent to the displays
+    std::unique_ptr<ImageStorage> _imgstore;    // lent to the displays
     std::unique_ptr<DisplayHost> _displayHost;  // the same
     std::unique_ptr<ScreenRow> _screens;
     ToolBench _tools;
@@ -236,7 +236,7 @@ private:
     std::unique_ptr<SegyLoader> _segyloader;
     std::unique_ptr<WindowRecords> _records;      // what the navigator asks of the window
     std::unique_ptr<RecordNavigator> _navigator;  // over the loader
-    SegyLoadParm _segyParm;  // how the loader reads its file
+    SegyLoadParm _segyParm;                       // how the loader reads its file
 
     parmmenu* _menu;                              // lent
     velSemblanceStruct* _velsemblance = nullptr;  // lent

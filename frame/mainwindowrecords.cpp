@@ -72,7 +72,8 @@ void MainWindow::goForward(bool (RecordNavigator::*go)())
         const WaitCursor wait;
         (_navigator.get()->*go)();
     }
-    if (_navigator->canSeek() && _segyloader->numTraces() > 0 && display()->isRepeated()) statusBar()->showMessage("Last record");
+    if (_navigator->canSeek() && _segyloader->numTraces() > 0 && display()->isRepeated())
+        statusBar()->showMessage("Last record");
     _dataReady = true;
 }
 

@@ -4,7 +4,6 @@
 #include "display/seismicdisplay.h"
 #include "frame/assumptionspanel.h"
 #include "frame/indexbar.h"
-#include "frame/menudefaults.h"
 #include "frame/recordnavigator.h"
 #include "frame/sourcemenu.h"
 #include "frame/windowactions.h"
@@ -14,6 +13,7 @@
 #include "host/globals.h"
 #include "sources/menus/segymenudialog.h"
 #include "sources/segyloader.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/appsettings.h"
 #include "widgets/bringup.h"
@@ -253,7 +253,8 @@ void MainWindow::segyMenu()
         bringUp(_segy);
         return;
     }
-    while (_segy->exec() == QDialog::Accepted && _segy->isLoadFailed()) {}
+    while (_segy->exec() == QDialog::Accepted && _segy->isLoadFailed()) {
+    }
 }
 
 void MainWindow::makeRecentMenu()

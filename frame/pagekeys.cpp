@@ -8,7 +8,8 @@
 #include <QWidget>
 
 PageKeys::PageKeys(QWidget* window, QAction* forward, QAction* back)
-    : QObject(window), _forward(forward), _back(back), _option(new QAction("Pa&ge Up/Down page through the records", this))
+    : QObject(window), _forward(forward), _back(back),
+      _option(new QAction("Pa&ge Up/Down page through the records", this))
 {
     _option->setObjectName("pageKeysAct");
     _option->setStatusTip("Page Down shows the next record, Page Up the previous one");

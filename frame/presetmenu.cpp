@@ -11,8 +11,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
-PresetMenu::PresetMenu(const DisplayList* displays, QWidget* parent)
-    : QMenu("&Presets", parent), _displays(displays)
+PresetMenu::PresetMenu(const DisplayList* displays, QWidget* parent) : QMenu("&Presets", parent), _displays(displays)
 {
     setObjectName("presetMenu");
     connect(this, &QMenu::aboutToShow, this, &PresetMenu::fill);
@@ -40,7 +39,8 @@ void PresetMenu::fill()
     addSeparator();
     for (const QString& name : names)
         addAction(entryOf(name), this, [this, name] {
-            if (!apply(name)) QMessageBox::warning(parentWidget(), "Preset Error", "The preset " + name + " can't be used.");
+            if (!apply(name))
+                QMessageBox::warning(parentWidget(), "Preset Error", "The preset " + name + " can't be used.");
         });
 }
 

@@ -1,6 +1,6 @@
 #include "frame/printeddisplay.h"
 
-#include "display/displaytype.h"
+#include "display/raster/displaytype.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 

@@ -32,7 +32,8 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const
     if (!index.isValid() || index.row() >= rowCount()) return QVariant();
     const RecordRow& row = _rows[size_t(index.row())];
     if (index.column() == Mark)
-        return role == Qt::CheckStateRole ? QVariant(_marks.contains(row.value) ? Qt::Checked : Qt::Unchecked) : QVariant();
+        return role == Qt::CheckStateRole ? QVariant(_marks.contains(row.value) ? Qt::Checked : Qt::Unchecked)
+                                          : QVariant();
     if (role == Qt::TextAlignmentRole) return int(Qt::AlignRight | Qt::AlignVCenter);
     if (role != Qt::DisplayRole) return QVariant();
     return index.column() == Value ? row.value : row.traces;
@@ -40,7 +41,8 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const
 
 bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (!index.isValid() || index.row() >= rowCount() || index.column() != Mark || role != Qt::CheckStateRole) return false;
+    if (!index.isValid() || index.row() >= rowCount() || index.column() != Mark || role != Qt::CheckStateRole)
+        return false;
     const int key = _rows[size_t(index.row())].value;
     if (value.toInt() == Qt::Checked)
         _marks.insert(key);
@@ -97,8 +99,7 @@ void RecordList::setRecords(const QString& file, const QString& keyName, std::ve
 {
     _marksKey = QString(SettingsKey::marks) + "/" + QString::fromLatin1(QUrl::toPercentEncoding(file + "|" + keyName));
     QSet<int> marks;
-    for (const QString& value : AppSettings().value(_marksKey).toStringList())
-        marks.insert(value.toInt());
+    for (const QString& value : AppSettings().value(_marksKey).toStringList()) marks.insert(value.toInt());
     _table->setVisible(!rows.empty());
     _emptyLabel->setVisible(rows.empty());
     _model->setRows(keyName, std::move(rows), marks);

@@ -13,7 +13,7 @@ class QTableView;
 
 /// One ensemble of the list.
 struct RecordRow {
-    int value = 0;   ///< of the primary key
+    int value = 0;  ///< of the primary key
     int traces = 0;
 };
 

@@ -31,7 +31,8 @@ SeismicDisplay* ScreenRow::makeDisplay(const QString& title, bool hasLeft, bool 
 {
     auto* home = new QSplitter(Qt::Vertical);
     _splitter->insertWidget(column, home);
-    auto* display = new SeismicDisplay(home, title, _parts.status, _parts.control, hasLeft, hasRight, number, _parts.host);
+    auto* display =
+        new SeismicDisplay(home, title, _parts.status, _parts.control, hasLeft, hasRight, number, _parts.host);
     home->addWidget(display);
     display->setColorBar(_parts.bar);
     display->setImageStorage(_parts.images);

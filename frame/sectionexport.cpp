@@ -1,7 +1,7 @@
 #include "frame/sectionexport.h"
 
-#include "display/colortable.h"
-#include "display/displaytype.h"
+#include "display/colors/colortable.h"
+#include "display/raster/displaytype.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "sources/ensemblesource.h"

@@ -2,7 +2,7 @@
 #ifndef SECTIONEXPORT_H
 #define SECTIONEXPORT_H
 
-#include "display/sectionpaint.h"
+#include "display/paper/sectionpaint.h"
 
 #include <QString>
 

@@ -41,10 +41,22 @@ SectionExportDialog::SectionExportDialog(const SectionScale& scale,
     grid->addWidget(new QLabel("Page:"), row, 0);
     grid->addWidget(_sizeLabel, row++, 1, 1, 4);
     grid->addWidget(_buttons, row, 0, 1, 5);
-    connect(_tpcEdit, &NumberEdit::numberEdited, this, [this](double v) { _scale.tracesPerCm = v; showScale(); });
-    connect(_tpiEdit, &NumberEdit::numberEdited, this, [this](double v) { _scale.tracesPerCm = v / cmPerInch; showScale(); });
-    connect(_cpsEdit, &NumberEdit::numberEdited, this, [this](double v) { _scale.cmPerSecond = v; showScale(); });
-    connect(_ipsEdit, &NumberEdit::numberEdited, this, [this](double v) { _scale.cmPerSecond = v * cmPerInch; showScale(); });
+    connect(_tpcEdit, &NumberEdit::numberEdited, this, [this](double v) {
+        _scale.tracesPerCm = v;
+        showScale();
+    });
+    connect(_tpiEdit, &NumberEdit::numberEdited, this, [this](double v) {
+        _scale.tracesPerCm = v / cmPerInch;
+        showScale();
+    });
+    connect(_cpsEdit, &NumberEdit::numberEdited, this, [this](double v) {
+        _scale.cmPerSecond = v;
+        showScale();
+    });
+    connect(_ipsEdit, &NumberEdit::numberEdited, this, [this](double v) {
+        _scale.cmPerSecond = v * cmPerInch;
+        showScale();
+    });
     new ReturnKey(this, _buttons->button(QDialogButtonBox::Ok));
     connect(_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -72,7 +84,7 @@ void SectionExportDialog::showScale()
         return;
     }
     const auto cm = [](double mm) { return QString::number(mm / 10.0, 'f', 1); };
-    _sizeLabel->setText(tr("%1 x %2 cm, the section %3 x %4 cm")
-                            .arg(cm(page.width()), cm(page.height()), cm(page.section().width),
-                                 cm(page.section().height)));
+    _sizeLabel->setText(
+        tr("%1 x %2 cm, the section %3 x %4 cm")
+            .arg(cm(page.width()), cm(page.height()), cm(page.section().width), cm(page.section().height)));
 }

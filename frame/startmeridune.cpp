@@ -1,6 +1,6 @@
 #include "frame/startmeridune.h"
 
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/mainwindow.h"
 #include "frame/resources.h"
@@ -23,8 +23,7 @@ static velSemblanceStruct* meridunevelsemblance = nullptr;
 static fbPickMenuStruct* meridunefbpickmenu = nullptr;
 static std::chrono::steady_clock::time_point startTime;
 
-int startMeridune(int ac, char** av, parmmenu* menu, velSemblanceStruct* velsemblance,
-                  fbPickMenuStruct* fbpickmenu)
+int startMeridune(int ac, char** av, parmmenu* menu, velSemblanceStruct* velsemblance, fbPickMenuStruct* fbpickmenu)
 {
     startTime = std::chrono::steady_clock::now();
     meriduneac = ac;

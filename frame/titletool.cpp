@@ -1,6 +1,6 @@
 #include "frame/titletool.h"
 
-#include "display/titles.h"
+#include "display/menus/titles.h"
 #include "widgets/bringup.h"
 
 TitleTool::TitleTool(QWidget* window, const DisplayList* displays, QStatusBar* statusBar)

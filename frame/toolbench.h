@@ -13,7 +13,8 @@ class ToolBench
 {
 public:
     /// Puts a tool behind the others. Returns it, for whoever made it.
-    template <class Tool> Tool* add(std::unique_ptr<Tool> tool)
+    template <class Tool>
+    Tool* add(std::unique_ptr<Tool> tool)
     {
         Tool* added = tool.get();
         _tools.push_back(std::move(tool));
@@ -40,7 +41,8 @@ public:
     void leave(WindowTool::Group group) const;
 
 private:
-    template <class Call> void forEach(Call call) const
+    template <class Call>
+    void forEach(Call call) const
     {
         for (size_t i = 0; i < _tools.size(); ++i) call(_tools[i].get());  // a call may bring another tool
     }

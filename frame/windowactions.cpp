@@ -65,9 +65,9 @@ static const struct {
 };
 
 /// The tool bar from left to right; "|" is a separator.
-static const char* const toolBarOrder[] = {"exitAct",   "|",       "contentAct", "printAct", "pdfAct",
-                                           "imageAct",  "screenAct", "|",        "backAct",  "forwardAct",
-                                           "seekAct",   "|",       "parmAct",    "pickAct",  "mapAct", "|"};
+static const char* const toolBarOrder[] = {"exitAct",   "|",       "contentAct", "printAct",   "pdfAct",  "imageAct",
+                                           "screenAct", "|",       "backAct",    "forwardAct", "seekAct", "|",
+                                           "parmAct",   "pickAct", "mapAct",     "|"};
 
 static const struct {
     const char* name;
@@ -77,8 +77,8 @@ static const struct {
     bool onToolBar;
 } boxRows[] = {
     {"overlayBox", "Overlay", "Plot next ensemble as an overlay on the current data.", &MainWindow::showOverlay, true},
-    {"differBox", "Difference", "Show the difference between two windows in a new window",
-     &MainWindow::plotDifference, false},
+    {"differBox", "Difference", "Show the difference between two windows in a new window", &MainWindow::plotDifference,
+     false},
     {"savImageBox", "Save Images", "Save a pix map of the data image to view with 'Show Images'",
      &MainWindow::saveImage, true},
     {"showImageBox", "Show Images", "Show all saved pix maps", &MainWindow::showImage, true},
@@ -95,8 +95,7 @@ static const struct {
 } radioRows[] = {
     {"radioZoom", "Zoom", "MB1+drag: zoom over range     MB3: un-zoom     MB1+Ctrl: magnify"},
     {"radioSpectrum", "Spectrum", "MB1+drag: show amp. spectrum over trace/time range'"},
-    {"radioHeader", "Headers",
-     "MB1: new or update header, MB1+drag: new headers over trace range   MB3: new header'"},
+    {"radioHeader", "Headers", "MB1: new or update header, MB1+drag: new headers over trace range   MB3: new header'"},
 };
 
 /// What stands in menus and tool bar already, and has no tool behind it yet.

@@ -1,6 +1,6 @@
 #include "frame/windowexports.h"
 
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "frame/printeddisplay.h"
 #include "frame/screenrow.h"
@@ -56,8 +56,10 @@ void WindowExports::print() const
     display->myCanvas()->hideStored();
     QString error;
     const QPixmap picture = printedDisplay(display, printer.pageRect(QPrinter::DevicePixel).size());
-    if (!printPicture(picture, &printer, &error)) tell("Print Error", error);
-    else if (printer.outputFileName().isEmpty()) _window->statusBar()->showMessage("Printed on " + printer.printerName());
+    if (!printPicture(picture, &printer, &error))
+        tell("Print Error", error);
+    else if (printer.outputFileName().isEmpty())
+        _window->statusBar()->showMessage("Printed on " + printer.printerName());
 }
 
 void WindowExports::exportPdf() const
@@ -80,11 +82,13 @@ void WindowExports::exportSection() const
         return sectionContent(display, scale, origin.file, origin.source, &offsets);
     };
     SectionContent content = contentAt(presentScale(display));
-    const auto layout = [&](const SectionScale& scale) { return sectionPage(display, scale, int(content.side.size())); };
+    const auto layout = [&](const SectionScale& scale) {
+        return sectionPage(display, scale, int(content.side.size()));
+    };
     SectionExportDialog dialog(presentScale(display), layout, _window);
     if (dialog.exec() != QDialog::Accepted) return;
-    const QString name = askName("Section Export File Name", "/meridune-section.pdf",
-                                 "PDF Documents (*.pdf);;SVG Pictures (*.svg)");
+    const QString name =
+        askName("Section Export File Name", "/meridune-section.pdf", "PDF Documents (*.pdf);;SVG Pictures (*.svg)");
     if (name.isEmpty()) return;
     QString error;
     {
@@ -122,6 +126,5 @@ void WindowExports::exportScreen() const
     const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(_window->winId());
     const QString name = askPictureName("Snap Shot File Name");
     QString error;
-    if (!name.isEmpty() && !savePicture(picture, withPictureSuffix(name), &error))
-        tell("Snap Shot Error", error);
+    if (!name.isEmpty() && !savePicture(picture, withPictureSuffix(name), &error)) tell("Snap Shot Error", error);
 }

@@ -52,6 +52,7 @@ void WindowHelp::showAbout() const
                          "A interactive seismic data display and processing application.\n\n"
                          "Meridune " MERIDUNE_VERSION "\n"
                          "Licence: GNU General Public License, version 3 or later\n"
-                         "Libraries: " + libraries() + "\n";
+                         "Libraries: " +
+                         libraries() + "\n";
     QMessageBox::about(_window, QString("About %1").arg("Seismic Display"), text);
 }

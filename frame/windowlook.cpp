@@ -1,7 +1,7 @@
 #include "frame/windowlook.h"
 
 #include "display/displaylist.h"
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "frame/firstlookbar.h"
@@ -21,7 +21,8 @@ WindowLook::WindowLook(FirstLookBar* bar, FirstLook::Open open, const DisplayLis
         return isOpen;
     };
     _firstLook = new FirstLook(bar, openThere, this);
-    connect(_firstLook, &FirstLook::offering, this, [this](bool isOpen) { placeBar(!isOpen && _menu && _menu->isVisible()); });
+    connect(_firstLook, &FirstLook::offering, this,
+            [this](bool isOpen) { placeBar(!isOpen && _menu && _menu->isVisible()); });
 }
 
 void WindowLook::setMenu(QDialog* menu)
@@ -46,7 +47,8 @@ static bool isTooDense(const SeismicDisplay* display)
     const SeismicPlot* plot = display->seismicPlot();
     if (display->isHidden() || display->traceCount() == 0 || plot->displayType() >= ColorB) return false;
     const QwtInterval shown = display->axisInterval(plot->xAxis()).normalized();
-    const double first = std::max(shown.minValue(), 0.5), last = std::min(shown.maxValue(), display->traceCount() + 0.5);
+    const double first = std::max(shown.minValue(), 0.5),
+                 last = std::min(shown.maxValue(), display->traceCount() + 0.5);
     return last - first > display->canvas()->width() * display->devicePixelRatioF();
 }
 

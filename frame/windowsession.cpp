@@ -1,6 +1,6 @@
 #include "frame/windowsession.h"
 
-#include "display/colorbarframe.h"
+#include "display/colors/colorbarframe.h"
 #include "frame/parmsettings.h"
 #include "frame/screenrow.h"
 #include "frame/windowsettings.h"
@@ -25,7 +25,8 @@ void WindowSession::restore() const
 {
     AppSettings settings;
     const QRect area = _window->screen() ? _window->screen()->geometry() : QRect(0, 0, 1280, 1024);
-    const WindowSettings kept = clampedSettings(readWindowSettings(&settings, area, _menu->ireset != 0), presentScreens());
+    const WindowSettings kept =
+        clampedSettings(readWindowSettings(&settings, area, _menu->ireset != 0), presentScreens());
     // A flow's menu tells how many; a record that asks for several gets them.
     if (_menu->dotrevia == 0 && _menu->inputtool == 0 && _menu->iscreens == 1)
         readParms(sessionFields(), InSession, &settings, _menu);
@@ -33,7 +34,8 @@ void WindowSession::restore() const
     _window->move(kept.pos);
     if (!kept.state.isEmpty()) _window->restoreState(kept.state);
     if (!kept.colormap.isEmpty() && !_bar->loadColorMapFile(kept.colormap))
-        _report->line("MERIDUNE: the colour file " + kept.colormap.toStdString() + " can't be read, using the built-in map\n");
+        _report->line("MERIDUNE: the colour file " + kept.colormap.toStdString() +
+                      " can't be read, using the built-in map\n");
 }
 
 void WindowSession::keep() const

@@ -3,7 +3,6 @@
 #include "widgets/appsettings.h"
 #include "widgets/screenplace.h"
 
-
 WindowSettings defaultWindowSettings(const QRect& screen)
 {
     const int w = screen.width() > 2000 ? screen.width() / 2 : screen.width();

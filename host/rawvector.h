@@ -14,25 +14,35 @@ void* allocateRaw(size_t nBytes);
 
 /// Elements of a vector without a value stay as the memory has them, so that growing doesn't write all of it once
 /// before it is filled.
-template <class T> struct RawAllocator {
+template <class T>
+struct RawAllocator {
     using value_type = T;
 
     RawAllocator() = default;
-    template <class U> RawAllocator(const RawAllocator<U>&) {}
+    template <class U>
+    RawAllocator(const RawAllocator<U>&)
+    {
+    }
     T* allocate(size_t n)
     {
         if (n > size_t(-1) / sizeof(T)) throw std::bad_array_new_length();
         return static_cast<T*>(allocateRaw(n * sizeof(T)));
     }
     void deallocate(T* p, size_t) { ::operator delete(p); }
-    template <class U> void construct(U* p) { ::new (static_cast<void*>(p)) U; }
-    template <class U, class... Arguments> void construct(U* p, Arguments&&... arguments)
+    template <class U>
+    void construct(U* p)
+    {
+        ::new (static_cast<void*>(p)) U;
+    }
+    template <class U, class... Arguments>
+    void construct(U* p, Arguments&&... arguments)
     {
         ::new (static_cast<void*>(p)) U(std::forward<Arguments>(arguments)...);
     }
     bool operator==(const RawAllocator&) const { return true; }
 };
 
-template <class T> using RawVector = std::vector<T, RawAllocator<T>>;
+template <class T>
+using RawVector = std::vector<T, RawAllocator<T>>;
 
 #endif

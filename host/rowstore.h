@@ -8,7 +8,8 @@
 
 /// Keeps rows in blocks that grow with their number up to some MiB: a row of its own from the allocator would cost
 /// more than its filling.
-template <class T> class RowStore
+template <class T>
+class RowStore
 {
 public:
     /// Gives all rows back; those to come have n elements, n above 0.
@@ -35,6 +36,7 @@ public:
     size_t count() const { return _rows.size(); }
     T** rows() { return _rows.data(); }
     T* const* rows() const { return _rows.data(); }
+
 private:
     static constexpr size_t mostBlockBytes = size_t(4) << 20;
 

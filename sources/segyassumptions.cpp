@@ -54,8 +54,8 @@ std::string SegyAssumption::text() const
 {
     if (nTraces == 0) return name + ": " + consequence;
     return formatted("%s in %lld of %lld traces, first in trace %lld (%d): %s", name.c_str(),
-                     static_cast<long long>(count), static_cast<long long>(nTraces),
-                     static_cast<long long>(firstTrace), firstValue, consequence.c_str());
+                     static_cast<long long>(count), static_cast<long long>(nTraces), static_cast<long long>(firstTrace),
+                     firstValue, consequence.c_str());
 }
 
 void SegyAssumptions::countIn(int kind, const Tally& met)
@@ -116,7 +116,7 @@ bool SegyAssumptions::isTold(int kind) const
 SegyAssumption SegyAssumptions::assumptionOf(int kind) const
 {
     const Tally& tally = _tallies[size_t(kind)];
-    return {kinds[kind].name,        tally.count,         _nTraces,           tally.firstTrace, tally.firstValue,
+    return {kinds[kind].name,        tally.count,         _nTraces,         tally.firstTrace, tally.firstValue,
             kinds[kind].consequence, kinds[kind].control, kind == delayKind};
 }
 

@@ -10,14 +10,14 @@
 
 /// One kind of thing that was taken for granted, or skipped.
 struct SegyAssumption {
-    std::string name;         ///< short, e.g. "coordinate scalar 0"
-    int64_t count = 1;        ///< traces so far, each once; 1 for a thing of the whole file
-    int64_t nTraces = 0;      ///< traces looked at so far; 0 for a thing of the whole file
-    int64_t firstTrace = 0;   ///< its rank in the file, from 1; 0 for a thing of the whole file
-    int firstValue = 0;       ///< what stood there
-    std::string consequence;  ///< what the reader made of it
-    const char* control = ""; ///< label of the control that changes it; empty where none does
-    bool isDelayLeftOut = false; ///< firstValue are ms that the time axis leaves out
+    std::string name;             ///< short, e.g. "coordinate scalar 0"
+    int64_t count = 1;            ///< traces so far, each once; 1 for a thing of the whole file
+    int64_t nTraces = 0;          ///< traces looked at so far; 0 for a thing of the whole file
+    int64_t firstTrace = 0;       ///< its rank in the file, from 1; 0 for a thing of the whole file
+    int firstValue = 0;           ///< what stood there
+    std::string consequence;      ///< what the reader made of it
+    const char* control = "";     ///< label of the control that changes it; empty where none does
+    bool isDelayLeftOut = false;  ///< firstValue are ms that the time axis leaves out
 
     /// The whole of it but the control: what, where and with what consequence.
     std::string text() const;
@@ -29,7 +29,7 @@ struct SegyAssumption {
 
 /// What the kinds are judged by.
 struct SegyAssumptionContext {
-    bool isDepthScaled = false, isCoordinateScaled = false; ///< which scalars are applied: one of 0 matters only then
+    bool isDepthScaled = false, isCoordinateScaled = false;  ///< which scalars are applied: one of 0 matters only then
     bool isVariable = false;
     int nSamples = 0;    ///< a trace has in memory
     int intervalUs = 0;  ///< in force

@@ -10,9 +10,9 @@
 #include <cstring>
 #include <utility>
 
-const QStringList segyData2::itemList = {
-    "CHAN    ", "SOU_SLOC", "CDP     ", "CHAN    ", "OFFSET  ", "SRF_SLOC", "ILINE_NO", "XLINE_NO",
-    "FFID    ", "TRACENO ", "CDP_X   ", "CDP_Y   ", "SRC_X   ", "SRC_Y   ", "REC_X   ", "REC_Y   "};
+const QStringList segyData2::itemList = {"CHAN    ", "SOU_SLOC", "CDP     ", "CHAN    ", "OFFSET  ", "SRF_SLOC",
+                                         "ILINE_NO", "XLINE_NO", "FFID    ", "TRACENO ", "CDP_X   ", "CDP_Y   ",
+                                         "SRC_X   ", "SRC_Y   ", "REC_X   ", "REC_Y   "};
 
 /// Which slot a key number sorts on.
 static const struct {
@@ -140,8 +140,9 @@ bool segyData2::readReel()
     if (_parm.iformat != 2 && _parm.iformat != 4) {
         if (isAsciiText(reel.ebcdic)) {
             _report->assumed("segyData2: the text header is ASCII, but is read as EBCDIC");
-            _assumptions.push_back(
-                {.name = "the text header is ASCII", .consequence = "it is read as EBCDIC", .control = "SEGY file type:"});
+            _assumptions.push_back({.name = "the text header is ASCII",
+                                    .consequence = "it is read as EBCDIC",
+                                    .control = "SEGY file type:"});
         }
         ebcdicToAscii(reel.ebcdic, segyTextBytes);
     }
@@ -187,7 +188,8 @@ bool segyData2::takeUnsigned(uint16_t word)
     if (traces < record || traces % record != 0) return false;
     setNumSamples(word);
     _report->line("\nsegyData2: WARNING, Incorrect SEGY binary header values.\n");
-    tellFixed("no. of samples, taken as unsigned", _nSamples, "the sample count reads as negative", "Num samples per trace:");
+    tellFixed("no. of samples, taken as unsigned", _nSamples, "the sample count reads as negative",
+              "Num samples per trace:");
     return true;
 }
 
@@ -199,21 +201,23 @@ bool segyData2::fixReel()
     char header[segyTraceHeaderBytes];
     _error = "Unexpected end of file";
     if (readBytes(segyTraceHeaderBytes, header) != segyTraceHeaderBytes) {
-        _report->line(formatted("segyData2: error while reading a trace header to fix reel header: %s\n",
-                                _error.c_str()));
+        _report->line(
+            formatted("segyData2: error while reading a trace header to fix reel header: %s\n", _error.c_str()));
         return false;
     }
     if (!seekPos(-segyTraceHeaderBytes)) return false;
-    int16_t counts[2]; // samples, interval
+    int16_t counts[2];  // samples, interval
     std::memcpy(counts, header + offsetof(segyTrace, nsampt), sizeof counts);
     if (doSwap) endianSwap(counts, 2, 2);
     if (isSampleCountNeeded() && !(counts[0] < 1 && takeUnsigned(uint16_t(counts[0])))) {
         setNumSamples(counts[0]);
-        tellFixed("no. of samples from first trace header", _nSamples, "the reel has no sample count", "Num samples per trace:");
+        tellFixed("no. of samples from first trace header", _nSamples, "the reel has no sample count",
+                  "Num samples per trace:");
     }
     if (reel.nsr < 1) {
         reel.nsr = counts[1];
-        tellFixed("sample rate from first trace header", reel.nsr, "the reel has no sample interval", "Input sample rate:");
+        tellFixed("sample rate from first trace header", reel.nsr, "the reel has no sample interval",
+                  "Input sample rate:");
     }
     return true;
 }
@@ -237,12 +241,11 @@ void segyData2::printReel()
     const struct {
         const char* format;
         int value;
-    } fields[] = {
-        {" Job ID            : %d\n", reel.jobid},  {" Line Num          : %d\n", reel.line},
-        {" Reel Num          : %d\n", reel.reeln},  {" Num Traces        : %d\n", reel.ntrc},
-        {" Num Aux Traces    : %d\n", reel.naux},   {" Sample Rate (usec): %d\n", reel.nsr},
-        {" Num Samples       : %d\n", _nSamples},   {" Sort              : %d\n", reel.sort},
-        {" Data format       : %d\n", reel.format}, {" Measurement       : %d\n", reel.measurement}};
+    } fields[] = {{" Job ID            : %d\n", reel.jobid},  {" Line Num          : %d\n", reel.line},
+                  {" Reel Num          : %d\n", reel.reeln},  {" Num Traces        : %d\n", reel.ntrc},
+                  {" Num Aux Traces    : %d\n", reel.naux},   {" Sample Rate (usec): %d\n", reel.nsr},
+                  {" Num Samples       : %d\n", _nSamples},   {" Sort              : %d\n", reel.sort},
+                  {" Data format       : %d\n", reel.format}, {" Measurement       : %d\n", reel.measurement}};
     for (const auto& field : fields) {
         _report->line(formatted(field.format, field.value));
     }
@@ -321,13 +324,13 @@ int segyData2::readFixed(char* record)
     }
     const int64_t got = readBytes(segytrclength, record);
     if (got < 0) reportReadError();
-    if (got > 0 && got < segyTraceHeaderBytes)
-        std::memset(record + got, 0, size_t(segyTraceHeaderBytes - got));
+    if (got > 0 && got < segyTraceHeaderBytes) std::memset(record + got, 0, size_t(segyTraceHeaderBytes - got));
     return int(got);
 }
 
 /// A field of a raw header in machine order.
-template <typename T> static T headerField(const void* header, size_t byte, bool isSwapped)
+template <typename T>
+static T headerField(const void* header, size_t byte, bool isSwapped)
 {
     T value;
     std::memcpy(&value, static_cast<const char*>(header) + byte, sizeof value);
@@ -340,8 +343,7 @@ segyData2::DataLength segyData2::dataLength(const void* rawHeader) const
     const int nsampt = headerField<int16_t>(rawHeader, offsetof(segyTrace, nsampt), doSwap);
     DataLength length = {};
     // Without a count of its own a trace is taken to be shorter by its header: so it stands in old files.
-    length.declared =
-        nsampt > 0 ? int64_t(nsampt) * nbytes : int64_t(_nSamples) * nbytes - _parm.layout.headerBytes;
+    length.declared = nsampt > 0 ? int64_t(nsampt) * nbytes : int64_t(_nSamples) * nbytes - _parm.layout.headerBytes;
     length.isBad = length.declared <= 0 || length.declared > _maxBytes;
     length.wanted = length.isBad ? int64_t(_nSamples) * 4 : length.declared;
     return length;
@@ -405,9 +407,8 @@ int segyData2::writeTrace(void* data)
     if (doSwap) swapTrace(segytrace);
     const auto nWritten = int(writeBytes(segytrclength, data));
     if (nWritten < 0)
-        _report->line(
-            formatted("segyData2: error while writing trace: %s\n",
-                      _out ? _out->errorString().toUtf8().constData() : "no file is open"));
+        _report->line(formatted("segyData2: error while writing trace: %s\n",
+                                _out ? _out->errorString().toUtf8().constData() : "no file is open"));
     return nWritten;
 }
 

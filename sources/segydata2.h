@@ -23,12 +23,12 @@ struct SegyRemapRow;
 
 /// How to read a file. Plain, so that a background build gets its own copy.
 struct SegyReadParm {
-    int itape = 0;     ///< not 0: no file access at all
-    int imode = 0;     ///< 0 read, else write
-    int iformat = 0;   ///< text handling: 2 the text is ASCII; 4 the same, and headers and samples aren't swapped
-    int ivariable = 0; ///< every trace tells its own length
-    int iswap = 0;     ///< the file's byte order differs from the machine's
-    int iremap = 0;    ///< the remap table overwrites header words
+    int itape = 0;      ///< not 0: no file access at all
+    int imode = 0;      ///< 0 read, else write
+    int iformat = 0;    ///< text handling: 2 the text is ASCII; 4 the same, and headers and samples aren't swapped
+    int ivariable = 0;  ///< every trace tells its own length
+    int iswap = 0;      ///< the file's byte order differs from the machine's
+    int iremap = 0;     ///< the remap table overwrites header words
     int istandalone = 1;
     int nHeaderWords = 60;
     int icscale = 0;     ///< the one scalar switch of the map
@@ -145,7 +145,7 @@ private:
     struct DataLength {
         int64_t declared;  // bytes; the next record stands behind them
         bool isBad;
-        int64_t wanted;    // bytes to read
+        int64_t wanted;  // bytes to read
     };
 
     int64_t readBytes(int64_t n, void* out);
@@ -179,14 +179,14 @@ private:
     std::string _error;
     int64_t _pos = 0;
     bool doSwap, doRemap, variable, tape;
-    int nbytes = 4;          // of a sample
-    int segytrclength = 0;   // of a trace record
+    int nbytes = 4;         // of a sample
+    int segytrclength = 0;  // of a trace record
     int _maxBytes = 0;
     int _bufferBytes = 0;
     int64_t _mapLimit = INT64_MAX;
     int64_t _mapBytesNeeded = 0;
-    int64_t _nBadLengths = 0;         // traces of variable length that told no possible one
-    int64_t _nBadLengthsUntold = 0;   // of these, the ones since the last sum
+    int64_t _nBadLengths = 0;        // traces of variable length that told no possible one
+    int64_t _nBadLengthsUntold = 0;  // of these, the ones since the last sum
     int _nSamples = 0;
     std::vector<char> _tempData;
     std::vector<int> _segyHeader;

@@ -10,8 +10,8 @@
 #include <cstring>
 #include <memory>
 
-#include <omp.h>
 #include <new>
+#include <omp.h>
 
 constexpr int tracesAStep = 1000;
 
@@ -45,9 +45,8 @@ private:
 
 segyData2::MapBuild::MapBuild(segyData2* data)
     : _data(data), _record(segyTraceHeaderBytes / 4), _raw(segyTraceHeaderBytes / 4),
-      _words(std::max(1, data->_parm.nHeaderWords)),
-      _header(_record.data(), _words.data(), data->_parm.nHeaderWords), _isRemapped(data->doRemap),
-      _isSwapped(data->doSwap && data->_parm.iformat != 4)
+      _words(std::max(1, data->_parm.nHeaderWords)), _header(_record.data(), _words.data(), data->_parm.nHeaderWords),
+      _isRemapped(data->doRemap), _isSwapped(data->doSwap && data->_parm.iformat != 4)
 {
     _header.setTreviaVersion(data->_parm.istandalone);
     const bool isScaled = data->_parm.icscale != 0;
@@ -81,7 +80,8 @@ void segyData2::MapBuild::beginProgress(bool show)
     const QString name = _data->_curFile;
     _data->_progress->begin(_data->_parm.imode == 0 ? "Read SEGY File" : "Write SEGY File",
                             "File: " + name.toStdString() + "\n\nBuilding Index Map ......... Please Wait");
-    const float steps = float(_data->fileSize() - _data->firstTrace()) / (float(_data->segytrclength) * float(tracesAStep));
+    const float steps =
+        float(_data->fileSize() - _data->firstTrace()) / (float(_data->segytrclength) * float(tracesAStep));
     _data->_progress->setRange(0, int(std::clamp(steps, 0.0f, 1e9f)));
 }
 

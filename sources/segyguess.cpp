@@ -79,11 +79,11 @@ private:
     const SegyLayout& _layout;
     std::string* _error;
     SegyTextGuess _text;
-    std::vector<std::string> _reasons; // why the reader can't follow
-    bool _isList = false;              // several files share the settings
+    std::vector<std::string> _reasons;  // why the reader can't follow
+    bool _isList = false;               // several files share the settings
 };
 
-} // namespace
+}  // namespace
 
 void Guesser::cannotFollow(const std::string& why)
 {
@@ -100,7 +100,8 @@ int Guesser::addTextFile(bool* isText)
     const std::string kind = textFileKind(begin);
     *isText = !kind.empty();
     if (!*isText) return 1;
-    add("File", formatted("%lld bytes; nothing but printable characters in the first %lld", wide(_source.size()), wide(got)),
+    add("File",
+        formatted("%lld bytes; nothing but printable characters in the first %lld", wide(_source.size()), wide(got)),
         kind + ", not SEG-Y: nothing is set");
     _guess->summary = "This is " + kind + ", not a SEG-Y file.";
     return 1;
@@ -115,16 +116,12 @@ void Guesser::sayWhatItIs()
         _guess->summary = "This is a SEG-2 record, not a SEG-Y file.";
     } else if (_search.isSu) {
         add("File",
-            formatted(
-                "%s, no reel header: %s trace headers from byte 0 on, %d samples of 4 bytes, %lld traces",
-                size.c_str(), orderName(_layout.isBigEndian).c_str(), _layout.nSamples,
-                wide(_layout.nTraces)),
+            formatted("%s, no reel header: %s trace headers from byte 0 on, %d samples of 4 bytes, %lld traces",
+                      size.c_str(), orderName(_layout.isBigEndian).c_str(), _layout.nSamples, wide(_layout.nTraces)),
             "an SU file, not SEG-Y: nothing is set");
-        _guess->summary =
-            "This is an SU file: the reader expects 3600 bytes of reel header, which it has not.";
+        _guess->summary = "This is an SU file: the reader expects 3600 bytes of reel header, which it has not.";
     } else if (_source.size() < segyReelBytes) {
-        add("File", size,
-            formatted("too small for a reel header of %d bytes: nothing is set", segyReelBytes));
+        add("File", size, formatted("too small for a reel header of %d bytes: nothing is set", segyReelBytes));
         _guess->summary = _source.size() == 0 ? "The file is empty." : "The file is too small to be SEG-Y.";
     } else if (_source.size() <= segyReelBytes + segyTraceHeaderBytes) {
         add("File", size, "no room for a trace behind the reel header: nothing is set");
@@ -149,10 +146,9 @@ void Guesser::addByteOrder()
         return formatted("%d%s", c.format, c.isFormatKnown() ? "" : " (unknown)");
     };
     _guess->parm.itype = _layout.isBigEndian ? 0 : 1;
-    std::string evidence =
-        formatted("format code %s big-endian, %s little-endian; samples %d or %d, interval %d or %d us",
-                  told(big).c_str(), told(little).c_str(), big.nSamples, little.nSamples, big.interval,
-                  little.interval);
+    std::string evidence = formatted(
+        "format code %s big-endian, %s little-endian; samples %d or %d, interval %d or %d us", told(big).c_str(),
+        told(little).c_str(), big.nSamples, little.nSamples, big.interval, little.interval);
     if (big.isOrderTold || little.isOrderTold)
         evidence += "; the byte-order constant says " + orderName(big.isOrderTold);
     add("Byte order", evidence,
@@ -186,8 +182,7 @@ int Guesser::addText()
 void Guesser::addOrderBesideText(bool isAscii)
 {
     _guess->parm.itype = isAscii ? 1 : 0;
-    _guess->parm.layout.byteOrder =
-        _layout.isBigEndian ? SegyByteOrder::HighestFirst : SegyByteOrder::LowestFirst;
+    _guess->parm.layout.byteOrder = _layout.isBigEndian ? SegyByteOrder::HighestFirst : SegyByteOrder::LowestFirst;
     add("Text and byte order", "the constant at byte 3297 tells the byte order, whatever the text is",
         std::string("SEGY file type ") + (isAscii ? "MSDOS" : "Standard") + " for the text; " +
             orderName(_layout.isBigEndian) + " by the field Byte order of the group Layout");
@@ -198,18 +193,14 @@ void Guesser::addPlace()
 {
     const SegyReelClaims& reel = claims();
     const bool isPlain = _layout.firstTrace == segyReelBytes && _layout.headerBytes == segyTraceHeaderBytes;
-    std::string evidence =
-        formatted("revision %d; extended text headers told: %d; extra trace headers told: %d", reel.revision,
-                  reel.nExtendedText, reel.nExtraHeaders);
+    std::string evidence = formatted("revision %d; extended text headers told: %d; extra trace headers told: %d",
+                                     reel.revision, reel.nExtendedText, reel.nExtraHeaders);
     if (reel.firstTrace > 0) evidence += formatted("; first trace told: byte %lld", wide(reel.firstTrace));
-    if (_search.endStanzaBlocks > 0)
-        evidence += formatted("; end stanza in text header %d", _search.endStanzaBlocks);
+    if (_search.endStanzaBlocks > 0) evidence += formatted("; end stanza in text header %d", _search.endStanzaBlocks);
     if (isPlain) {
-        const bool isTold =
-            reel.nExtendedText != 0 || reel.nExtraHeaders != 0 || reel.firstTrace > segyReelBytes;
+        const bool isTold = reel.nExtendedText != 0 || reel.nExtraHeaders != 0 || reel.firstTrace > segyReelBytes;
         add("First trace", evidence,
-            isTold ? "byte 3600, header 240 bytes: the words above don't fit the file"
-                   : "byte 3600, header 240 bytes");
+            isTold ? "byte 3600, header 240 bytes: the words above don't fit the file" : "byte 3600, header 240 bytes");
         return;
     }
     _guess->parm.layout.firstTrace = _layout.firstTrace;
@@ -228,17 +219,15 @@ void Guesser::addSize()
                           : _layout.isWalkWhole ? ", to the very end of the file"
                                                 : ", and on";
         add("Trace length",
-            formatted(
-                "no fixed length fits %lld bytes; the counts in the trace headers lead through %lld traces%s",
-                wide(traceBytes), wide(_layout.nTraces), end),
+            formatted("no fixed length fits %lld bytes; the counts in the trace headers lead through %lld traces%s",
+                      wide(traceBytes), wide(_layout.nTraces), end),
             "variable: Yes");
-        if (_layout.nSamples > INT16_MAX)
-            cannotFollow("a trace of variable length has more than 32767 samples");
+        if (_layout.nSamples > INT16_MAX) cannotFollow("a trace of variable length has more than 32767 samples");
         return;
     }
     const std::string record =
-        formatted("%lld bytes of traces by %d + %d x %d = %lld bytes a trace", wide(traceBytes),
-                  _layout.headerBytes, _layout.nSamples, _layout.sampleBytes, wide(_layout.recordBytes()));
+        formatted("%lld bytes of traces by %d + %d x %d = %lld bytes a trace", wide(traceBytes), _layout.headerBytes,
+                  _layout.nSamples, _layout.sampleBytes, wide(_layout.recordBytes()));
     if (_layout.tailBytes == 0)
         add("Trace length", record + ": without remainder", "fixed, " + counted(_layout.nTraces, "trace"));
     else
@@ -255,8 +244,8 @@ void Guesser::addHeaders()
         evidence += formatted("%s trace %lld: %.3g", i == 0 ? ":" : ",", wide(_search.probes[i].rank + 1),
                               8.0 * _search.probeScores[i]);
     const double share = _layout.plausibility;
-    const bool isEmpty = std::all_of(_search.probes.begin(), _search.probes.end(),
-                                     [](const SegyRawHeader& h) { return h.isZero(); });
+    const bool isEmpty =
+        std::all_of(_search.probes.begin(), _search.probes.end(), [](const SegyRawHeader& h) { return h.isZero(); });
     add("Trace headers", isEmpty ? "all that were looked at are empty" : evidence,
         isEmpty                   ? "they tell nothing; the size alone speaks for this layout"
         : share >= 0.8            ? "first, middle and last ones stand where they should"
@@ -286,13 +275,12 @@ void Guesser::addFormatOfFloats(const SegySampleStatistics& statistics)
     if (statistics.nNonZero == 0)
         evidence += formatted("all %lld samples that were looked at are 0", wide(statistics.nSamples));
     else
-        evidence += formatted(
-            "of %lld samples %lld are not 0, %.3g %% of these begin with byte 00 or FF; where bit 23 "
-            "is 0, bits 22-20 are 0 in %.3g %% (normalised IBM: 0, IEEE: about 17), over %d %s",
-            wide(statistics.nSamples), wide(statistics.nNonZero),
-            100.0 * double(statistics.nSmallInteger) / double(statistics.nNonZero),
-            100.0 * statistics.unnormalisedShare(), statistics.nEvenExponents,
-            statistics.nEvenExponents == 1 ? "exponent" : "exponents");
+        evidence += formatted("of %lld samples %lld are not 0, %.3g %% of these begin with byte 00 or FF; where bit 23 "
+                              "is 0, bits 22-20 are 0 in %.3g %% (normalised IBM: 0, IEEE: about 17), over %d %s",
+                              wide(statistics.nSamples), wide(statistics.nNonZero),
+                              100.0 * double(statistics.nSmallInteger) / double(statistics.nNonZero),
+                              100.0 * statistics.unnormalisedShare(), statistics.nEvenExponents,
+                              statistics.nEvenExponents == 1 ? "exponent" : "exponents");
     if (!_text.formatLine.empty()) evidence += formatted("; the text says \"%s\"", _text.formatLine.c_str());
     const char* name = segyFormatChoices()[size_t(seen)].c_str();
     std::string choice;
@@ -338,18 +326,19 @@ int Guesser::addFormat()
         add("Sample format", evidence, choice);
         const bool isUnsigned = told == _layout.sampleBytes && (code == 11 || code == 16);
         if (isUnsigned)
-            setOtherSamples(formatted("code %d: integers without sign", code), code == 11 ? SegyUnsigned2 : SegyUnsigned1);
+            setOtherSamples(formatted("code %d: integers without sign", code),
+                            code == 11 ? SegyUnsigned2 : SegyUnsigned1);
         return 1;
     }
     const bool isThree = _layout.sampleBytes == 3;
     add("Sample format", evidence,
         formatted("%d-byte samples%s: no sample format has them", _layout.sampleBytes,
                   told == _layout.sampleBytes ? "" : ", against the code"));
-    setOtherSamples(formatted("code %d", code), code == 15        ? SegyUnsigned3
-                                                : isThree         ? SegyInteger3
-                                                : code == 9       ? SegyInteger8
-                                                : code == 12      ? SegyUnsigned8
-                                                                  : SegyReal8);
+    setOtherSamples(formatted("code %d", code), code == 15   ? SegyUnsigned3
+                                                : isThree    ? SegyInteger3
+                                                : code == 9  ? SegyInteger8
+                                                : code == 12 ? SegyUnsigned8
+                                                             : SegyReal8);
     return 1;
 }
 
@@ -371,22 +360,20 @@ void Guesser::addSamples()
         counts.size() > 1 || (!counts.empty() && *counts.begin() != 0 && *counts.begin() != _layout.nSamples);
     const bool isLeft = _isList && isReelRight;
     _guess->parm.nsamp = isLeft ? 0 : _layout.nSamples;
-    const char* why = isLeft ? " (the field stays empty: the other files may have other numbers)"
+    const char* why = isLeft               ? " (the field stays empty: the other files may have other numbers)"
                       : _layout.isVariable ? " (the longest trace)"
-                      : !isReelRight
-                          ? (counts.count(_layout.nSamples) > 0 || reel.longSamples == _layout.nSamples
-                                 ? " (against the reel)"
-                                 : " (against all words: so far apart are the trace headers)")
-                      : isOthers ? " (the reel is right, the trace headers are not)"
-                                 : "";
+                      : !isReelRight       ? (counts.count(_layout.nSamples) > 0 || reel.longSamples == _layout.nSamples
+                                                  ? " (against the reel)"
+                                                  : " (against all words: so far apart are the trace headers)")
+                      : isOthers           ? " (the reel is right, the trace headers are not)"
+                                           : "";
     add("Samples", evidence, formatted("%d%s", _layout.nSamples, why));
 }
 
 void Guesser::addInterval()
 {
     const SegyReelClaims& reel = claims();
-    const int inTrace =
-        _guess->sample.count() > 0 ? _guess->sample.headers[0].uint16(116, _layout.isBigEndian) : 0;
+    const int inTrace = _guess->sample.count() > 0 ? _guess->sample.headers[0].uint16(116, _layout.isBigEndian) : 0;
     const int inReel = reel.interval & 0xffff;
     // A negative word is a large number or a mistake; where the trace header tells another one, a mistake.
     const bool isReelGood = reel.interval > 0 || (inTrace == 0 && inReel > 0);
@@ -399,8 +386,7 @@ void Guesser::addInterval()
     }
     if (us < 1) {
         add("Sample interval", evidence, "undecidable: neither header tells; it has to be typed");
-        cannotFollow(
-            "its sample interval is told nowhere; type it as \"Input sample rate\" and open the file");
+        cannotFollow("its sample interval is told nowhere; type it as \"Input sample rate\" and open the file");
         return;
     }
     // Recorders that divide 1 ms by powers of two can't tell their interval in whole microseconds.
@@ -454,12 +440,11 @@ void Guesser::addSortAndEnsembles()
     int64_t capacity = reel.nTraces + int64_t(std::max(0, reel.nAux));
     if (capacity < 1) capacity = usualMaxTraces;
     // Part of a file may not show its largest ensemble; room is made only for traces that come.
-    const int64_t wanted =
-        _guess->sample.isWhole() ? ensembles.longest : std::max(2 * ensembles.longest, capacity);
+    const int64_t wanted = _guess->sample.isWhole() ? ensembles.longest : std::max(2 * ensembles.longest, capacity);
     _guess->parm.maxtr = int(std::clamp<int64_t>(wanted, 1, INT32_MAX / 2));
     const bool isLeft = _isList && capacity >= ensembles.longest;
-    std::string evidence = formatted("reel says %d traces and %d auxiliary ones; %s", reel.nTraces, reel.nAux,
-                                     ensembles.evidence.c_str());
+    std::string evidence =
+        formatted("reel says %d traces and %d auxiliary ones; %s", reel.nTraces, reel.nAux, ensembles.evidence.c_str());
     std::string choice = formatted("%d", _guess->parm.maxtr);
     if (isLeft) {
         _guess->parm.maxtr = 0;
@@ -474,8 +459,7 @@ void Guesser::addSortAndEnsembles()
 }
 
 /// Whether a scalar can be applied: never one that would wipe what it scales.
-void Guesser::addScalar(const char* what, int scalarByte, const std::vector<int>& bytes,
-                        int SegyLoadParm::*field)
+void Guesser::addScalar(const char* what, int scalarByte, const std::vector<int>& bytes, int SegyLoadParm::*field)
 {
     std::set<int> scalars;
     int64_t nScaled = 0;
@@ -523,9 +507,9 @@ void Guesser::conclude(const SegyLoadParm& before)
 {
     if (_reasons.empty()) {
         _guess->verdict = SegyGuess::Read;
-        _guess->summary = counted(_layout.nTraces, "trace") + (_layout.isWalkWhole ? "" : " and more") +
-                          " of " + (_layout.isVariable ? "up to " : "") +
-                          counted(_layout.nSamples, "sample") + ", " + orderName(_layout.isBigEndian) + ".";
+        _guess->summary = counted(_layout.nTraces, "trace") + (_layout.isWalkWhole ? "" : " and more") + " of " +
+                          (_layout.isVariable ? "up to " : "") + counted(_layout.nSamples, "sample") + ", " +
+                          orderName(_layout.isBigEndian) + ".";
         return;
     }
     _guess->verdict = SegyGuess::NotFollowed;
@@ -550,8 +534,7 @@ int Guesser::run(const SegyLoadParm& before)
     if (_guess->sample.count() == 0) _guess->sample.headers = _search.probes;
     const int comma = before.files.indexOf(',');
     _isList = comma >= 0 && !before.files.mid(comma).remove(',').trimmed().isEmpty();
-    add("File", formatted("%lld bytes", wide(_source.size())),
-        _isList ? "SEG-Y; the first one of the list" : "SEG-Y");
+    add("File", formatted("%lld bytes", wide(_source.size())), _isList ? "SEG-Y; the first one of the list" : "SEG-Y");
     addByteOrder();
     if (!addText()) return 0;
     addPlace();

@@ -10,24 +10,24 @@
 
 /// One line of the panel.
 struct SegyGuessFact {
-    std::string what;     ///< e.g. "Byte order"
-    std::string evidence; ///< what was seen
-    std::string choice;   ///< what follows, or why nothing does
+    std::string what;      ///< e.g. "Byte order"
+    std::string evidence;  ///< what was seen
+    std::string choice;    ///< what follows, or why nothing does
 };
 
 struct SegyGuess {
     enum Verdict {
-        NotSegy,     ///< nothing that a SEG-Y file could be; the settings stay
-        NotFollowed, ///< a SEG-Y file that the reader's rules can't follow; the settings stay
-        Read         ///< the settings read it
+        NotSegy,      ///< nothing that a SEG-Y file could be; the settings stay
+        NotFollowed,  ///< a SEG-Y file that the reader's rules can't follow; the settings stay
+        Read          ///< the settings read it
     };
     Verdict verdict = NotSegy;
-    std::string summary; ///< one sentence
+    std::string summary;  ///< one sentence
     std::vector<SegyGuessFact> facts;
-    SegyLoadParm parm; ///< the settings given, with what was found
+    SegyLoadParm parm;  ///< the settings given, with what was found
     SegyLayoutSearch search;
-    int64_t longestEnsemble = 0; ///< traces of the largest ensemble that was seen, by the sort found
-    SegyHeaderSample sample; ///< the trace headers that were looked at; empty if NotSegy
+    int64_t longestEnsemble = 0;  ///< traces of the largest ensemble that was seen, by the sort found
+    SegyHeaderSample sample;      ///< the trace headers that were looked at; empty if NotSegy
 };
 
 /// Looks at a file. Bounded whatever it claims: some thousand headers and some ten thousand samples.

@@ -19,8 +19,7 @@ namespace {
 
 /// A header word over the sample.
 struct Word {
-    Word(const SegyHeaderSample& sample, int byte)
-        : values(sample.values(byte, 4)), run(meanRun(sample, values))
+    Word(const SegyHeaderSample& sample, int byte) : values(sample.values(byte, 4)), run(meanRun(sample, values))
     {
         const auto [least, most] = std::minmax_element(values.begin(), values.end());
         isVarying = *least != *most;
@@ -34,8 +33,8 @@ struct Word {
 /// What the sort is decided by.
 struct Keys {
     explicit Keys(const SegyHeaderSample& sample)
-        : ffid(sample, 8), channel(sample, 12), point(sample, 16), cdp(sample, 20), offset(sample, 36), receiverX(sample, 80),
-          receiverY(sample, 84), inLine(sample, 188), crossLine(sample, 192)
+        : ffid(sample, 8), channel(sample, 12), point(sample, 16), cdp(sample, 20), offset(sample, 36),
+          receiverX(sample, 80), receiverY(sample, 84), inLine(sample, 188), crossLine(sample, 192)
     {
         int64_t nSame = 0;
         for (size_t i = 1; i < sample.count(); ++i)
@@ -44,7 +43,7 @@ struct Keys {
         isBinFilled = nSame * 4 > int64_t(sample.count());
     }
     Word ffid, channel, point, cdp, offset, receiverX, receiverY, inLine, crossLine;
-    bool isBinFilled; // several traces in a row in one bin of a 3D survey
+    bool isBinFilled;  // several traces in a row in one bin of a 3D survey
 };
 
 constexpr double leastRun = 1.5;
@@ -55,11 +54,10 @@ SegySortGuess volumeSort(const Keys& keys)
     const bool isInline = keys.crossLine.isZero || (!keys.inLine.isZero && keys.inLine.run >= keys.crossLine.run);
     const bool isGather = keys.isBinFilled && keys.offset.isVarying;
     SegySortGuess guess;
-    guess.code = isGather ? (isInline ? SortInline : SortCrossline)
-                          : (isInline ? SortInlineStack : SortCrosslineStack);
-    guess.evidence = formatted(
-        "inline at byte 189 holds for %.3g traces on average, crossline at 193 for %.3g; %s", keys.inLine.run,
-        keys.crossLine.run, isGather ? "several offsets in one bin" : "one trace in a bin");
+    guess.code = isGather ? (isInline ? SortInline : SortCrossline) : (isInline ? SortInlineStack : SortCrosslineStack);
+    guess.evidence =
+        formatted("inline at byte 189 holds for %.3g traces on average, crossline at 193 for %.3g; %s", keys.inLine.run,
+                  keys.crossLine.run, isGather ? "several offsets in one bin" : "one trace in a bin");
     return guess;
 }
 
@@ -73,7 +71,7 @@ bool isStackedLine(const Keys& keys, int reelSort)
            isCounting(keys.point);
 }
 
-} // namespace
+}  // namespace
 
 SegySortGuess guessSegySort(const SegyHeaderSample& sample, int reelSort)
 {
@@ -83,19 +81,18 @@ SegySortGuess guessSegySort(const SegyHeaderSample& sample, int reelSort)
         guess.evidence = "one trace: no order to be seen";
         return guess;
     }
-    const bool isVolume = (keys.inLine.isVarying && !keys.crossLine.isZero) ||
-                          (keys.crossLine.isVarying && !keys.inLine.isZero);
+    const bool isVolume =
+        (keys.inLine.isVarying && !keys.crossLine.isZero) || (keys.crossLine.isVarying && !keys.inLine.isZero);
     const double lineRun = std::max(keys.inLine.run, keys.crossLine.run);
-    const bool isShotWithin = keys.channel.isVarying || keys.offset.isVarying || keys.receiverX.isVarying ||
-                              keys.receiverY.isVarying;
-    if (isVolume && lineRun >= leastRun && (lineRun >= keys.ffid.run || !keys.ffid.isVarying))
-        return volumeSort(keys);
+    const bool isShotWithin =
+        keys.channel.isVarying || keys.offset.isVarying || keys.receiverX.isVarying || keys.receiverY.isVarying;
+    if (isVolume && lineRun >= leastRun && (lineRun >= keys.ffid.run || !keys.ffid.isVarying)) return volumeSort(keys);
     if (isStackedLine(keys, reelSort)) {
         guess.code = SortStack;
         guess.evidence = "CMP at byte 21 and shot point at byte 17 change from trace to trace, the field record at "
                          "byte 9 doesn't, no offset is told, and the reel says stack";
     } else if (!keys.ffid.isZero && keys.ffid.run >= leastRun && isShotWithin &&
-        (keys.ffid.run >= keys.cdp.run || keys.cdp.isZero)) {
+               (keys.ffid.run >= keys.cdp.run || keys.cdp.isZero)) {
         guess.code = SortFfid;
         guess.evidence =
             formatted("field record at byte 9 holds for %.3g traces on average; channel, offset or receiver "
@@ -103,14 +100,12 @@ SegySortGuess guessSegySort(const SegyHeaderSample& sample, int reelSort)
                       keys.ffid.run);
     } else if (!keys.cdp.isZero && keys.cdp.run >= leastRun && keys.offset.isVarying) {
         guess.code = SortCdp;
-        guess.evidence =
-            formatted("CMP number at byte 21 holds for %.3g traces on average; the offset changes within",
-                      keys.cdp.run);
+        guess.evidence = formatted("CMP number at byte 21 holds for %.3g traces on average; the offset changes within",
+                                   keys.cdp.run);
     } else if (keys.cdp.isVarying && (keys.cdp.run < leastRun || !keys.offset.isVarying)) {
         guess.code = SortStack;
-        guess.evidence =
-            formatted("CMP number at byte 21 changes after %.3g traces on average, %s", keys.cdp.run,
-                      keys.offset.isVarying ? "one trace each" : "one offset only");
+        guess.evidence = formatted("CMP number at byte 21 changes after %.3g traces on average, %s", keys.cdp.run,
+                                   keys.offset.isVarying ? "one trace each" : "one offset only");
     } else if ((keys.inLine.isVarying && keys.inLine.run >= leastRun) ||
                (keys.crossLine.isVarying && keys.crossLine.run >= leastRun)) {
         return volumeSort(keys);
@@ -137,13 +132,11 @@ SegyEnsembleGuess guessSegyEnsembles(const SegyHeaderSample& sample, int keyByte
     int64_t nScattered = 0;
     for (const auto& [value, count] : runs) nScattered += count > 1;
     guess.isScattered = nScattered > 0;
-    guess.evidence =
-        formatted("most traces with one value at byte %d: %lld, %s %lld", keyByte + 1,
-                  static_cast<long long>(guess.longest), sample.isWhole() ? "of all" : "in a sample of",
-                  static_cast<long long>(sample.count()));
+    guess.evidence = formatted("most traces with one value at byte %d: %lld, %s %lld", keyByte + 1,
+                               static_cast<long long>(guess.longest), sample.isWhole() ? "of all" : "in a sample of",
+                               static_cast<long long>(sample.count()));
     if (guess.isScattered)
-        guess.evidence +=
-            formatted("; %lld of %lld ensembles stand in several places", static_cast<long long>(nScattered),
-                      static_cast<long long>(totals.size()));
+        guess.evidence += formatted("; %lld of %lld ensembles stand in several places",
+                                    static_cast<long long>(nScattered), static_cast<long long>(totals.size()));
     return guess;
 }

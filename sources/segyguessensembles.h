@@ -5,13 +5,13 @@
 #include "sources/segyvarying.h"
 
 struct SegySortGuess {
-    int code = 0; ///< 1 to 11; 0: the headers don't tell, the reel's sort word decides
+    int code = 0;  ///< 1 to 11; 0: the headers don't tell, the reel's sort word decides
     std::string evidence;
 };
 
 struct SegyEnsembleGuess {
-    int64_t longest = 0;      ///< traces of the largest ensemble that was seen
-    bool isScattered = false; ///< an ensemble's traces stand in several places
+    int64_t longest = 0;       ///< traces of the largest ensemble that was seen
+    bool isScattered = false;  ///< an ensemble's traces stand in several places
     std::string evidence;
 };
 

@@ -61,8 +61,8 @@ static bool isWithin(int64_t value, int64_t least, int64_t most)
     return value >= least && value <= most;
 }
 
-double segyHeaderPlausibility(const SegyRawHeader& header, const SegyRawHeader& first, bool isBigEndian,
-                              int nSamples, int interval)
+double segyHeaderPlausibility(const SegyRawHeader& header, const SegyRawHeader& first, bool isBigEndian, int nSamples,
+                              int interval)
 {
     if (header.isZero()) return 0.4;
     const auto word = [&](int byte) { return header.int16(byte, isBigEndian); };
@@ -71,18 +71,16 @@ double segyHeaderPlausibility(const SegyRawHeader& header, const SegyRawHeader& 
     };
     constexpr int mostCount = 10000000;
     int nSmall = 0;
-    for (int byte : {0, 4, 8, 12, 24})
-        nSmall += isWithin(header.int32(byte, isBigEndian), -mostCount, mostCount);
+    for (int byte : {0, 4, 8, 12, 24}) nSmall += isWithin(header.int32(byte, isBigEndian), -mostCount, mostCount);
     const int year = word(156);
-    const bool isDate = (isWithin(year, 0, 99) || isWithin(year, 1900, 2100)) &&
-                        isWithin(word(158), 0, 366) && isWithin(word(160), 0, 24) &&
-                        isWithin(word(162), 0, 60) && isWithin(word(164), 0, 60);
+    const bool isDate = (isWithin(year, 0, 99) || isWithin(year, 1900, 2100)) && isWithin(word(158), 0, 366) &&
+                        isWithin(word(160), 0, 24) && isWithin(word(162), 0, 60) && isWithin(word(164), 0, 60);
     const int count = header.uint16(114, isBigEndian);
     const double passed = isWithin(word(28), -1, 60) + (isScalar(word(68)) || isLikeFirst(68)) +
                           (isScalar(word(70)) || isLikeFirst(70)) +
                           (count == 0 || count == (nSamples & 0xffff) || isLikeFirst(114)) +
-                          (word(116) == 0 || word(116) == interval || isLikeFirst(116)) + nSmall / 5.0 +
-                          isDate + isWithin(word(88), 0, 4);
+                          (word(116) == 0 || word(116) == interval || isLikeFirst(116)) + nSmall / 5.0 + isDate +
+                          isWithin(word(88), 0, 4);
     return passed / 8.0;
 }
 
@@ -120,8 +118,7 @@ static int blocksToEndStanza(const ByteSource& source, std::string* error)
 {
     std::vector<char> block(segyTextBytes);
     for (int i = 0; i < mostTextBlocks; ++i) {
-        const int64_t got =
-            source.read(segyReelBytes + int64_t(i) * segyTextBytes, block.size(), block.data(), error);
+        const int64_t got = source.read(segyReelBytes + int64_t(i) * segyTextBytes, block.size(), block.data(), error);
         if (got < segyTextBytes) return 0;
         for (bool isEbcdic : {false, true}) {
             std::vector<char> text = block;
@@ -168,18 +165,18 @@ private:
 std::vector<int64_t> probeRanks(int64_t nTraces)
 {
     std::vector<int64_t> ranks;
-    for (int64_t rank :
-         {int64_t(0), int64_t(1), int64_t(2), nTraces / 2, nTraces / 2 + 1, nTraces - 2, nTraces - 1})
+    for (int64_t rank : {int64_t(0), int64_t(1), int64_t(2), nTraces / 2, nTraces / 2 + 1, nTraces - 2, nTraces - 1})
         if (rank >= 0 && rank < nTraces && (ranks.empty() || rank > ranks.back())) ranks.push_back(rank);
     return ranks;
 }
 
-template <class T> void addOnce(std::vector<T>* list, T value)
+template <class T>
+void addOnce(std::vector<T>* list, T value)
 {
     if (std::find(list->begin(), list->end(), value) == list->end()) list->push_back(value);
 }
 
-} // namespace
+}  // namespace
 
 bool LayoutTrial::header(int64_t offset, SegyRawHeader* header)
 {
@@ -209,8 +206,8 @@ void LayoutTrial::tryRecord(const SegyLayout& trial, double merit)
         probe.rank = rank;
         if (!header(layout.offset(rank), &probe)) return;
         probes.push_back(probe);
-        scores.push_back(segyHeaderPlausibility(probe, probes.front(), layout.isBigEndian, layout.nSamples,
-                                                claims.interval));
+        scores.push_back(
+            segyHeaderPlausibility(probe, probes.front(), layout.isBigEndian, layout.nSamples, claims.interval));
         sum += scores.back();
     }
     layout.plausibility = sum / double(probes.size());
@@ -326,7 +323,7 @@ void LayoutTrial::tryDistances()
     SegyRawHeader first, second;
     second.rank = 1;
     std::memcpy(first.bytes.data(), block.data(), first.bytes.size());
-    if (first.isZero()) return; // every quiet stretch of samples would look like it
+    if (first.isZero()) return;  // every quiet stretch of samples would look like it
     int nTries = 0;
     for (bool isBigEndian : {true, false}) {
         const SegyReelClaims& claims = _search->claims[isBigEndian];
@@ -344,8 +341,7 @@ void LayoutTrial::tryDistances()
             };
             if (!isSame(28, 2) || !isSame(68, 4) || !isSame(114, 4)) continue;
             std::memcpy(second.bytes.data(), &block[size_t(at)], second.bytes.size());
-            if (segyHeaderPlausibility(second, first, isBigEndian, layout.nSamples, claims.interval) < 0.9)
-                continue;
+            if (segyHeaderPlausibility(second, first, isBigEndian, layout.nSamples, claims.interval) < 0.9) continue;
             ++nTries;
             tryRecord(layout, 3.0);
         }
@@ -424,12 +420,10 @@ int findSegyLayout(const ByteSource& source, SegyLayoutSearch* search, std::stri
     std::vector<unsigned char> reel(segyReelBytes);
     const int64_t got = source.read(0, reel.size(), reel.data(), error);
     if (got < 0) return 0;
-    search->isSeg2 =
-        got >= 4 && ((reel[0] == 0x55 && reel[1] == 0x3a) || (reel[0] == 0x3a && reel[1] == 0x55));
+    search->isSeg2 = got >= 4 && ((reel[0] == 0x55 && reel[1] == 0x3a) || (reel[0] == 0x3a && reel[1] == 0x55));
     if (search->isSeg2) return 1;
     if (got == segyReelBytes) {
-        for (bool isBigEndian : {false, true})
-            search->claims[isBigEndian] = claimsOf(reel.data(), isBigEndian);
+        for (bool isBigEndian : {false, true}) search->claims[isBigEndian] = claimsOf(reel.data(), isBigEndian);
         if (search->claims[0].nExtendedText < 0) search->endStanzaBlocks = blocksToEndStanza(source, error);
         LayoutTrial trial(source, search, error);
         for (bool isBigEndian : {true, false}) trial.tryOrder(isBigEndian);

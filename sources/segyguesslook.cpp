@@ -12,8 +12,9 @@ constexpr double leastCertain = 0.6;
 SegyReading segyReading(SegyLoader* loader, const SegyLoadParm& told)
 {
     SegyReading reading;
-    reading.isBigEndian = told.layout.byteOrder == SegyByteOrder::OfType ? told.itype != 1
-                                                                         : told.layout.byteOrder == SegyByteOrder::HighestFirst;
+    reading.isBigEndian = told.layout.byteOrder == SegyByteOrder::OfType
+                              ? told.itype != 1
+                              : told.layout.byteOrder == SegyByteOrder::HighestFirst;
     const segyData2* data = loader ? loader->SegyData() : nullptr;
     if (!data) return reading;
     reading.isOpen = true;
@@ -47,8 +48,13 @@ int knownFormat(int code)
 
 std::string formatName(int code)
 {
-    static const char* const names[] = {"", "IBM floats", "4-byte integers", "2-byte integers", "integers with a gain",
-                                        "IEEE floats", "1-byte integers"};
+    static const char* const names[] = {"",
+                                        "IBM floats",
+                                        "4-byte integers",
+                                        "2-byte integers",
+                                        "integers with a gain",
+                                        "IEEE floats",
+                                        "1-byte integers"};
     for (const SegyLayoutSample& sample : segyLayoutSamples())
         if (sample.format == code) return sample.name;
     return names[knownFormat(code)];
@@ -69,7 +75,8 @@ std::vector<std::string> misreadTraces(const SegyGuess& guess, const SegyReading
     if (found.isBigEndian != reading.isBigEndian) return {otherOrder(found.isBigEndian)};
     std::vector<std::string> faults;
     if (found.firstTrace != reading.firstTrace)
-        faults.push_back(formatted("the first trace is at byte %lld, not %lld", static_cast<long long>(found.firstTrace),
+        faults.push_back(formatted("the first trace is at byte %lld, not %lld",
+                                   static_cast<long long>(found.firstTrace),
                                    static_cast<long long>(reading.firstTrace)));
     if (found.headerBytes != reading.headerBytes)
         faults.push_back(formatted("trace headers have %d bytes, not %d", found.headerBytes, reading.headerBytes));
@@ -100,13 +107,15 @@ std::vector<std::string> misreadEnsembles(const SegyGuess& guess, const SegyLoad
         return {formatted("ensembles of up to %lld traces are cut after %d", longest, reading.maxTraces)};
     if (told.isort < 1 && reading.nTraces == 1 && isOtherSort(guess, reading, reelSort))
         return {formatted("ensembles have up to %lld traces by \"%s\", not one", longest,
-                          guess.parm.isort > 0 ? segySortNames()[guess.parm.isort - 1].toUtf8().constData() : "the reel's sort")};
+                          guess.parm.isort > 0 ? segySortNames()[guess.parm.isort - 1].toUtf8().constData()
+                                               : "the reel's sort")};
     return {};
 }
 
-} // namespace
+}  // namespace
 
-SegyFirstLook firstLook(const std::string& name, const SegyGuess& guess, const SegyLoadParm& told, const SegyReading& reading)
+SegyFirstLook firstLook(const std::string& name, const SegyGuess& guess, const SegyLoadParm& told,
+                        const SegyReading& reading)
 {
     SegyFirstLook look;
     look.hasSettings = guess.verdict == SegyGuess::Read;
@@ -114,7 +123,8 @@ SegyFirstLook firstLook(const std::string& name, const SegyGuess& guess, const S
     if (!look.hasSettings) return look;
     const SegyLayout& found = guess.search.layout;
     if (!reading.isOpen) {
-        look.line += found.isBigEndian != reading.isBigEndian ? " Refused: " + otherOrder(found.isBigEndian) + "." : " Refused with the settings in force.";
+        look.line += found.isBigEndian != reading.isBigEndian ? " Refused: " + otherOrder(found.isBigEndian) + "."
+                                                              : " Refused with the settings in force.";
         return look;
     }
     std::vector<std::string> faults = misreadTraces(guess, reading);

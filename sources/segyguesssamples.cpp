@@ -22,7 +22,7 @@ SegySampleStatistics countSegyWords(const uint32_t* words, size_t n)
 {
     SegySampleStatistics statistics;
     Histogram exponents = {};
-    double signSums[2] = {}; // of the exponents, by the sign bit
+    double signSums[2] = {};  // of the exponents, by the sign bit
     statistics.nSamples = int64_t(n);
     for (size_t i = 0; i < n; ++i) {
         const uint32_t word = words[i];
@@ -39,13 +39,11 @@ SegySampleStatistics countSegyWords(const uint32_t* words, size_t n)
         statistics.nUnnormalised += (word >> 20 & 7) == 0;
     }
     for (size_t exponent = 0; exponent < exponents.size(); exponent += 2)
-        statistics.nEvenExponents +=
-            exponents[exponent] > 0 && exponents[exponent] * 25 >= statistics.nNonZero;
+        statistics.nEvenExponents += exponents[exponent] > 0 && exponents[exponent] * 25 >= statistics.nNonZero;
     constexpr int64_t leastOfSign = 20;
     const int64_t nPositive = statistics.nNonZero - statistics.nNegative;
     if (std::min(nPositive, statistics.nNegative) >= leastOfSign)
-        statistics.signContrast =
-            signSums[1] / double(statistics.nNegative) - signSums[0] / double(nPositive);
+        statistics.signContrast = signSums[1] / double(statistics.nNegative) - signSums[0] / double(nPositive);
     statistics.exponentSpan =
         quantile(exponents, statistics.nNonZero, 0.95) - quantile(exponents, statistics.nNonZero, 0.05);
     return statistics;
@@ -63,8 +61,7 @@ SegySampleKind segySampleKind(const SegySampleStatistics& statistics)
     if (statistics.nNonZero < leastSamples || statistics.nEven < leastEven) return SegySampleKind::Undecided;
     const double share = statistics.unnormalisedShare();
     if (share > 0.03) return SegySampleKind::Ieee;
-    if (share < 0.01 && statistics.nEvenExponents >= 2 && statistics.nNotFinite == 0)
-        return SegySampleKind::Ibm;
+    if (share < 0.01 && statistics.nEvenExponents >= 2 && statistics.nNotFinite == 0) return SegySampleKind::Ibm;
     return SegySampleKind::Undecided;
 }
 

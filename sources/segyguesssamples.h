@@ -12,25 +12,25 @@
 /// numbers that spread over several octaves (S. Newcomb, Note on the frequency of use of the different digits
 /// in natural numbers, American Journal of Mathematics 4, 1881).
 struct SegySampleStatistics {
-    int64_t nSamples = 0; ///< looked at
+    int64_t nSamples = 0;  ///< looked at
     int64_t nNonZero = 0;
-    int64_t nSmallInteger = 0; ///< first byte 00 or FF, which no usual float has
-    int64_t nEven = 0;         ///< bit 23 is 0
-    int64_t nUnnormalised = 0; ///< of these, bits 22 to 20 are 0, too
-    int64_t nNotFinite = 0;    ///< infinite or not a number if IEEE
-    int nEvenExponents = 0;    ///< IEEE exponents with bit 23 at 0 that 4 % or more of the samples have
-    int64_t nNegative = 0;     ///< sign bit set
+    int64_t nSmallInteger = 0;  ///< first byte 00 or FF, which no usual float has
+    int64_t nEven = 0;          ///< bit 23 is 0
+    int64_t nUnnormalised = 0;  ///< of these, bits 22 to 20 are 0, too
+    int64_t nNotFinite = 0;     ///< infinite or not a number if IEEE
+    int nEvenExponents = 0;     ///< IEEE exponents with bit 23 at 0 that 4 % or more of the samples have
+    int64_t nNegative = 0;      ///< sign bit set
     /// Mean of bits 30 to 23 where the sign bit is set less that where it is clear; 0 with too few of either.
     /// Floats carry their sign apart, so it is small; the bits of a negative integer are turned over, which
     /// lifts it to almost 255.
     double signContrast = 0.0;
-    int exponentSpan = 0; ///< values of bits 30 to 23 that hold the middle 90 % of what is not 0
+    int exponentSpan = 0;  ///< values of bits 30 to 23 that hold the middle 90 % of what is not 0
 
     double unnormalisedShare() const { return nEven > 0 ? double(nUnnormalised) / double(nEven) : 0.0; }
 };
 
 enum class SegySampleKind {
-    Undecided, ///< too few, all zero, within too few octaves, or over more of them than data have
+    Undecided,  ///< too few, all zero, within too few octaves, or over more of them than data have
     Ibm,
     Ieee,
     Integer4

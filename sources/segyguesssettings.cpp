@@ -9,8 +9,7 @@
 const std::vector<std::string>& segyFormatChoices()
 {
     static const std::vector<std::string> names = {
-        "Get From Data",    "IEEE",          "IBM", "Integer (4 byte)", "Integer (2 byte)",
-        "Integer (1 byte)", "Integer W/Gain"};
+        "Get From Data", "IEEE", "IBM", "Integer (4 byte)", "Integer (2 byte)", "Integer (1 byte)", "Integer W/Gain"};
     return names;
 }
 
@@ -45,12 +44,10 @@ std::vector<SegySettingText> segySettingTexts(const SegyLoadParm& parm)
 std::string segyGuessText(const std::string& name, const SegyGuess& guess, const SegyLoadParm& before)
 {
     std::string text = name + "\n" + guess.summary + "\n\nFact\tEvidence\tChoice\n";
-    for (const SegyGuessFact& fact : guess.facts)
-        text += fact.what + "\t" + fact.evidence + "\t" + fact.choice + "\n";
+    for (const SegyGuessFact& fact : guess.facts) text += fact.what + "\t" + fact.evidence + "\t" + fact.choice + "\n";
     if (guess.verdict != SegyGuess::Read) return text;
     text += "\nSetting\tBefore\tNow\n";
     const std::vector<SegySettingText> old = segySettingTexts(before), now = segySettingTexts(guess.parm);
-    for (size_t i = 0; i < now.size(); ++i)
-        text += now[i].label + "\t" + old[i].value + "\t" + now[i].value + "\n";
+    for (size_t i = 0; i < now.size(); ++i) text += now[i].label + "\t" + old[i].value + "\t" + now[i].value + "\n";
     return text;
 }

@@ -5,15 +5,7 @@
 #include "sources/segyguess.h"
 
 /// The sample format choices of the menu, by their index.
-enum SegyFormatChoice {
-    FromData,
-    ChooseIeee,
-    ChooseIbm,
-    ChooseInteger4,
-    ChooseInteger2,
-    ChooseInteger1,
-    ChooseGain
-};
+enum SegyFormatChoice { FromData, ChooseIeee, ChooseIbm, ChooseInteger4, ChooseInteger2, ChooseInteger1, ChooseGain };
 /// Their names, of the index 0 to 6.
 const std::vector<std::string>& segyFormatChoices();
 

@@ -8,15 +8,14 @@
 
 const char* segyTextName(SegyTextKind kind)
 {
-    static const char* const names[] = {"EBCDIC",        "ASCII",   "blank (EBCDIC)",
-                                        "blank (ASCII)", "all NUL", "unclear"};
+    static const char* const names[] = {"EBCDIC", "ASCII", "blank (EBCDIC)", "blank (ASCII)", "all NUL", "unclear"};
     return names[int(kind)];
 }
 
 static int count(const std::string& text, bool (*isWanted)(unsigned char))
 {
-    return int(std::count_if(text.begin(), text.end(),
-                             [=](char c) { return isWanted(static_cast<unsigned char>(c)); }));
+    return int(
+        std::count_if(text.begin(), text.end(), [=](char c) { return isWanted(static_cast<unsigned char>(c)); }));
 }
 
 /// The line that tells the kind of sample, without what stands around it.
@@ -29,7 +28,7 @@ static std::string formatLine(const std::string& text)
             upper.find("FORMAT") != std::string::npos || upper.find("FLOAT") != std::string::npos;
         const bool isTold = upper.find("IEEE") != std::string::npos || upper.find("IBM") != std::string::npos;
         if (!isAboutSamples || !isTold) continue;
-        std::string words; // single blanks between the words
+        std::string words;  // single blanks between the words
         for (char c : line) {
             const bool isBlank =
                 c == ' ' || static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) > 0x7e;
@@ -48,8 +47,8 @@ static std::string formatLine(const std::string& text)
 /// computer environment, Geophysics 55, 1990), which converters copy into the text.
 static bool hasSeg2Word(const std::string& text)
 {
-    for (const char* word : {"ACQUISITION_DATE ", "ACQUISITION_TIME ", "CLIENT ", "COMPANY ", "INSTRUMENT ",
-                             "JOB_ID ", "LINE_ID ", "OBSERVER ", "TRACE_SORT ", "UNITS "})
+    for (const char* word : {"ACQUISITION_DATE ", "ACQUISITION_TIME ", "CLIENT ", "COMPANY ", "INSTRUMENT ", "JOB_ID ",
+                             "LINE_ID ", "OBSERVER ", "TRACE_SORT ", "UNITS "})
         for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1))
             // The strings end with NUL: words of a running text stand behind a blank.
             if (at == 0 || text[at - 1] != ' ') return true;
@@ -70,10 +69,9 @@ SegyTextGuess guessSegyText(const char* bytes)
     const int nHigh = count(raw, [](unsigned char c) { return c > 0x7f; });
     const int nAscii = count(raw, isLetter), nEbcdic = count(translated, isLetter);
     SegyTextGuess guess;
-    guess.evidence =
-        formatted("byte 40 (EBCDIC blank) %d times, 20 (ASCII blank) %d, 00 %d; letters and digits: %d if "
-                  "EBCDIC, %d if ASCII",
-                  nEbcdicBlank, nAsciiBlank, nNul, nEbcdic, nAscii);
+    guess.evidence = formatted("byte 40 (EBCDIC blank) %d times, 20 (ASCII blank) %d, 00 %d; letters and digits: %d if "
+                               "EBCDIC, %d if ASCII",
+                               nEbcdicBlank, nAsciiBlank, nNul, nEbcdic, nAscii);
     constexpr int fewLetters = 16;
     const bool hasText = std::max(nAscii, nEbcdic) >= fewLetters;
     guess.hasLetters = std::max(nAscii, nEbcdic) > 0;

@@ -35,7 +35,8 @@ static bool isDigit(char c)
 static bool isUkooa(const std::vector<std::string>& lines)
 {
     const std::string& first = lines.front();
-    return first.size() > 6 && first[0] == 'H' && std::all_of(first.begin() + 1, first.begin() + 5, isDigit) && first[5] == ' ';
+    return first.size() > 6 && first[0] == 'H' && std::all_of(first.begin() + 1, first.begin() + 5, isDigit) &&
+           first[5] == ' ';
 }
 
 /// Records of SPS files (Shell processing support format, SEG 1995) by their letters; the last line may be cut.
@@ -49,8 +50,9 @@ static std::string spsRecords(const std::vector<std::string>& lines)
     size_t nRecords = 0, nOther = 0;
     for (const std::string& line : lines) nOther += line.size() < leastRecord || !std::strchr("HSRX", line[0]);
     for (const auto& kind : kinds) {
-        const auto n = std::count_if(lines.begin(), lines.end(),
-                                     [&](const std::string& line) { return line[0] == kind.letter && line.size() >= leastRecord; });
+        const auto n = std::count_if(lines.begin(), lines.end(), [&](const std::string& line) {
+            return line[0] == kind.letter && line.size() >= leastRecord;
+        });
         nRecords += size_t(n);
         if (n > 0) found += (found.empty() ? "" : ", ") + std::string(kind.name);
     }
@@ -81,7 +83,8 @@ static bool isVelocities(const std::vector<std::string>& lines)
 
 std::string textFileKind(const std::string& begin)
 {
-    if (!std::all_of(begin.begin(), begin.end(), [](char c) { return isTextByte(static_cast<unsigned char>(c)); })) return {};
+    if (!std::all_of(begin.begin(), begin.end(), [](char c) { return isTextByte(static_cast<unsigned char>(c)); }))
+        return {};
     const std::vector<std::string> lines = linesOf(begin);
     if (lines.empty()) return {};
     const size_t start = begin.find_first_not_of(" \t\r\n\f");

@@ -25,21 +25,21 @@ struct MappedWord {
 
 /// The standard mapping, in the order of buildHeaderIndex.
 constexpr MappedWord mappedWords[SegyHeader::nMappedWords] = {
-    {"SEQNO   ", 24, Conversion::Integer},      {"TRACENO ", 0, Conversion::Integer},
-    {"FFID    ", 8, Conversion::Integer},       {"CDP     ", 20, Conversion::Integer},
-    {"CHAN    ", 12, Conversion::Integer},      {"TRC_TYPE", 28, Conversion::ShortInteger},
-    {"TR_FOLD ", 32, Conversion::ShortFloat},   {"OFFSET  ", 36, Conversion::Float},
-    {"AOFFSET ", 36, Conversion::Absolute},     {"UPHOLE  ", 94, Conversion::ShortFloat},
-    {"SOU_STAT", 98, Conversion::ShortFloat},   {"REC_STAT", 100, Conversion::ShortFloat},
-    {"TOT_STAT", 102, Conversion::ShortFloat},  {"TLIVE_S ", 110, Conversion::ShortFloat},
-    {"TFULL_S ", 112, Conversion::ShortFloat},  {"SRF_SLOC", 172, Conversion::ShortInteger},
-    {"SOU_SLOC", 196, Conversion::Integer},     {"SOURCE  ", 16, Conversion::Integer},
-    {"ILINE_NO", 188, Conversion::Integer},     {"XLINE_NO", 192, Conversion::Integer},
-    {"REC_ELEV", 40, Conversion::Depth},        {"SOU_ELEV", 44, Conversion::Depth},
-    {"DEPTH   ", 48, Conversion::Depth},        {"SOU_H2OD", 60, Conversion::Depth},
-    {"REC_H2OD", 64, Conversion::Depth},        {"SOU_X   ", 72, Conversion::Coordinate},
-    {"SOU_Y   ", 76, Conversion::Coordinate},   {"REC_X   ", 80, Conversion::Coordinate},
-    {"REC_Y   ", 84, Conversion::Coordinate},   {"CDP_X   ", 180, Conversion::Coordinate},
+    {"SEQNO   ", 24, Conversion::Integer},     {"TRACENO ", 0, Conversion::Integer},
+    {"FFID    ", 8, Conversion::Integer},      {"CDP     ", 20, Conversion::Integer},
+    {"CHAN    ", 12, Conversion::Integer},     {"TRC_TYPE", 28, Conversion::ShortInteger},
+    {"TR_FOLD ", 32, Conversion::ShortFloat},  {"OFFSET  ", 36, Conversion::Float},
+    {"AOFFSET ", 36, Conversion::Absolute},    {"UPHOLE  ", 94, Conversion::ShortFloat},
+    {"SOU_STAT", 98, Conversion::ShortFloat},  {"REC_STAT", 100, Conversion::ShortFloat},
+    {"TOT_STAT", 102, Conversion::ShortFloat}, {"TLIVE_S ", 110, Conversion::ShortFloat},
+    {"TFULL_S ", 112, Conversion::ShortFloat}, {"SRF_SLOC", 172, Conversion::ShortInteger},
+    {"SOU_SLOC", 196, Conversion::Integer},    {"SOURCE  ", 16, Conversion::Integer},
+    {"ILINE_NO", 188, Conversion::Integer},    {"XLINE_NO", 192, Conversion::Integer},
+    {"REC_ELEV", 40, Conversion::Depth},       {"SOU_ELEV", 44, Conversion::Depth},
+    {"DEPTH   ", 48, Conversion::Depth},       {"SOU_H2OD", 60, Conversion::Depth},
+    {"REC_H2OD", 64, Conversion::Depth},       {"SOU_X   ", 72, Conversion::Coordinate},
+    {"SOU_Y   ", 76, Conversion::Coordinate},  {"REC_X   ", 80, Conversion::Coordinate},
+    {"REC_Y   ", 84, Conversion::Coordinate},  {"CDP_X   ", 180, Conversion::Coordinate},
     {"CDP_Y   ", 184, Conversion::Coordinate},
 };
 
@@ -51,8 +51,8 @@ constexpr int unswappedBytes = 196;  // from here on a trace header stays in fil
 enum class SlotKind { Integer, Bits };
 
 struct SlotWord {
-    WordFrom0 standard;      // of the standard words
-    int StdHdr::*hostWord;   // its position in the host's header, counted from 1
+    WordFrom0 standard;     // of the standard words
+    int StdHdr::*hostWord;  // its position in the host's header, counted from 1
     SlotKind kind;
 };
 
@@ -339,10 +339,10 @@ bool SegyHeader::readRemapRow(const std::array<QString, SegyRemapTable::nColumns
     const QString word = cells[SegyRemapTable::HeaderWord].toUpper();
     const QString format = cells[SegyRemapTable::Format].toUpper();
     const int startByte = cells[SegyRemapTable::StartByte].toInt();
-    *fault = word.isEmpty()                                  ? "no header word: skipped"
-             : format.isEmpty()                              ? "no format: skipped"
+    *fault = word.isEmpty()                                ? "no header word: skipped"
+             : format.isEmpty()                            ? "no format: skipped"
              : startByte < 1 || startByte > rawHeaderBytes ? "the start byte must be 1 to 240: skipped"
-                                                             : "";
+                                                           : "";
     if (!fault->isEmpty()) return false;
     const QString name = word.leftJustified(8, ' ');
     row->index = OrvinHeaderIndex(name);

@@ -12,8 +12,8 @@
 /// A usable row of the remap table, parsed once, so that no text is read per trace.
 struct SegyRemapRow {
     enum Source { Byte, Short, Integer, Real, Double, Text, Nothing };
-    int index = 0;       ///< header word, counted from 0
-    int format = 1;      ///< HeaderFormat of that word
+    int index = 0;   ///< header word, counted from 0
+    int format = 1;  ///< HeaderFormat of that word
     Source source = Nothing;
     int start = 0;       ///< first byte in the raw header, counted from 0
     int length = 0;      ///< in bytes; start + length is at most 240
@@ -102,7 +102,7 @@ private:
     bool readRemapRow(const std::array<QString, SegyRemapTable::nColumns>& cells, SegyRemapRow* row, QString* fault);
     void storeRemapped(const SegyRemapRow& row, double value);
 
-    int* _segyheader = nullptr;     // lent, in machine order
+    int* _segyheader = nullptr;  // lent, in machine order
     int _nheaders = 0;
     QStringList _headerNames;
     bool _depScalar = true;

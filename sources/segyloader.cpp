@@ -61,8 +61,7 @@ void SegyLoader::initTreviaHeaders()
                 if (i < _segyheader.stdHeaderWords)
                     _segyheader.headerAddStd(name);
                 else
-                    _segyheader.headerAdd(name, rows[i].section("|", 4, 4),
-                                          rows[i].section("|", 3, 3).toInt(), format);
+                    _segyheader.headerAdd(name, rows[i].section("|", 4, 4), rows[i].section("|", 3, 3).toInt(), format);
             }
             nWords = std::max(nWords, _segyheader.headerIndex(name) + _segyheader.headerLength(name));
         }
@@ -110,10 +109,9 @@ bool SegyLoader::openFiles()
 void SegyLoader::reportComma(const QString& name)
 {
     if (!_parm.files.contains(",") || !QFileInfo::exists(_parm.files)) return;
-    _report->box(
-        "SEGY Load Error",
-        formatted("A file name with a comma can't be in the list of files. \"%s\" is only a part of:\n%s",
-                  name.toStdString().c_str(), _parm.files.toStdString().c_str()));
+    _report->box("SEGY Load Error",
+                 formatted("A file name with a comma can't be in the list of files. \"%s\" is only a part of:\n%s",
+                           name.toStdString().c_str(), _parm.files.toStdString().c_str()));
 }
 
 /// Merges the reel's values with the user's: both the loader's and the reel's are then the ones in force.
@@ -123,13 +121,11 @@ bool SegyLoader::takeReelValues()
     // What an earlier file's reel gave is not carried over; what the user gave is.
     _nsamp = _parm.nsamp < 1 ? _segydata->numSamples() : _parm.nsamp;
     if (_nsamp < 1) {
-        _report->line(
-            formatted("\n\nSEGYLOADER: Error, number of samples is less than zero. value=%d\n\n", _nsamp));
+        _report->line(formatted("\n\nSEGYLOADER: Error, number of samples is less than zero. value=%d\n\n", _nsamp));
         return false;
     }
     if (_nsamp > mostSamples) {
-        _report->line(
-            formatted("\n\nSEGYLOADER: Error, number of samples is too large. value=%d\n\n", _nsamp));
+        _report->line(formatted("\n\nSEGYLOADER: Error, number of samples is too large. value=%d\n\n", _nsamp));
         return false;
     }
     _segydata->setNumSamples(_nsamp);
@@ -140,8 +136,7 @@ bool SegyLoader::takeReelValues()
         reel.nsr = int16_t(std::clamp(double(_parm.srate) * 1000.0, double(INT16_MIN), double(INT16_MAX)));
     _srate = _parm.srate > 0.0f ? _parm.srate : float(reel.nsr) / 1000.0f;
     if (reel.nsr <= 0) {
-        _report->line(
-            formatted("\n\nSEGYLOADER: Error, sample rate is less than zero. value=%d\n\n", reel.nsr));
+        _report->line(formatted("\n\nSEGYLOADER: Error, sample rate is less than zero. value=%d\n\n", reel.nsr));
         return false;
     }
     _isort = SortCode(_parm.isort);

@@ -202,8 +202,9 @@ private:
     std::vector<int> _itempTrc;  // one raw trace
     int _numtraces = 0;
     int64_t _curTrace = 0;
-    int64_t _firstTrace = 0;    // _curTrace before the ensemble on screen
-    uint64_t _firstOffset = 0;  // of the first trace of the ensemble on screen, which stays there at the end of the data
+    int64_t _firstTrace = 0;  // _curTrace before the ensemble on screen
+    uint64_t _firstOffset =
+        0;  // of the first trace of the ensemble on screen, which stays there at the end of the data
     bool _hasEnsemble = false;
     SegyAssumptions _assumptions;
 

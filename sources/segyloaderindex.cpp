@@ -282,8 +282,7 @@ int SegyLoader::rawWord(KeyNumber key) const
 
 SegyLoader::Place SegyLoader::place() const
 {
-    return {_priCurKey, _priCurValue, _segydata->getPos(), _firstOffset, _curTrace, _firstTrace,
-            _hasEnsemble};
+    return {_priCurKey, _priCurValue, _segydata->getPos(), _firstOffset, _curTrace, _firstTrace, _hasEnsemble};
 }
 
 void SegyLoader::setPlace(const Place& place)

@@ -160,7 +160,8 @@ static RankedKey rankedKey(const segyMapItem* items, int i, MapSlot segymapkey1,
 }
 
 /// The keys in file order, from which a stable sort begins.
-static std::vector<RankedKey> keysInFileOrder(const segyMapItem* items, int nItems, MapSlot segymapkey1, MapSlot segymapkey2)
+static std::vector<RankedKey> keysInFileOrder(const segyMapItem* items, int nItems, MapSlot segymapkey1,
+                                              MapSlot segymapkey2)
 {
     std::vector<RankedKey> keys(static_cast<size_t>(nItems), RankedKey{0, 0, UINT32_MAX});
     const auto isFree = [&](uint32_t place) { return place < uint32_t(nItems) && keys[place].rank == UINT32_MAX; };

@@ -6,9 +6,9 @@
 
 /// In the order of the menu's choice.
 enum class SegyByteOrder {
-    OfType,       ///< the file type decides
-    HighestFirst, ///< big-endian
-    LowestFirst   ///< little-endian
+    OfType,        ///< the file type decides
+    HighestFirst,  ///< big-endian
+    LowestFirst    ///< little-endian
 };
 
 /// The longest trace header that the standard has room for: 100 extensions.

@@ -46,9 +46,9 @@ struct segyTrace {
         muteEnd;
     int16_t nsampt;  ///< samples of this trace
     int16_t nsrt;    ///< sample interval in microseconds
-    int16_t gaint, gainc, gaini, correlated, sweepStart, sweepEnd, sweepLen, sweepType, sweepTaperStart,
-        sweepTaperEnd, sweepTaperType, aliasFilterFreq, aliasFilterSlop, notchFilterFreq, notchFilterSlop, lowCutFreq,
-        highCutFreq, lowCutSlop, highCutSlop, yearRecord, dayRecord, hourRecord, minRecord, secRecord, timeCode;
+    int16_t gaint, gainc, gaini, correlated, sweepStart, sweepEnd, sweepLen, sweepType, sweepTaperStart, sweepTaperEnd,
+        sweepTaperType, aliasFilterFreq, aliasFilterSlop, notchFilterFreq, notchFilterSlop, lowCutFreq, highCutFreq,
+        lowCutSlop, highCutSlop, yearRecord, dayRecord, hourRecord, minRecord, secRecord, timeCode;
     int16_t weightFactor;  ///< integer samples are divided by 2 to this power
     int16_t geoNumRoll, geoNumTrcFrst, geoNumTrcLast, gapSize, overTravel;
     int32_t unused[15];  ///< CDP x and y, inline, cross-line, then what differs from file to file

@@ -42,7 +42,8 @@ int putRemapRow(SegyRemapTable* table, const QString& word, const QString& forma
         const auto& cells = table->cells[size_t(row)];
         for (const QString& cell : cells)
             if (!cell.trimmed().isEmpty()) filled = row + 1;
-        const bool isSameWord = cells[SegyRemapTable::HeaderWord].trimmed().compare(word.trimmed(), Qt::CaseInsensitive) == 0;
+        const bool isSameWord =
+            cells[SegyRemapTable::HeaderWord].trimmed().compare(word.trimmed(), Qt::CaseInsensitive) == 0;
         if (isSameWord) target = row + 1;
     }
     if (target == 0) target = filled + 1;

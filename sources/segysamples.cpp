@@ -14,10 +14,10 @@ typedef int32_t AnyInt32 __attribute__((may_alias, aligned(1)));
 const std::vector<SegyLayoutSample>& segyLayoutSamples()
 {
     static const std::vector<SegyLayoutSample> list = {
-        {SegyReal8, "IEEE (8 byte)"},          {SegyInteger3, "Integer (3 byte)"},
-        {SegyInteger8, "Integer (8 byte)"},    {SegyUnsigned1, "Unsigned (1 byte)"},
-        {SegyUnsigned2, "Unsigned (2 byte)"},  {SegyUnsigned3, "Unsigned (3 byte)"},
-        {SegyUnsigned4, "Unsigned (4 byte)"},  {SegyUnsigned8, "Unsigned (8 byte)"}};
+        {SegyReal8, "IEEE (8 byte)"},         {SegyInteger3, "Integer (3 byte)"},
+        {SegyInteger8, "Integer (8 byte)"},   {SegyUnsigned1, "Unsigned (1 byte)"},
+        {SegyUnsigned2, "Unsigned (2 byte)"}, {SegyUnsigned3, "Unsigned (3 byte)"},
+        {SegyUnsigned4, "Unsigned (4 byte)"}, {SegyUnsigned8, "Unsigned (8 byte)"}};
     return list;
 }
 
@@ -109,8 +109,7 @@ void convertSegySamples(int format, int weightFactor, void* data, int count, std
     switch (format) {
     case SegyIbm: ibmToIeee(data, count); break;
     case SegyInteger4:
-        for (int i = 0; i < count; ++i)
-            static_cast<AnyFloat*>(data)[i] = float(static_cast<const AnyInt32*>(data)[i]);
+        for (int i = 0; i < count; ++i) static_cast<AnyFloat*>(data)[i] = float(static_cast<const AnyInt32*>(data)[i]);
         break;
     case SegyInteger2: convertNarrow<int16_t>(weightFactor, data, count, work); break;
     case SegyInteger1: convertNarrow<int8_t>(weightFactor, data, count, work); break;

@@ -28,7 +28,7 @@ enum SegyLayoutFormat {
 
 /// A format of those that the user alone can choose, as the menu names it.
 struct SegyLayoutSample {
-    int format; ///< a SegyLayoutFormat
+    int format;  ///< a SegyLayoutFormat
     const char* name;
 };
 const std::vector<SegyLayoutSample>& segyLayoutSamples();

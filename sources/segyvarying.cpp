@@ -102,8 +102,8 @@ static const struct {
 
 const char* segyBehaviourName(SegyBehaviour behaviour)
 {
-    static const char* const names[] = {"repeats by ensemble", "counts up", "looks like coordinates",
-                                        "varies", "constant"};
+    static const char* const names[] = {"repeats by ensemble", "counts up", "looks like coordinates", "varies",
+                                        "constant"};
     return names[int(behaviour)];
 }
 
@@ -138,12 +138,11 @@ std::vector<int64_t> sampledRanks(int64_t nTraces)
     return ranks;
 }
 
-int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks,
-                    const std::vector<int64_t>& offsets, SegyHeaderSample* sample, std::string* error)
+int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks, const std::vector<int64_t>& offsets,
+                    SegyHeaderSample* sample, std::string* error)
 {
-    const int64_t apart = offsets.size() > 1
-                              ? std::max<int64_t>(segyTraceHeaderBytes, offsets[1] - offsets[0])
-                              : segyTraceHeaderBytes;
+    const int64_t apart =
+        offsets.size() > 1 ? std::max<int64_t>(segyTraceHeaderBytes, offsets[1] - offsets[0]) : segyTraceHeaderBytes;
     SegyHeaderReader reader(source, apart);
     sample->headers.clear();
     sample->headers.reserve(ranks.size());
@@ -160,8 +159,7 @@ int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks,
     return 1;
 }
 
-int readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample,
-                    std::string* error)
+int readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample, std::string* error)
 {
     sample->isBigEndian = layout.isBigEndian;
     sample->nTraces = layout.nTraces;
@@ -195,10 +193,10 @@ namespace {
 /// Steps of a word between neighbours.
 struct Steps {
     int64_t n = 0, nZero = 0;
-    int64_t usual = 0; // the commonest step that is not 0
+    int64_t usual = 0;  // the commonest step that is not 0
     int64_t nUsual = 0;
-    int64_t nRestarts = 0; // steps against the usual direction
-    double mean = 0.0;     // size of the steps that are not 0
+    int64_t nRestarts = 0;  // steps against the usual direction
+    double mean = 0.0;      // size of the steps that are not 0
 };
 
 Steps stepsOf(const SegyHeaderSample& sample, const std::vector<int32_t>& values)
@@ -293,8 +291,10 @@ void classify(Candidate* candidate, bool hasPartner)
         word.behaviour = SegyBehaviour::Coordinates;
         word.share = isLikeCoordinate(*candidate) ? 1.0 : 0.5;
         word.evidence = "steps of " + average(steps.mean);
-        if (candidate->run >= 1.5) word.evidence = average(candidate->run) + " traces each, " + word.evidence;
-        else if (!isGiven) word.evidence += ", like its neighbour";
+        if (candidate->run >= 1.5)
+            word.evidence = average(candidate->run) + " traces each, " + word.evidence;
+        else if (!isGiven)
+            word.evidence += ", like its neighbour";
     } else if (steps.nZero > 0 && candidate->run >= 1.5) {
         word.behaviour = SegyBehaviour::RepeatsByEnsemble;
         word.share = double(steps.nZero) / nSteps;
@@ -356,7 +356,7 @@ void keepHalvesBehind(bool isBigEndian, std::vector<SegyVaryingWord>* ranking)
     }
 }
 
-} // namespace
+}  // namespace
 
 std::vector<SegyVaryingWord> rankSegyWords(const SegyHeaderSample& sample)
 {
@@ -365,10 +365,9 @@ std::vector<SegyVaryingWord> rankSegyWords(const SegyHeaderSample& sample)
     std::vector<Candidate> candidates;
     for (int byte = 0; byte < segyTraceHeaderBytes; byte += 4) addCandidates(sample, byte, &candidates);
     for (Candidate& candidate : candidates) {
-        const bool hasPartner =
-            std::any_of(candidates.begin(), candidates.end(), [&](const Candidate& other) {
-                return std::abs(other.word.byte - candidate.word.byte) == 4 && isLikeCoordinate(other);
-            });
+        const bool hasPartner = std::any_of(candidates.begin(), candidates.end(), [&](const Candidate& other) {
+            return std::abs(other.word.byte - candidate.word.byte) == 4 && isLikeCoordinate(other);
+        });
         classify(&candidate, hasPartner);
         ranking.push_back(candidate.word);
     }

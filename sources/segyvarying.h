@@ -8,7 +8,7 @@
 struct SegyHeaderSample {
     std::vector<SegyRawHeader> headers;
     bool isBigEndian = true;
-    int64_t nTraces = 0; ///< of the file
+    int64_t nTraces = 0;  ///< of the file
 
     size_t count() const { return headers.size(); }
     bool isWhole() const { return int64_t(headers.size()) == nTraces; }
@@ -27,11 +27,10 @@ constexpr int64_t mostSampledHeaders = 4096;
 std::vector<int64_t> sampledRanks(int64_t nTraces);
 /// Reads headers that stand at the given ranks and offsets. What the file has not is left out.
 /// Returns 1; 0 with *error when reading failed.
-int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks,
-                    const std::vector<int64_t>& offsets, SegyHeaderSample* sample, std::string* error);
+int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks, const std::vector<int64_t>& offsets,
+                    SegyHeaderSample* sample, std::string* error);
 /// The same where a layout says.
-int readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample,
-                    std::string* error);
+int readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample, std::string* error);
 
 /// In the order of the ranking.
 enum class SegyBehaviour { RepeatsByEnsemble, CountsUp, Coordinates, Varies, Constant };
@@ -39,14 +38,14 @@ const char* segyBehaviourName(SegyBehaviour behaviour);
 
 /// A word of the trace header and how it behaves.
 struct SegyVaryingWord {
-    int byte = 0;  ///< from 1
-    int width = 4; ///< bytes
+    int byte = 0;   ///< from 1
+    int width = 4;  ///< bytes
     SegyBehaviour behaviour = SegyBehaviour::Constant;
-    std::string evidence; ///< steps and lengths of runs are averages
+    std::string evidence;  ///< steps and lengths of runs are averages
     int32_t first = 0, least = 0, most = 0;
     int64_t nDistinct = 0;
-    double share = 1.0;     ///< 0 to 1: the part of the steps that behave so
-    const char* field = ""; ///< the standard's name of these bytes, empty if it has none
+    double share = 1.0;      ///< 0 to 1: the part of the steps that behave so
+    const char* field = "";  ///< the standard's name of these bytes, empty if it has none
 };
 
 /// All words that are not 0 in every header, classified and ranked: by behaviour, by share, by byte. Where 4

@@ -32,7 +32,8 @@ public:
         if (!_isMounted) return limit(4);
         QFile filler(path("filler"));
         if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return;
-        while (filler.write("x", 1) == 1) {}
+        while (filler.write("x", 1) == 1) {
+        }
     }
     void empty()
     {

@@ -5,8 +5,7 @@ void HeaderTable::clear()
     *this = HeaderTable();
 }
 
-void HeaderTable::append(const QString& name, const QString& desc, int index, int format, int exists,
-                         int length)
+void HeaderTable::append(const QString& name, const QString& desc, int index, int format, int exists, int length)
 {
     _headerName.append(name);
     _headerDesc.append(desc);

@@ -9,7 +9,7 @@
 /// Entry i of each list belongs to header word i. Owned by the window, lent to its header views, which
 /// only read it; a window changes it on the main thread when no index is being built.
 struct HeaderTable : public HeaderWords {
-    bool _headerSaved = false;  ///< the lists are valid and take precedence over the host's
+    bool _headerSaved = false;   ///< the lists are valid and take precedence over the host's
     QList<QString> _headerName;  ///< padded with blanks to eight characters
     QList<QString> _headerDesc;
     QList<int> _headerIndex;

@@ -19,8 +19,10 @@ static std::string textOf(const ParmValue& value)
     const auto end = std::visit(
         [&](auto v) {
             using T = decltype(v);
-            if constexpr (std::is_same_v<T, float>) return std::to_chars(text, text + sizeof text, v);
-            else return std::to_chars(text, text + sizeof text, int(v));
+            if constexpr (std::is_same_v<T, float>)
+                return std::to_chars(text, text + sizeof text, v);
+            else
+                return std::to_chars(text, text + sizeof text, int(v));
         },
         value);
     return std::string(text, end.ptr);
@@ -49,7 +51,8 @@ static bool readSwitch(std::string_view text, ParmValue* value)
     return false;
 }
 
-template <class Number> static bool readNumber(std::string_view text, ParmValue* value)
+template <class Number>
+static bool readNumber(std::string_view text, ParmValue* value)
 {
     Number number = 0;
     const auto end = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -68,7 +71,8 @@ bool ParmRule::read(std::string_view text, ParmValue* value) const
     const std::string_view unitText = unit;
     if (!unitText.empty() && text.size() > unitText.size() && text.substr(text.size() - unitText.size()) == unitText)
         text = trimmed(text.substr(0, text.size() - unitText.size()));
-    const bool isRead = std::holds_alternative<float>(taken) ? readNumber<float>(text, &taken) : readNumber<int>(text, &taken);
+    const bool isRead =
+        std::holds_alternative<float>(taken) ? readNumber<float>(text, &taken) : readNumber<int>(text, &taken);
     if (!isRead || !admits(taken)) return false;
     *value = taken;
     return true;

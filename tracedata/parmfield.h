@@ -28,8 +28,8 @@ struct ParmRule {
     const char* key = "";   ///< in settings and presets; unique in its table
     const char* unit = "";  ///< as it stands behind a printed number
     double least = 0.0, most = 1.0;
-    unsigned uses = 0;                       ///< of ParmUse
-    bool isWhole = false;                    ///< kept and read as a whole number
+    unsigned uses = 0;                      ///< of ParmUse
+    bool isWhole = false;                   ///< kept and read as a whole number
     std::vector<const char*> choices = {};  ///< names of the values from 0 on
 
     /// False for what isn't finite, lies outside the range, or has a fraction and may not.
@@ -43,7 +43,8 @@ struct ParmRule {
 
 /// One field of a record. Whoever keeps, copies, shows or tests the record walks a table of these, so that another
 /// field is another row.
-template <class Record> struct ParmField {
+template <class Record>
+struct ParmField {
     using Member = std::variant<bool Record::*, int Record::*, float Record::*, DisplayType Record::*,
                                 PlotDirection Record::*, Normalize Record::*>;
     Member member;
@@ -73,13 +74,18 @@ template <class Record> struct ParmField {
     }
 
 private:
-    template <class T> ParmValue toValue(T from) const
+    template <class T>
+    ParmValue toValue(T from) const
     {
-        if constexpr (std::is_same_v<T, bool>) return from;
-        else if constexpr (std::is_same_v<T, float>) return rule.isWhole ? ParmValue(int(std::lround(from))) : ParmValue(from);
-        else return int(from);
+        if constexpr (std::is_same_v<T, bool>)
+            return from;
+        else if constexpr (std::is_same_v<T, float>)
+            return rule.isWhole ? ParmValue(int(std::lround(from))) : ParmValue(from);
+        else
+            return int(from);
     }
-    template <class T> static void assign(const ParmValue& value, T* to)
+    template <class T>
+    static void assign(const ParmValue& value, T* to)
     {
         *to = std::visit([](auto v) { return T(v); }, value);
     }

@@ -10,24 +10,24 @@ using orvinRuntimeStruct = GlobalRuntime;
 /// Every parameter of the display. One record, made at the start of the process, lent by pointer to
 /// every window and never copied but for a new display. Starts all zero.
 struct parmmenu {
-    int idisplay;       ///< a DisplayType
-    int iscreens;       ///< displays side by side, one ensemble each
-    int dotrevia;       ///< 0 SEG-Y file, 1 flow tool, 2 dataset
-    int dostore;        ///< images are stored
-    int docollect;      ///< a collection of images is running
-    int icollect;       ///< number of images to collect
-    float tpi;          ///< traces per inch; 0 is automatic
-    float ips;          ///< inches per second; 0 is automatic
-    float clip;         ///< excursion limit in trace widths
-    float bias;         ///< of the wiggle zero line
-    int ipkey;          ///< header word of the primary annotation key, counted from 1
-    int ipkeyreal;      ///< primary key of the data, counted from 1
-    int iskey;          ///< header word of the secondary annotation key, counted from 1
-    int iskeyreal;      ///< secondary key of the data, counted from 1
-    int iskeymod;       ///< annotation modulus of the secondary key labels
-    int iskeyinc;       ///< annotation increment of the secondary key labels
-    int igain;          ///< gain in dB
-    int irange;         ///< 0: minrange and maxrange are used
+    int idisplay;   ///< a DisplayType
+    int iscreens;   ///< displays side by side, one ensemble each
+    int dotrevia;   ///< 0 SEG-Y file, 1 flow tool, 2 dataset
+    int dostore;    ///< images are stored
+    int docollect;  ///< a collection of images is running
+    int icollect;   ///< number of images to collect
+    float tpi;      ///< traces per inch; 0 is automatic
+    float ips;      ///< inches per second; 0 is automatic
+    float clip;     ///< excursion limit in trace widths
+    float bias;     ///< of the wiggle zero line
+    int ipkey;      ///< header word of the primary annotation key, counted from 1
+    int ipkeyreal;  ///< primary key of the data, counted from 1
+    int iskey;      ///< header word of the secondary annotation key, counted from 1
+    int iskeyreal;  ///< secondary key of the data, counted from 1
+    int iskeymod;   ///< annotation modulus of the secondary key labels
+    int iskeyinc;   ///< annotation increment of the secondary key labels
+    int igain;      ///< gain in dB
+    int irange;     ///< 0: minrange and maxrange are used
     float minrange;
     float maxrange;
     int nens;           ///< ensembles gathered per hand-over to the display

@@ -15,7 +15,7 @@ struct ConditionParm {
     float phaseAngle = 0.0f;  ///< degrees, kept also for a rotation that is off
     bool isFilter = false;
     int lowCut = 4, lowPass = 12, highPass = 50, highCut = 60;  ///< Hz, rising
-    bool isTimeFilter = false;  ///< the band-pass works in the time domain
+    bool isTimeFilter = false;                                  ///< the band-pass works in the time domain
 
     bool operator==(const ConditionParm&) const = default;
 };
@@ -30,10 +30,10 @@ struct LookParm {
     float bias = 0.0f;  ///< in units of the samples
     bool applyBias = false;
     bool antialias = false;
-    bool autoRange = true;                   ///< the range follows the amplitudes
+    bool autoRange = true;                     ///< the range follows the amplitudes
     float rangeMin = 0.0f, rangeMax = 255.0f;  ///< amplitudes of the colours
-    bool autoTraceSpacing = true;  ///< all traces fill the width
-    float traceSpacing = 5.0f;     ///< traces an inch
+    bool autoTraceSpacing = true;              ///< all traces fill the width
+    float traceSpacing = 5.0f;                 ///< traces an inch
     bool autoSampleSpacing = true;
     float sampleSpacing = 1.0f;  ///< samples an inch
     int bulkshift = 0;           ///< samples, positive moves traces to later times
@@ -43,7 +43,8 @@ struct LookParm {
 };
 
 /// All of it. A value lives in the plot; whoever shows or keeps it asks the plot.
-struct PlotParm : ConditionParm, LookParm {};
+struct PlotParm : ConditionParm, LookParm {
+};
 
 /// One row a field. Presets, overlay, session, dialogs and the menu record walk it.
 const std::vector<ParmField<PlotParm>>& plotParmFields();

@@ -27,8 +27,7 @@ void SeismicData::loadAllTraces(float** traces, int** headers, int nsamples, int
     _nStore = 0;
     _nTraces = ncount;
     _nSamples = nsamples;
-    for (int i = 0; i < ncount; ++i)
-        _traceheaders.append(new SeismicHeader(headers[i], _nHeaderWords, _headerWords));
+    for (int i = 0; i < ncount; ++i) _traceheaders.append(new SeismicHeader(headers[i], _nHeaderWords, _headerWords));
 }
 
 void SeismicData::growTo(int nTraces)

@@ -30,10 +30,7 @@ public:
 
     /// Address of a sample. No range test.
     float* getTraceValues(int traceNum, int sampleStart) { return _traceData[traceNum] + sampleStart; }
-    const float* getTraceValues(int traceNum, int sampleStart) const
-    {
-        return _traceData[traceNum] + sampleStart;
-    }
+    const float* getTraceValues(int traceNum, int sampleStart) const { return _traceData[traceNum] + sampleStart; }
     /// Copies length samples into a trace, unless they would pass its end.
     void setTraceValues(const float* trace, int traceNum, int sampleStart, int length);
     SeismicHeader* getTraceHeader(int index) const { return _traceheaders[index]; }

@@ -145,6 +145,7 @@ int SeismicHeader::headerAdd(const QString& name, const QString& description, in
 int SeismicHeader::headerAdd(const QString& name, const QString& description, int length, int type)
 {
     const QByteArray text = name.toLatin1(), words = description.toLatin1();
-    if (getTreviaVersion() != 0) return hdr_add_(getTreviaVersion(), text.constData(), words.constData(), _nHeaderWords + 1, 1, type);
+    if (getTreviaVersion() != 0)
+        return hdr_add_(getTreviaVersion(), text.constData(), words.constData(), _nHeaderWords + 1, 1, type);
     return stHdrAdd(text.constData(), words.constData(), length, type);
 }

@@ -71,8 +71,8 @@ public:
     int* headers() const { return _header; }
 
 protected:
-    int* _header;     // lent
-    int* _rheader;    // the words read as floats: the address given to the constructor
+    int* _header;   // lent
+    int* _rheader;  // the words read as floats: the address given to the constructor
     std::string _cname;
     std::string _cdesc;
     int _nHeaderWords;

@@ -28,7 +28,13 @@ using SortCode = WordNumber<WordNumbering::SortCode, 0>;
 /// Number of a 32-bit word of a SEG-Y trace header, from 1, by which sorts name their keys; -1 for none.
 using KeyNumber = WordNumber<WordNumbering::Key, -1>;
 
-constexpr WordFrom0 from0(WordFrom1 word) { return WordFrom0(word.value - 1); }
-constexpr WordFrom1 from1(WordFrom0 word) { return WordFrom1(word.value + 1); }
+constexpr WordFrom0 from0(WordFrom1 word)
+{
+    return WordFrom0(word.value - 1);
+}
+constexpr WordFrom1 from1(WordFrom0 word)
+{
+    return WordFrom1(word.value + 1);
+}
 
 #endif

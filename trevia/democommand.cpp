@@ -89,7 +89,8 @@ static std::string parameterText(const DemoWish& wish)
 {
     return "Demo survey\n"
            "===========\n"
-           "Made by: trevia demo --noise " + decimal(wish.noiseDeviation) + " --shots " + std::to_string(wish.nShots) +
+           "Made by: trevia demo --noise " +
+           decimal(wish.noiseDeviation) + " --shots " + std::to_string(wish.nShots) +
            (wish.withFaults ? "" : " --no-faults") +
            "\n"
            "Everything is synthetic. x runs along the line, y to its right; metres, m/s, seconds unless told.\n"
@@ -115,29 +116,34 @@ static std::string parameterText(const DemoWish& wish)
            "reflections    Ricker 30 Hz at w(s) + w(r) + sqrt(t0^2 + o^2/V^2), q = (m - 2700)/1000;\n"
            "               t0 0.350 + 0.004 q, 0.560 - 0.008 q, 0.800 + 0.012 q, 1.050, 1.350 + 0.020 q\n"
            "               - 0.03 exp(-(m - 2700)^2/500^2), 1.650 - 0.015 q;\n"
-           "               V (2050, 2250, 2500, 2750, 3050, 3350)(1 + 0.01 q); amplitudes 0.25, -0.2, 0.3, -0.25, 0.3,\n"
+           "               V (2050, 2250, 2500, 2750, 3050, 3350)(1 + 0.01 q); amplitudes 0.25, -0.2, 0.3, -0.25, "
+           "0.3,\n"
            "               0.2; a multiple of the second: 2 t0, the same V, 0.12\n"
            "static         w = h (1/v0 - 1/v1) + (z - 400)/v1\n"
            "ground roll    from g1 = o/450 to g2 = max(o/250, g1 + 0.1): 3/sqrt(1 + o/50) sin^2(pi u)\n"
            "               sin(2 pi (6 + 5 u)(t - g1)), u = (t - g1)/(g2 - g1)\n"
            "air wave       Ricker 90 Hz at o/340, 1/(1 + o/300)\n"
-           "noise          standard deviation " + decimal(wish.noiseDeviation) + "; xorshift64 (13, 7, 17), seed " +
-           std::to_string(DemoNoise::seed) +
+           "noise          standard deviation " +
+           decimal(wish.noiseDeviation) + "; xorshift64 (13, 7, 17), seed " + std::to_string(DemoNoise::seed) +
            ", u = (x >> 11)/2^53,\n"
            "               sum of 12 u - 6, trace by trace in file order, also for dead traces; each file anew\n"
            "faults         " +
-           (wish.withFaults ? "stations 220-223 noise times 6; station 157 zeros and trace id 2 from FFID 1021 on; station 203\n"
-                              "               zeros; station 180 reversed; FFID 1034 all reversed (so that station 180 stands\n"
-                              "               right there); FFID 1042 16 ms late; FFID 1025 channel 77 a spike of 1e4 at sample\n"
-                              "               400; FFID 1050 channel 5 samples 500-502 NaN\n"
-                            : "none\n") +
+           (wish.withFaults
+                ? "stations 220-223 noise times 6; station 157 zeros and trace id 2 from FFID 1021 on; station 203\n"
+                  "               zeros; station 180 reversed; FFID 1034 all reversed (so that station 180 stands\n"
+                  "               right there); FFID 1042 16 ms late; FFID 1025 channel 77 a spike of 1e4 at sample\n"
+                  "               400; FFID 1050 channel 5 samples 500-502 NaN\n"
+                : "none\n") +
            "demo_cdp       by CDP, then by |offset|; w = 0, ground roll and air wave times 0.05, no faults\n"
            "demo_cvs       demo_cdp with noise, moved out and stacked at 1800..3600 step 100, stretch mute 50 %, mean\n"
            "demo_eta       CDP 1225, offsets 50..3000 step 50; t0 0.7, 1.1, 1.6; V 2200, 2500, 2900; eta 0.05, 0.10,\n"
-           "               0.08; amplitudes 0.3, -0.25, 0.3; T^2 = t0^2 + x^2/V^2 - 2 eta x^4/(V^2 (t0^2 V^2 + (1 + 2 eta) x^2))\n"
-           "demo_3d        in-lines 1-10 48 m apart, cross-lines 1-40 from x = 2220 step 24; the reflections with q + 2 y/1000\n"
+           "               0.08; amplitudes 0.3, -0.25, 0.3; T^2 = t0^2 + x^2/V^2 - 2 eta x^4/(V^2 (t0^2 V^2 + (1 + 2 "
+           "eta) x^2))\n"
+           "demo_3d        in-lines 1-10 48 m apart, cross-lines 1-40 from x = 2220 step 24; the reflections with q + "
+           "2 y/1000\n"
            "               in place of q for t0, the anticline round about (2700, 0); offset 0\n"
-           "truth          first breaks as the file shows them: late where the record is late, trough and peak exchanged\n"
+           "truth          first breaks as the file shows them: late where the record is late, trough and peak "
+           "exchanged\n"
            "               where it is reversed, none for zero traces\n"
            "SPS            line 1, whole points; even shot points have two relation records\n";
 }

@@ -7,8 +7,8 @@
 #include <vector>
 
 constexpr double pi = std::numbers::pi;
-constexpr double firstLength = 0.5;    // seconds; exp(-30) of the wavelet is left then
-constexpr double rickerReach = 6.0;    // pi f t; exp(-36) is left there
+constexpr double firstLength = 0.5;  // seconds; exp(-30) of the wavelet is left then
+constexpr double rickerReach = 6.0;  // pi f t; exp(-36) is left there
 constexpr double reflectionHz = 30.0, airHz = 90.0;
 constexpr double noisyFactor = 6.0;
 constexpr int spikeSample = 400, firstNanSample = 500, nanSamples = 3;
@@ -45,7 +45,8 @@ static void addFirstArrivals(const DemoTrace& trace, int n, double* samples)
 {
     const double o = std::fabs(trace.offset);
     const DemoArrivals arrivals = demoArrivals(trace.source.x, trace.receiver.x, o);
-    const double later[3] = {1.0 / (1.0 + o / 60.0), 0.6 / (1.0 + o / 200.0), o > 300.0 ? 0.4 / (1.0 + o / 200.0) : 0.0};
+    const double later[3] = {1.0 / (1.0 + o / 60.0), 0.6 / (1.0 + o / 200.0),
+                             o > 300.0 ? 0.4 / (1.0 + o / 200.0) : 0.0};
     for (int branch = 0; branch < 3; ++branch) {
         const double onset = arrivals.time[branch];
         const double amplitude = branch == arrivals.first ? 2.0 / (1.0 + o / 200.0) : later[branch];

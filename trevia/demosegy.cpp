@@ -149,11 +149,25 @@ std::vector<uint8_t> demoReel(const DemoFile& file)
         int offset, width;
         int64_t value;
     } words[] = {
-        {3200, 4, 1},        {3204, 4, 1},        {3208, 4, 1},           {3212, 2, ensemble},
-        {3216, 2, interval}, {3218, 2, interval}, {3220, 2, file.nSamples}, {3222, 2, file.nSamples},
-        {3224, 2, 5},        {3226, 2, fold}, {3228, 2, file.sort}, {3230, 2, 1},
-        {3248, 2, 1},        {3250, 2, 1},        {3252, 2, 1},           {3254, 2, 1},
-        {3256, 2, 1},        {3500, 2, 0x0100},   {3502, 2, 1},
+        {3200, 4, 1},
+        {3204, 4, 1},
+        {3208, 4, 1},
+        {3212, 2, ensemble},
+        {3216, 2, interval},
+        {3218, 2, interval},
+        {3220, 2, file.nSamples},
+        {3222, 2, file.nSamples},
+        {3224, 2, 5},
+        {3226, 2, fold},
+        {3228, 2, file.sort},
+        {3230, 2, 1},
+        {3248, 2, 1},
+        {3250, 2, 1},
+        {3252, 2, 1},
+        {3254, 2, 1},
+        {3256, 2, 1},
+        {3500, 2, 0x0100},
+        {3502, 2, 1},
     };
     for (const auto& w : words) putInteger(bytes.data(), w.offset, w.width, w.value);
     return bytes;

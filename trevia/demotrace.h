@@ -26,10 +26,10 @@ struct DemoTrace {
     int fold = 1;           ///< traces summed into this one
     int panelVelocity = 0;  ///< m/s, of a constant-velocity stack
     DemoPlace source = {}, receiver = {}, bin = {};
-    double offset = 0.0;    ///< signed, exact
-    double midpoint = 0.0;  ///< along the line, exact
-    bool hasStatics = true; ///< weathering and elevation delay the reflections
-    int faults = 0;         ///< DemoFaults
+    double offset = 0.0;     ///< signed, exact
+    double midpoint = 0.0;   ///< along the line, exact
+    bool hasStatics = true;  ///< weathering and elevation delay the reflections
+    int faults = 0;          ///< DemoFaults
 };
 
 /// The trace of a channel, 1 to DemoLine::channelCount, of a shot.

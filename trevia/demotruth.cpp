@@ -67,7 +67,8 @@ std::string reflectionText(const std::vector<DemoTrace>& traces)
 
 static void addStatic(std::string* text, char kind, int point, double x)
 {
-    addLine(text, "%c %d %.3f %.3f %.3f %.3f", kind, point, x, demoElevation(x), demoWeathering(x), 1e3 * demoStatic(x));
+    addLine(text, "%c %d %.3f %.3f %.3f %.3f", kind, point, x, demoElevation(x), demoWeathering(x),
+            1e3 * demoStatic(x));
 }
 
 std::string staticText(int nShots)

@@ -62,8 +62,8 @@ static void printGuess(const std::string& file, const SegyGuess& guess)
 
 static void printHeaders(const std::string& file, const SegyGuess& guess)
 {
-    std::printf("%s\n%lld of %lld trace headers\n\n", file.c_str(),
-                static_cast<long long>(guess.sample.count()), static_cast<long long>(guess.sample.nTraces));
+    std::printf("%s\n%lld of %lld trace headers\n\n", file.c_str(), static_cast<long long>(guess.sample.count()),
+                static_cast<long long>(guess.sample.nTraces));
     std::printf("Byte Width  Behaviour              %11s %11s %11s %8s  %-24s %s\n", "First", "Least", "Most",
                 "Distinct", "Standard field", "Evidence");
     for (const SegyVaryingWord& word : rankSegyWords(guess.sample))

@@ -12,8 +12,10 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name)
     if (image.isNull()) return QTextBrowser::loadResource(type, name);
     const qreal ratio = devicePixelRatioF();
     const int most = qRound(widestPicture * ratio);
-    if (image.width() > most) image = image.scaledToWidth(most, Qt::SmoothTransformation);
-    else if (ratio != 1.0) image = image.scaledToWidth(qRound(image.width() * ratio), Qt::SmoothTransformation);
+    if (image.width() > most)
+        image = image.scaledToWidth(most, Qt::SmoothTransformation);
+    else if (ratio != 1.0)
+        image = image.scaledToWidth(qRound(image.width() * ratio), Qt::SmoothTransformation);
     image.setDevicePixelRatio(ratio);
     return image;
 }

@@ -57,7 +57,8 @@ static QMargins frameOf(const QWidget* window)
 void fitInto(QWidget* window, const QRect& screen)
 {
     // Of a first size that nobody has given Qt takes two thirds of the screen at most.
-    if (!window->testAttribute(Qt::WA_Resized)) window->resize(window->sizeHint().expandedTo(window->minimumSizeHint()));
+    if (!window->testAttribute(Qt::WA_Resized))
+        window->resize(window->sizeHint().expandedTo(window->minimumSizeHint()));
     const QMargins frame = frameOf(window);
     const QSize outer(frame.left() + frame.right(), frame.top() + frame.bottom());
     const QRect place = clampedPlace(QRect(window->pos(), window->size() + outer), {screen});

@@ -24,8 +24,8 @@ void hdr_release_(int handle)
     lists.erase(handle);
 }
 
-void hdr_naminfo__(int handle, const char* name, std::string* description, int* length, int* format,
-                   int* position, int* status)
+void hdr_naminfo__(int handle, const char* name, std::string* description, int* length, int* format, int* position,
+                   int* status)
 {
     const HeaderList* list = listOf(handle);
     const HeaderWord* word = list ? list->find(name) : nullptr;
@@ -37,8 +37,8 @@ void hdr_naminfo__(int handle, const char* name, std::string* description, int* 
     *position = word->position + 1;
 }
 
-void hdr_indinfo_(int handle, int position, std::string* name, std::string* description, int* length,
-                  int* format, int* status)
+void hdr_indinfo_(int handle, int position, std::string* name, std::string* description, int* length, int* format,
+                  int* status)
 {
     const HeaderList* list = listOf(handle);
     const HeaderWord* word = list ? list->at(position - 1) : nullptr;

@@ -10,12 +10,12 @@ int hdr_setup_();
 void hdr_release_(int handle);
 /// What the list says of a name (compared without trailing blanks). *status is 0 when the word
 /// exists, else 1 and the other targets stay. *position counts from 1, *length in 4-byte cells.
-void hdr_naminfo__(int handle, const char* name, std::string* description, int* length, int* format,
-                   int* position, int* status);
+void hdr_naminfo__(int handle, const char* name, std::string* description, int* length, int* format, int* position,
+                   int* status);
 /// What the list says of the word that begins at a position. *name is padded to eight characters.
 /// *status is 0 when a word begins there, else 1 and the other targets stay.
-void hdr_indinfo_(int handle, int position, std::string* name, std::string* description, int* length,
-                  int* format, int* status);
+void hdr_indinfo_(int handle, int position, std::string* name, std::string* description, int* length, int* format,
+                  int* status);
 /// Adds a standard word behind the others. Returns 0, or 1 for an unknown handle or name; a word that
 /// exists stays.
 int hdr_std_add_(int handle, const char* name);

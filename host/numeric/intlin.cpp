@@ -44,8 +44,7 @@ void intlin(int n, const float* x, const float* y, int m, const float* xout, flo
             continue;
         }
         const double below = counted(y[place.node]);
-        yout[i] = float(place.part == 0.0 ? below
-                                          : below + place.part * (counted(y[place.node + 1]) - below));
+        yout[i] = float(place.part == 0.0 ? below : below + place.part * (counted(y[place.node + 1]) - below));
     }
 }
 

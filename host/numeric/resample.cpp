@@ -73,16 +73,15 @@ static inline MERIDUNE_KERNEL void sumBlock(const Input& in, const float (*table
             // Transposed, so that the last two additions serve four outputs at once.
             const Four ab02 = __builtin_shufflevector(a, b, 0, 4, 1, 5) + __builtin_shufflevector(a, b, 2, 6, 3, 7);
             const Four cd02 = __builtin_shufflevector(c, d, 0, 4, 1, 5) + __builtin_shufflevector(c, d, 2, 6, 3, 7);
-            const Four sum = __builtin_shufflevector(ab02, cd02, 0, 1, 4, 5) +
-                             __builtin_shufflevector(ab02, cd02, 2, 3, 6, 7);
+            const Four sum =
+                __builtin_shufflevector(ab02, cd02, 0, 1, 4, 5) + __builtin_shufflevector(ab02, cd02, 2, 3, 6, 7);
             const FourInt finite = (sum - sum) == Four{};
             if (_mm_movemask_ps(reinterpret_cast<__m128>(finite)) == 15) {
                 *reinterpret_cast<AnyFour*>(yout + i) = sum;
                 continue;
             }
         }
-        for (int k = i; k < i + 4; ++k)
-            yout[k] = edgeSum(in.nin, in.yin, in.yinl, in.yinr, first[k], table[row[k]]);
+        for (int k = i; k < i + 4; ++k) yout[k] = edgeSum(in.nin, in.yin, in.yinl, in.yinr, first[k], table[row[k]]);
     }
     for (; i < n; ++i) yout[i] = edgeSum(in.nin, in.yin, in.yinl, in.yinr, first[i], table[row[i]]);
 }
@@ -156,8 +155,8 @@ void ress8r(int nin, float dxin, float fxin, const float* yin, float yinl, float
     (cpuVariant() == CpuVariant::V3 ? uniformV3 : uniformPlain)(in, start, step, nout, yout);
 }
 
-void ints8r(int nin, float dxin, float fxin, const float* yin, float yinl, float yinr, int nout,
-            const float* xout, float* yout)
+void ints8r(int nin, float dxin, float fxin, const float* yin, float yinl, float yinr, int nout, const float* xout,
+            float* yout)
 {
     const Input in = inputBeside(nin, yin, yinl, yinr, nout, yout);
     (cpuVariant() == CpuVariant::V3 ? listV3 : listPlain)(in, dxin, fxin, nout, xout, yout);

@@ -23,7 +23,7 @@ void ress8r(int nin, float dxin, float fxin, const float* yin, float yinl, float
             float fxout, float* yout);
 
 /// The same for nout positions in any order, xout (lent, only read). yout may be yin or xout.
-void ints8r(int nin, float dxin, float fxin, const float* yin, float yinl, float yinr, int nout,
-            const float* xout, float* yout);
+void ints8r(int nin, float dxin, float fxin, const float* yin, float yinl, float yinr, int nout, const float* xout,
+            float* yout);
 
 #endif

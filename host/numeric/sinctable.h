@@ -4,7 +4,7 @@
 
 constexpr int sincTaps = 8;
 constexpr int sincFractions = 513;
-constexpr int sincBefore = 3;   ///< taps before the sample below the position
+constexpr int sincBefore = 3;  ///< taps before the sample below the position
 /// Positions are counted from so far before the first sample, so that cutting rounds down, and are followed so
 /// far outside on both sides, where all taps are alike.
 constexpr int sincMargin = 16;

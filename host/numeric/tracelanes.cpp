@@ -79,13 +79,15 @@ static inline MERIDUNE_KERNEL bool isAny(const LaneMasks& masks)
     return ((parts[0] | parts[1]) | (parts[2] | parts[3])) != 0;
 }
 
-template <bool isChecked> static inline MERIDUNE_KERNEL Lanes product(const float* y, const float* taps, int j)
+template <bool isChecked>
+static inline MERIDUNE_KERNEL Lanes product(const float* y, const float* taps, int j)
 {
     const Lanes v = loadLanes(y + j * traceLanes);
     return (isChecked ? finiteOf(v) : v) * taps[j];
 }
 
-template <bool isChecked> static inline MERIDUNE_KERNEL Lanes sincSum(const float* y, const float* taps)
+template <bool isChecked>
+static inline MERIDUNE_KERNEL Lanes sincSum(const float* y, const float* taps)
 {
     const Lanes even = (product<isChecked>(y, taps, 0) + product<isChecked>(y, taps, 4)) +
                        (product<isChecked>(y, taps, 2) + product<isChecked>(y, taps, 6));

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <numbers>
 
-constexpr double leastSlope = 1.0;      // Hz; a narrower one would make the operator seconds long
+constexpr double leastSlope = 1.0;       // Hz; a narrower one would make the operator seconds long
 constexpr double operatorPeriods = 2.0;  // half length times slope
 constexpr double untapered = 0.75;       // of the half length
 
@@ -71,11 +71,7 @@ static void shortenOperator(const RealTransform& transform, const BandPassCorner
 
 BandPassFilter::BandPassFilter(int type, int phase, int inverse, float lag, float lc, float lp, float hp, float hc,
                                int nSamples, float sampleRate)
-    : _type(type),
-      _phase(phase),
-      _inverse(inverse),
-      _lag(lag),
-      _nSamples(std::max(nSamples, 1)),
+    : _type(type), _phase(phase), _inverse(inverse), _lag(lag), _nSamples(std::max(nSamples, 1)),
       _sampleRate(sampleRate > 0.0f ? sampleRate : 1.0f)
 {
     buildFilter(lc, lp, hp, hc);

@@ -53,7 +53,7 @@ private:
     bool _timeDomain = false;
     bool _builtInTime = false;
     BandPassCorners _corners;
-    int64_t _build = 0;   // which buildFilter of the program made the present state
+    int64_t _build = 0;       // which buildFilter of the program made the present state
     ZeroPhaseFilter _filter;  // for traces of _nSamples
 };
 

@@ -134,9 +134,7 @@ MERIDUNE_V3 static void agcV3(float* trace, int n, int half, AgcWork* work)
     agcKernel(trace, n, half, work);
 }
 
-OrvinAGC::OrvinAGC(int, int winlen, float sampleRate) : _windowMs(winlen), _sampleRate(sampleRate)
-{
-}
+OrvinAGC::OrvinAGC(int, int winlen, float sampleRate) : _windowMs(winlen), _sampleRate(sampleRate) {}
 
 void OrvinAGC::applyAGC(float* trace, int n) const
 {

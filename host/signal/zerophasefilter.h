@@ -28,7 +28,7 @@ private:
     struct Plans;
 
     int _length = 0;
-    const Plans* _plans = nullptr;  // kept for the life of the program
+    const Plans* _plans = nullptr;       // kept for the life of the program
     std::vector<float> _own, _mirrored;  // a and b, each twice, for the real and the imaginary part
 };
 

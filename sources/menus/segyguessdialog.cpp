@@ -44,8 +44,8 @@ SegyGuessDialog::SegyGuessDialog(QWidget* parent) : QDialog(parent)
                             tr("Copy the selected cells, or everything, as text with tabs"));
     _restoreButton =
         addButton(buttonBox, tr("&Restore"), "restoreButton", tr("Bring the settings before the guess back"));
-    _dismissButton = addButton(buttonBox, tr("&Dismiss"), "dismissButton",
-                               tr("Close the panel; the settings stay as they are now"));
+    _dismissButton =
+        addButton(buttonBox, tr("&Dismiss"), "dismissButton", tr("Close the panel; the settings stay as they are now"));
     connect(_copyButton, &QPushButton::clicked, this, &SegyGuessDialog::copy);
     connect(_restoreButton, &QPushButton::clicked, this, &SegyGuessDialog::restore);
     connect(_dismissButton, &QPushButton::clicked, this, &SegyGuessDialog::reject);
@@ -130,15 +130,15 @@ void SegyGuessDialog::fillSettings(const SegyGuess& guess, const SegyLoadParm& b
     }
 }
 
-void SegyGuessDialog::setGuess(const QString& file, const SegyGuess& guess, const SegyLoadParm& before,
-                               bool isSet)
+void SegyGuessDialog::setGuess(const QString& file, const SegyGuess& guess, const SegyLoadParm& before, bool isSet)
 {
     _summaryLabel->setText(file + "\n" + text(guess.summary));
     fillFacts(guess);
     fillSettings(guess, before);
     const bool isRead = guess.verdict == SegyGuess::Read;
     _settingTable->setVisible(isRead);
-    _settingTable->setHorizontalHeaderLabels({tr("Setting"), isSet ? tr("Before") : tr("In force"), isSet ? tr("Now") : tr("Guessed")});
+    _settingTable->setHorizontalHeaderLabels(
+        {tr("Setting"), isSet ? tr("Before") : tr("In force"), isSet ? tr("Now") : tr("Guessed")});
     _restoreButton->setVisible(isSet);
     _restoreButton->setEnabled(isRead);
     _restoreButton->setText(tr("&Restore"));

@@ -36,16 +36,15 @@ protected:
 
 private:
     QTableWidget* makeTable(const char* name, const QStringList& titles);
-    QPushButton* addButton(class QDialogButtonBox* box, const QString& text, const char* name,
-                           const QString& tip);
+    QPushButton* addButton(class QDialogButtonBox* box, const QString& text, const char* name, const QString& tip);
     void fillFacts(const SegyGuess& guess);
     void fillSettings(const SegyGuess& guess, const SegyLoadParm& before);
 
     QLabel* _summaryLabel;
-    QTableWidget* _factTable; // children of the dialog
+    QTableWidget* _factTable;  // children of the dialog
     QTableWidget* _settingTable;
     QPushButton *_copyButton, *_restoreButton, *_dismissButton;
-    QString _text; // all of it, for the clipboard
+    QString _text;  // all of it, for the clipboard
 };
 
 #endif

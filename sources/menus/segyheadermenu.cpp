@@ -25,12 +25,13 @@
 static const struct {
     const char* label;
     const char* tip;
-    QString (*build)(const void* bytes, bool isBigEndian); // of the bytes in the file
+    QString (*build)(const void* bytes, bool isBigEndian);  // of the bytes in the file
 } views[] = {
     {"Standard", "The SEG-Y fields with their names", nullptr},
     {"Short", "Each 2 bytes as an integer, in the file's byte order and in the other", buildShortHeader},
     {"Integer", "Each 4 bytes as an integer, in the file's byte order and in the other", buildIntegerHeader},
-    {"Float", "Each 4 bytes as IEEE and IBM floating point, in the file's byte order and in the other", buildFloatHeader},
+    {"Float", "Each 4 bytes as IEEE and IBM floating point, in the file's byte order and in the other",
+     buildFloatHeader},
     {"Ascii", "Each byte as a character", buildAsciiHeader},
     {"Varying", "The bytes of all headers, ranked by how they behave over the file", nullptr},
 };
@@ -173,7 +174,8 @@ void SegyHeaderMenu::loadHeader()
     const int at = bar->value();
     segyData2* data = _segyloader->SegyData();
     const auto build = views[_method].build;
-    _textEdit->setPlainText(build ? build(data->segyRawHeader(), isBigEndian(*data)) : buildStandardHeader(_idata.data()));
+    _textEdit->setPlainText(build ? build(data->segyRawHeader(), isBigEndian(*data))
+                                  : buildStandardHeader(_idata.data()));
     bar->setValue(at);
 }
 
@@ -197,8 +199,10 @@ void SegyHeaderMenu::rankHeaders()
     const std::vector<SegyVaryingWord> ranking = isRead ? rankSegyWords(sample) : std::vector<SegyVaryingWord>();
     QApplication::restoreOverrideCursor();
     _varyingView->setRanking(
-        ranking, isRead ? tr("%1 of %2 trace headers. Words that are 0 in all of them are left out.").arg(sample.count()).arg(_iend)
-                        : tr("Cannot read file %1:\n%2.").arg(_segyloader->currentFile(), QString::fromStdString(error)));
+        ranking,
+        isRead
+            ? tr("%1 of %2 trace headers. Words that are 0 in all of them are left out.").arg(sample.count()).arg(_iend)
+            : tr("Cannot read file %1:\n%2.").arg(_segyloader->currentFile(), QString::fromStdString(error)));
     _isRanked = isRead != 0;
 }
 

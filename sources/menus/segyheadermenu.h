@@ -57,7 +57,7 @@ private:
     int _method = 0;
     std::vector<int> _idata;  // one raw trace
     bool _newLoad = true;
-    bool _isRanked = false;      // the ranking is that of the present map
+    bool _isRanked = false;  // the ranking is that of the present map
     QFont _tfont;
 };
 

@@ -66,8 +66,8 @@ void SegyLoadMenu::makeFileRow(QGridLayout* grid)
     connect(_browseButton, &QPushButton::clicked, this, &SegyLoadMenu::changeFiles);
 }
 
-QComboBox* SegyLoadMenu::addCombo(QGridLayout* grid, const QString& label, const char* name,
-                                  const QStringList& values, const QString& tip)
+QComboBox* SegyLoadMenu::addCombo(QGridLayout* grid, const QString& label, const char* name, const QStringList& values,
+                                  const QString& tip)
 {
     auto* box = new QComboBox;
     box->setObjectName(name);
@@ -206,10 +206,10 @@ void SegyLoadMenu::makeLayoutGroup(QGridLayout* grid)
 
 void SegyLoadMenu::orderTabs()
 {
-    QWidget* const order[] = {_fileField, _browseButton, _sortBox, _typeBox, _formatBox,   _maxVal,   _nsampVal,
-                              _srateVal,  _variBox,      _coorBox, _elevBox, _indexBox,    _buttonBuild,
-                              _remapBox,  _remapButton,  _guessButton, _firstTraceVal, _headerVal,
-                              _layoutFormatBox, _orderBox};
+    QWidget* const order[] = {_fileField,   _browseButton,  _sortBox,     _typeBox,         _formatBox,
+                              _maxVal,      _nsampVal,      _srateVal,    _variBox,         _coorBox,
+                              _elevBox,     _indexBox,      _buttonBuild, _remapBox,        _remapButton,
+                              _guessButton, _firstTraceVal, _headerVal,   _layoutFormatBox, _orderBox};
     for (size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
@@ -229,7 +229,8 @@ static void showNumber(QLineEdit* edit, QString* kept, double value)
 static int layoutFormatIndex(int format)
 {
     const std::vector<SegyLayoutSample>& list = segyLayoutSamples();
-    const auto found = std::find_if(list.begin(), list.end(), [=](const auto& entry) { return entry.format == format; });
+    const auto found =
+        std::find_if(list.begin(), list.end(), [=](const auto& entry) { return entry.format == format; });
     return found == list.end() ? 0 : int(found - list.begin()) + 1;
 }
 
@@ -288,8 +289,8 @@ bool SegyLoadMenu::checkFields()
 {
     if (_fileField->text().trimmed().isEmpty()) return refuse(_fileField, QString(), tr("No file to load is named."));
     return checkCount(_maxVal, &_maxText, tr("The number of traces")) &&
-           checkCount(_nsampVal, &_nsampText, tr("The number of samples")) && checkRate() &&
-           checkFirstTrace() && checkHeaderLength();
+           checkCount(_nsampVal, &_nsampText, tr("The number of samples")) && checkRate() && checkFirstTrace() &&
+           checkHeaderLength();
 }
 
 /// Puts the old text back before the box comes up, for that takes the focus and so ends the entry once more.
@@ -318,8 +319,9 @@ bool SegyLoadMenu::checkPlace(QLineEdit* edit, QString* kept, const QString& wha
     const int value = text.toInt(&isNumber);
     if (!text.isEmpty() && (!isNumber || value < least || value > most))
         return refuse(edit, *kept,
-                      most == INT_MAX ? tr("%1 must be a whole number from %2, or empty.").arg(what).arg(least)
-                                      : tr("%1 must be a whole number from %2 to %3, or empty.").arg(what).arg(least).arg(most));
+                      most == INT_MAX
+                          ? tr("%1 must be a whole number from %2, or empty.").arg(what).arg(least)
+                          : tr("%1 must be a whole number from %2 to %3, or empty.").arg(what).arg(least).arg(most));
     *kept = text;
     return true;
 }
@@ -354,9 +356,8 @@ void SegyLoadMenu::newLoader(SegyLoader* loader)
 
 void SegyLoadMenu::changeFiles()
 {
-    const QStringList names =
-        QFileDialog::getOpenFileNames(this, tr("SEGY File Loader"), _homePath,
-                                      tr("All files (*);;SEG-Y (*.sgy *.segy *.SGY *.SEGY)"));
+    const QStringList names = QFileDialog::getOpenFileNames(this, tr("SEGY File Loader"), _homePath,
+                                                            tr("All files (*);;SEG-Y (*.sgy *.segy *.SGY *.SEGY)"));
     if (names.isEmpty()) return;
     _homePath = QFileInfo(names.first()).absolutePath();
     AppSettings().setValue(SettingsKey::lastFolder, _homePath);
@@ -437,7 +438,8 @@ void SegyLoadMenu::guessSettings()
     const int isRead = guessSegyFile(QFile::encodeName(file).toStdString(), before, &guess, &error);
     QApplication::restoreOverrideCursor();
     if (!isRead) {
-        QMessageBox::warning(this, tr("Guess Settings"), tr("Cannot read file %1:\n%2.").arg(file, QString::fromStdString(error)));
+        QMessageBox::warning(this, tr("Guess Settings"),
+                             tr("Cannot read file %1:\n%2.").arg(file, QString::fromStdString(error)));
         return;
     }
     _beforeGuess = before;

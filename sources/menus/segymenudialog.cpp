@@ -48,8 +48,8 @@ SegyMenuDialog::SegyMenuDialog(SegyMenuHost* host, QWidget* parent) : QDialog(pa
 /// Return ends the entry of a field; it must not open a file.
 QPushButton* SegyMenuDialog::addButton(const QString& text, const char* name, const QString& tip, bool isDismiss)
 {
-    QPushButton* button = _buttonBox->addButton(text, isDismiss ? QDialogButtonBox::RejectRole
-                                                                : QDialogButtonBox::ActionRole);
+    QPushButton* button =
+        _buttonBox->addButton(text, isDismiss ? QDialogButtonBox::RejectRole : QDialogButtonBox::ActionRole);
     button->setObjectName(name);
     button->setToolTip(tip);
     button->setAutoDefault(false);
@@ -74,11 +74,20 @@ void SegyMenuDialog::makeButtons()
     connect(_buttonBox, &QDialogButtonBox::rejected, this, &SegyMenuDialog::reject);
 }
 
-SegyLoadParm SegyMenuDialog::loadParm() const { return _segyloadmenu->parm(); }
+SegyLoadParm SegyMenuDialog::loadParm() const
+{
+    return _segyloadmenu->parm();
+}
 
-void SegyMenuDialog::setLoadParm(const SegyLoadParm& parm) { _segyloadmenu->setParm(parm); }
+void SegyMenuDialog::setLoadParm(const SegyLoadParm& parm)
+{
+    _segyloadmenu->setParm(parm);
+}
 
-SegyRemapTable SegyMenuDialog::remapTable() const { return _segyloadmenu->remapTable(); }
+SegyRemapTable SegyMenuDialog::remapTable() const
+{
+    return _segyloadmenu->remapTable();
+}
 
 void SegyMenuDialog::buildConnections(SegyLoader* loader)
 {
@@ -91,7 +100,8 @@ void SegyMenuDialog::buildConnections(SegyLoader* loader)
     _isBuilt = loader != nullptr;
     if (!loader) return;
     connect(loader, &SegyLoader::reLoadData, this, &SegyMenuDialog::loadTabs);
-    connect(loader, &SegyLoader::keysChanged, this, &SegyMenuDialog::loadTabs);  // the trace tab counts in the new order
+    connect(loader, &SegyLoader::keysChanged, this,
+            &SegyMenuDialog::loadTabs);  // the trace tab counts in the new order
     // A loader that was at work before the dialog came has said all it has to say.
     if (loader->isLoaded()) loadTabs();
 }
@@ -107,10 +117,12 @@ void SegyMenuDialog::loadTabs()
 void SegyMenuDialog::takeRemapRow(const QString& word, const QString& format, int startByte)
 {
     const int row = _segyloadmenu->takeRemapRow(word, format, startByte);
-    _segyheadermenu->showTakenRow(
-        row > 0 ? tr("Row %1 of the remap table: %2, %3, byte %4. The ensembles loaded next read it; the index does when it is built anew.")
-                      .arg(row).arg(word, format).arg(startByte)
-                : tr("The remap table has no row left; nothing was taken."));
+    _segyheadermenu->showTakenRow(row > 0 ? tr("Row %1 of the remap table: %2, %3, byte %4. The ensembles loaded next "
+                                               "read it; the index does when it is built anew.")
+                                                .arg(row)
+                                                .arg(word, format)
+                                                .arg(startByte)
+                                          : tr("The remap table has no row left; nothing was taken."));
 }
 
 void SegyMenuDialog::changeTab(int tab)

@@ -42,11 +42,11 @@ private slots:
 private:
     void markFaults();
 
-    QTableWidget* _tableWidget;    // child of the dialog
-    QPushButton* _loadButton;      // children of the button box
+    QTableWidget* _tableWidget;  // child of the dialog
+    QPushButton* _loadButton;    // children of the button box
     QPushButton* _saveButton;
     QPushButton* _dismissButton;
-    bool _isFilling = false;       // one signal for a whole table
+    bool _isFilling = false;  // one signal for a whole table
 };
 
 #endif

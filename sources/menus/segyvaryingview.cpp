@@ -18,8 +18,7 @@ SegyVaryingView::SegyVaryingView(QWidget* parent) : QWidget(parent)
                                 tr("Behaviour"), tr("Values"), tr("Evidence")};
     _varyingTable = new QTableWidget(0, titles.size());
     _varyingTable->setObjectName("varyingTable");
-    _varyingTable->setToolTip(
-        tr("Words of the trace header by how they behave over the file; bytes count from 1"));
+    _varyingTable->setToolTip(tr("Words of the trace header by how they behave over the file; bytes count from 1"));
     _varyingTable->setHorizontalHeaderLabels(titles);
     _varyingTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     _varyingTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -75,8 +74,8 @@ void SegyVaryingView::setRanking(const std::vector<SegyVaryingWord>& ranking, co
     _varyingTable->setRowCount(int(ranking.size()));
     for (int row = 0; row < int(ranking.size()); ++row) {
         const SegyVaryingWord& word = ranking[size_t(row)];
-        const QString range = word.least == word.most ? QString::number(word.least)
-                                                      : tr("%1 to %2").arg(word.least).arg(word.most);
+        const QString range =
+            word.least == word.most ? QString::number(word.least) : tr("%1 to %2").arg(word.least).arg(word.most);
         const QString texts[] = {QString::number(word.byte),
                                  QString::number(word.width),
                                  tr(word.field),
@@ -103,14 +102,10 @@ void SegyVaryingView::showAnswer(const QString& answer)
 static const char* likelyWord(const SegyVaryingWord& word)
 {
     switch (word.behaviour) {
-    case SegyBehaviour::RepeatsByEnsemble:
-        return "FFID";
-    case SegyBehaviour::CountsUp:
-        return "CHAN";
-    case SegyBehaviour::Coordinates:
-        return "SOU_X";
-    default:
-        return nullptr;
+    case SegyBehaviour::RepeatsByEnsemble: return "FFID";
+    case SegyBehaviour::CountsUp: return "CHAN";
+    case SegyBehaviour::Coordinates: return "SOU_X";
+    default: return nullptr;
     }
 }
 

@@ -1,4 +1,4 @@
-#include "display/colorfile.h"
+#include "display/colors/colorfile.h"
 
 #include <cstdlib>
 

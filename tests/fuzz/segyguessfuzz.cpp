@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t n)
     before.files = n % 2 ? "a,b" : "a";
     SegyGuess guess;
     std::string error;
-    if (!guessSegy(source, before, &guess, &error)) std::abort(); // memory never fails
+    if (!guessSegy(source, before, &guess, &error)) std::abort();  // memory never fails
     const SegyLoadParm& parm = guess.parm;
     const bool isShown = parm.isort >= 0 && parm.isort <= 11 && (parm.itype == 0 || parm.itype == 1) &&
                          parm.iformat >= 0 && parm.iformat <= 6 && parm.nsamp >= 0 && parm.maxtr >= 0 &&

@@ -1,7 +1,7 @@
 /// Who has the mouse on a canvas: the active tool, those that are always asked, and the base tool.
-#include "display/boxtool.h"
-#include "display/canvastools.h"
 #include "display/ensembleview.h"
+#include "display/tools/boxtool.h"
+#include "display/tools/canvastools.h"
 #include "tests/gui/displayfixture.h"
 
 #include <qwt_scale_map.h>

@@ -1,8 +1,8 @@
 /// The tab "Color Bar": what its controls do to the bar, the picture and the files.
-#include "display/colorbardialog.h"
+#include "display/menus/colorbardialog.h"
 
-#include "display/colorstoptable.h"
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
+#include "display/menus/colorstoptable.h"
 #include "display/seismicplot.h"
 #include "tests/brokenplaces.h"
 #include "tests/gui/displayfixture.h"
@@ -85,7 +85,8 @@ struct PageFixture : DisplayFixture {
         page = std::make_unique<ColorBarDialog>(&displays, &others);
         page->show();
     }
-    template <typename Control> Control* find(const char* name)
+    template <typename Control>
+    Control* find(const char* name)
     {
         auto* control = page->findChild<Control*>(name);
         if (!control) qFatal("no control %s", name);
@@ -125,7 +126,8 @@ private:
 };
 
 /// Answers the next dialog of a kind; the timer runs in that dialog's own event loop.
-template <typename Dialog> static void answerNext(std::function<void(Dialog*)> answer)
+template <typename Dialog>
+static void answerNext(std::function<void(Dialog*)> answer)
 {
     QTimer::singleShot(0, [answer] {
         auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
@@ -159,7 +161,7 @@ void ColorBarDialogTest::updatePaintsWithTheTable()
     f.press("updateButton");
     QCOMPARE(f.bar.colorMap().rgb(0.0, 1.0, 0.6), qRgb(255, 0, 0));
     QCOMPARE(f.bar.colorMap().rgb(0.0, 1.0, 0.25), qRgb(128, 128, 128));  // halfway from black to white
-    QCOMPARE(f.percent(3), QString("0"));                                // the dropped row has gone
+    QCOMPARE(f.percent(3), QString("0"));                                 // the dropped row has gone
 }
 
 void ColorBarDialogTest::aColorIsChosenInADialog()
@@ -331,7 +333,7 @@ void ColorBarDialogTest::saveWritesTheRowsThatCount()
     QTest::keyClick(f.find<NumberEdit>("numColorsEdit"), Qt::Key_Return);
     f.typePercent(1, "150");  // beyond the bar
     f.typePercent(2, "33.25");
-    f.typePercent(3, "");     // dropped
+    f.typePercent(3, "");      // dropped
     f.typePercent(5, "some");  // no number
     QString title;
     answerNext<QInputDialog>([&](QInputDialog* dialog) {
@@ -376,9 +378,8 @@ void ColorBarDialogTest::saveAsksBeforeItReplaces()
             dialog->accept();
         });
         QTimer::singleShot(50, [=] {
-            answerNext<QMessageBox>([=](QMessageBox* box) {
-                box->button(replaces ? QMessageBox::Yes : QMessageBox::No)->click();
-            });
+            answerNext<QMessageBox>(
+                [=](QMessageBox* box) { box->button(replaces ? QMessageBox::Yes : QMessageBox::No)->click(); });
         });
         f.press("saveButton");
         QCOMPARE(read("mine.col").startsWith("256,1\n"), replaces);

@@ -1,4 +1,4 @@
-#include "display/colorbarframe.h"
+#include "display/colors/colorbarframe.h"
 
 #include <QFile>
 #include <QImage>

@@ -96,7 +96,8 @@ static QList<QWidget*> controlsOf(QWidget* window)
         if (child->window() != window || !child->isVisible() || child->objectName().startsWith("qt_")) continue;
         const bool isField = qobject_cast<QLineEdit*>(child) && !qobject_cast<QAbstractSpinBox*>(child->parentWidget());
         if (isField || qobject_cast<QPushButton*>(child) || qobject_cast<QCheckBox*>(child) ||
-            qobject_cast<QRadioButton*>(child) || qobject_cast<QComboBox*>(child) || qobject_cast<QAbstractSpinBox*>(child))
+            qobject_cast<QRadioButton*>(child) || qobject_cast<QComboBox*>(child) ||
+            qobject_cast<QAbstractSpinBox*>(child))
             controls.append(child);
     }
     return controls;
@@ -113,7 +114,9 @@ void DialogsTest::eachFitsASmallScreen()
     fitInto(window, screen);
     QApplication::processEvents();
     const QRect place = window->frameGeometry();
-    QVERIFY2(screen.contains(place), qPrintable(QString("%1 x %2 at %3, %4").arg(place.width()).arg(place.height()).arg(place.x()).arg(place.y())));
+    QVERIFY2(
+        screen.contains(place),
+        qPrintable(QString("%1 x %2 at %3, %4").arg(place.width()).arg(place.height()).arg(place.x()).arg(place.y())));
     if (qobject_cast<QMainWindow*>(window)) return;  // its tool bar has an extension for what doesn't fit
     int nLooked = 0;
     QStringList faults;
@@ -169,8 +172,8 @@ void DialogsTest::aDialogBeyondTheScreenIsBroughtBack()
 
 static bool takesTab(const QWidget* widget)
 {
-    return widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy() &&
-           !widget->objectName().startsWith("qt_");
+    return widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) &&
+           !widget->focusProxy() && !widget->objectName().startsWith("qt_");
 }
 
 static QString nameOf(const QWidget* widget)
@@ -215,7 +218,8 @@ void DialogsTest::tabReachesEachFieldInReadingOrder()
     forEachPage(window, [&] {
         const QList<QWidget*> round = tabRound(window);
         for (QWidget* child : window->findChildren<QWidget*>())
-            if (child->window() == window && takesTab(child) && !round.contains(child)) faults += nameOf(child) + " isn't reached";
+            if (child->window() == window && takesTab(child) && !round.contains(child))
+                faults += nameOf(child) + " isn't reached";
         for (int i = 1; i < round.size(); ++i)
             if (isReadBefore(window, round[i], round[i - 1]))
                 faults += nameOf(round[i - 1]) + " comes before " + nameOf(round[i]);
@@ -246,9 +250,10 @@ void DialogsTest::enterPressesTheDefault()
 void DialogsTest::enterInAFieldOnlyEndsItsEntry()
 {
     DialogHome home(_folder.path());
-    for (const auto& [name, field] : {std::make_pair("ParmMenuDialog", "clipEdit"), std::make_pair("SegyMenuDialog", "maxVal"),
-                                      std::make_pair("Titles", "titleEdit"), std::make_pair("DrawDialog", "thEdit"),
-                                      std::make_pair("SectionExportDialog", "tpcEdit")}) {
+    for (const auto& [name, field] :
+         {std::make_pair("ParmMenuDialog", "clipEdit"), std::make_pair("SegyMenuDialog", "maxVal"),
+          std::make_pair("Titles", "titleEdit"), std::make_pair("DrawDialog", "thEdit"),
+          std::make_pair("SectionExportDialog", "tpcEdit")}) {
         QWidget* dialog = dialogTable().at(name)(&home);
         dialog->show();
         dialog->activateWindow();

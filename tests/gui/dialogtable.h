@@ -2,9 +2,9 @@
 #ifndef DIALOGTABLE_H
 #define DIALOGTABLE_H
 
-#include "display/drawdialog.h"
-#include "display/imagedialog.h"
-#include "display/titles.h"
+#include "display/menus/drawdialog.h"
+#include "display/menus/imagedialog.h"
+#include "display/menus/titles.h"
 #include "frame/sectionexport.h"
 #include "frame/sectionexportdialog.h"
 #include "sources/menus/segyguessdialog.h"
@@ -27,10 +27,7 @@
 struct DialogHome {
     WindowFixture fixture;
 
-    explicit DialogHome(const QString& folder)
-    {
-        fixture.open(writeSegy(folder + "/small.sgy"), 1, 1);
-    }
+    explicit DialogHome(const QString& folder) { fixture.open(writeSegy(folder + "/small.sgy"), 1, 1); }
     ~DialogHome() { delete made; }
     QPointer<QWidget> made;  // what has no window to belong to
 };
@@ -52,7 +49,8 @@ inline const std::map<QString, std::function<QWidget*(DialogHome*)>>& dialogTabl
          }},
         {"ImageDialog",
          [](DialogHome* home) -> QWidget* {
-             return home->made = new ImageDialog(home->fixture.window->imageStorage(), home->fixture.window->displays());
+             return home->made =
+                        new ImageDialog(home->fixture.window->imageStorage(), home->fixture.window->displays());
          }},
         {"DrawDialog",
          [](DialogHome* home) -> QWidget* {
@@ -77,7 +75,9 @@ inline const std::map<QString, std::function<QWidget*(DialogHome*)>>& dialogTabl
         {"SegyRemapDialog", [](DialogHome* home) -> QWidget* { return home->made = new SegyRemapDialog; }},
         {"SectionExportDialog",
          [](DialogHome* home) -> QWidget* {
-             const auto layout = [home](const SectionScale& scale) { return sectionPage(*home->fixture.window->display(), scale, 15); };
+             const auto layout = [home](const SectionScale& scale) {
+                 return sectionPage(*home->fixture.window->display(), scale, 15);
+             };
              return home->made = new SectionExportDialog({5.0, 10.0}, layout);
          }},
     };
@@ -91,7 +91,8 @@ inline QStringList dialogClasses()
         "class (\\w+)[^;{(]*:[^;{(]*public Q(?:Dialog|MainWindow|MessageBox|Wizard|ProgressDialog|FileDialog)\\b");
     QStringList names;
     for (const char* folder : {"frame", "analysis", "display", "sources", "tracedata", "widgets", "host"}) {
-        QDirIterator headers(QString(MERIDUNE_SOURCE_DIR "/") + folder, {"*.h"}, QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator headers(QString(MERIDUNE_SOURCE_DIR "/") + folder, {"*.h"}, QDir::Files,
+                             QDirIterator::Subdirectories);
         while (headers.hasNext()) {
             QFile header(headers.next());
             if (!header.open(QIODevice::ReadOnly)) continue;

@@ -2,15 +2,15 @@
 #ifndef DISPLAYFIXTURE_H
 #define DISPLAYFIXTURE_H
 
-#include "display/colorbarframe.h"
+#include "display/colors/colorbarframe.h"
 #include "display/displayhost.h"
 #include "display/displaylist.h"
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicdisplay.h"
-#include "frame/menudefaults.h"
 #include "host/flow/standardwords.h"
 #include "host/report.h"
 #include "sources/segywords.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 
 #include <QStatusBar>
@@ -82,8 +82,8 @@ struct DisplayFixture {
         menu->iskey = menu->iskeyreal = standardWordIndex("CHAN    ") + 1;
         menu->iskeyinc = 5;
         for (int i = 0; i < nDisplays; ++i) {
-            owned.push_back(std::make_unique<SeismicDisplay>(nullptr, "Main Display", &status, &control, true, true,
-                                                             i, &host));
+            owned.push_back(
+                std::make_unique<SeismicDisplay>(nullptr, "Main Display", &status, &control, true, true, i, &host));
             SeismicDisplay* display = owned.back().get();
             displays.append(display);
             display->setColorBar(&bar);

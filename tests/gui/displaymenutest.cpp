@@ -1,7 +1,7 @@
 /// The tab "Display": each control driven once as a user would, and what it does to the plot.
-#include "display/displaymenu.h"
+#include "display/menus/displaymenu.h"
 
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicplot.h"
 #include "tests/gui/displayfixture.h"
 #include "tracedata/seismicdata.h"
@@ -63,7 +63,8 @@ struct MenuFixture : DisplayFixture {
         page->show();
     }
     SeismicPlot* plot(int i = 0) { return displays[i]->seismicPlot(); }
-    template <typename Control> Control* find(const char* name)
+    template <typename Control>
+    Control* find(const char* name)
     {
         auto* control = page->findChild<Control*>(name);
         if (!control) qFatal("no control %s", name);
@@ -91,13 +92,8 @@ struct MenuFixture : DisplayFixture {
 void DisplayMenuTest::theDisplayModesAreThoseOfTheTypes()
 {
     MenuFixture f;
-    const QStringList names = {"Wiggle/Variable Area",
-                               "Wiggle Only",
-                               "Variable Area Only",
-                               "Color",
-                               "Color/Wiggle",
-                               "Map",
-                               "Velocity"};
+    const QStringList names = {
+        "Wiggle/Variable Area", "Wiggle Only", "Variable Area Only", "Color", "Color/Wiggle", "Map", "Velocity"};
     QCOMPARE(f.find<QComboBox>("displayBox")->count(), 7);
     for (int i = 1; i < 7; ++i) {
         f.choose("displayBox", i);
@@ -206,8 +202,7 @@ void DisplayMenuTest::fieldsGiveTheirValueToThePlot()
     QFETCH(float, wanted);
     MenuFixture f(2);
     f.type(name.toLatin1(), typed);
-    for (int i = 0; i < 2; ++i)
-        QVERIFY(std::abs(fieldOf(f.plot(i), name) - wanted) < 1e-5f * std::abs(wanted));
+    for (int i = 0; i < 2; ++i) QVERIFY(std::abs(fieldOf(f.plot(i), name) - wanted) < 1e-5f * std::abs(wanted));
 }
 
 void DisplayMenuTest::badInputLeavesTheFormerValue_data()
@@ -364,8 +359,7 @@ void DisplayMenuTest::automaticSpacingShowsWhatFits()
     f[0]->resize(900, 700);
     settle();
     f.page->update();
-    QCOMPARE(f.text("tscaleEdit"),
-             QString::number(21.0 * 115.0 / f[0]->canvas()->contentsRect().width(), 'f', 2));
+    QCOMPARE(f.text("tscaleEdit"), QString::number(21.0 * 115.0 / f[0]->canvas()->contentsRect().width(), 'f', 2));
 }
 
 void DisplayMenuTest::spacingGoesToTheOtherDisplaysToo()

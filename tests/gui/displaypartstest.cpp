@@ -1,11 +1,11 @@
 /// The parts behind a display, each on a plain plot: layers of traces, axes, the zoom tool, the status lines.
-#include "display/canvastools.h"
 #include "display/displayaxes.h"
 #include "display/overlaylayer.h"
-#include "display/recordaxisscaledraw.h"
 #include "display/seismicplot.h"
 #include "display/statuslines.h"
-#include "display/zoomtool.h"
+#include "display/tools/canvastools.h"
+#include "display/zoom/recordaxisscaledraw.h"
+#include "display/zoom/zoomtool.h"
 #include "tests/gui/displayfixture.h"
 #include "tracedata/seismicdata.h"
 

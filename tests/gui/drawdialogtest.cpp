@@ -1,5 +1,5 @@
 /// The dialog "Draw on Canvas": lines and texts by the mouse.
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicplot.h"
 #include "tests/gui/drawfixture.h"
 #include "tests/gui/modalanswer.h"
@@ -72,7 +72,8 @@ void DrawDialogTest::theControlsStandWithTheirTexts()
                    {"colorButton", "Color"},
                    {"fontButton", "Font"},
                    {"dismissButton", "Dismiss"}};
-    for (const auto& button : buttons) QCOMPARE(fixture.find<QAbstractButton>(button.name)->text(), QString(button.text));
+    for (const auto& button : buttons)
+        QCOMPARE(fixture.find<QAbstractButton>(button.name)->text(), QString(button.text));
     QCOMPARE(fixture.find<QLabel>("label1")->text(), QString("Current Text: "));
     QVERIFY(fixture.find<QRadioButton>("r1")->isChecked());
     QCOMPARE(fixture.find<QLabel>("colorLabel")->palette().color(QPalette::Window), QColor(Qt::red));

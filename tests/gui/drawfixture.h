@@ -2,8 +2,8 @@
 #ifndef DRAWFIXTURE_H
 #define DRAWFIXTURE_H
 
-#include "display/canvastools.h"
-#include "display/drawdialog.h"
+#include "display/menus/drawdialog.h"
+#include "display/tools/canvastools.h"
 #include "tests/gui/displayfixture.h"
 
 #include <QApplication>
@@ -43,7 +43,8 @@ QList<Item*> drawn(const QwtPlot* plot)
     QMap<int, Item*> items;
     for (QwtPlotItem* item : plot->itemList())
         if (auto* found = dynamic_cast<Item*>(item))
-            if (found->title().text().startsWith(prefix)) items[found->title().text().mid(int(strlen(prefix))).toInt()] = found;
+            if (found->title().text().startsWith(prefix))
+                items[found->title().text().mid(int(strlen(prefix))).toInt()] = found;
     return items.values();
 }
 
@@ -84,7 +85,8 @@ struct DrawFixture : DisplayFixture {
     }
     void move(const QPoint& point, Qt::MouseButtons buttons, int i = 0)
     {
-        QMouseEvent event(QEvent::MouseMove, point, canvas(i)->mapToGlobal(point), Qt::NoButton, buttons, Qt::NoModifier);
+        QMouseEvent event(QEvent::MouseMove, point, canvas(i)->mapToGlobal(point), Qt::NoButton, buttons,
+                          Qt::NoModifier);
         QApplication::sendEvent(canvas(i), &event);
     }
     /// Position of a pixel of a display that shows all: 21 traces over the width, 2000 ms down the height.

@@ -1,5 +1,5 @@
 /// While "Draw on Canvas" is on, and after: cursor, keyboard and mouse come back, and drawings stay or go with their plots.
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicplot.h"
 #include "tests/gui/drawfixture.h"
 #include "tests/gui/modalanswer.h"

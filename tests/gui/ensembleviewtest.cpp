@@ -1,10 +1,10 @@
 /// What tools of higher floors learn of a display, and when: its view, its registers, and its interfaces to them.
 #include "display/ensembleview.h"
-#include "display/displaypicker.h"
-#include "display/headerstrip.h"
-#include "display/imagestorage.h"
+#include "display/images/imagestorage.h"
 #include "display/seismicplot.h"
-#include "display/velocityoverlay.h"
+#include "display/tools/displaypicker.h"
+#include "display/tools/headerstrip.h"
+#include "display/tools/velocityoverlay.h"
 #include "tests/gui/imagefixture.h"
 #include "tracedata/seismicdata.h"
 

@@ -96,7 +96,7 @@ void ExportTest::noFormatLosesAFileWhereItCannotWrite()
 {
     QFETCH(QString, name);
     const QString found = failureOfWrites(name, [&](const QString& path, QString* error) {
-        return name == "print.pdf"      ? printTo(path, error)
+        return name == "print.pdf"     ? printTo(path, error)
                : name.endsWith(".pdf") ? savePdf(twoColours(), path, error)
                                        : savePicture(twoColours(), path, error);
     });
@@ -161,8 +161,8 @@ void ExportTest::aPdfIsOneLandscapePage()
     const QByteArray bytes = file.readAll();
     QVERIFY(bytes.startsWith("%PDF-"));
     QCOMPARE(bytes.count("/Type /Page\n"), 1);
-    const QRegularExpressionMatch box =
-        QRegularExpression("/MediaBox \\[[0-9.]+ [0-9.]+ ([0-9.]+) ([0-9.]+)").match(QString::fromLatin1(bytes.constData(), bytes.size()));
+    const QRegularExpressionMatch box = QRegularExpression("/MediaBox \\[[0-9.]+ [0-9.]+ ([0-9.]+) ([0-9.]+)")
+                                            .match(QString::fromLatin1(bytes.constData(), bytes.size()));
     QVERIFY(box.hasMatch());
     QVERIFY(box.captured(1).toDouble() > box.captured(2).toDouble());
     QVERIFY(bytes.contains(QByteArray("\0S\0e\0i\0s\0m\0i\0c", 14)));  // the creator, in two-byte characters

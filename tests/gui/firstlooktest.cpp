@@ -1,6 +1,6 @@
 /// The bar above the screens: what it says of a misread file, what its buttons do, and that the window never waits.
-#include "display/seismicplot.h"
 #include "frame/firstlook.h"
+#include "display/seismicplot.h"
 #include "tests/gui/guitestdata.h"
 #include "tests/gui/modalanswer.h"
 #include "tests/gui/windowfixture.h"
@@ -101,7 +101,8 @@ void FirstLookTest::aRightFileGetsNoBar()
     NEEDS_TEST_DATA();
     Looked fixture;
     QVERIFY(!fixture.bar->isVisible());
-    for (const char* name : {"prestack-marine/viking_small.segy", "cdp-gathers/cdp601to605.sgy", "poststack-3d/f3.sgy"}) {
+    for (const char* name :
+         {"prestack-marine/viking_small.segy", "cdp-gathers/cdp601to605.sgy", "poststack-3d/f3.sgy"}) {
         QCOMPARE(fixture.open(dataFile(name)), 1);
         QVERIFY(!fixture.isQuiet());  // a guess is on its way
         QTRY_VERIFY(fixture.isQuiet());
@@ -117,7 +118,8 @@ void FirstLookTest::aRefusedLittleEndianFileOpensByOnePress()
     QCOMPARE(fixture.texts.size(), 2);  // the reel, and the load
     for (const QString& text : fixture.texts) QVERIFY(text.contains("\"Guess Settings\""));
     QTRY_VERIFY(fixture.bar->isVisible());
-    QCOMPARE(fixture.text(), QString("Format1lsb.sgy: 414 traces of 75 samples, little-endian. Refused: read as big-endian."));
+    QCOMPARE(fixture.text(),
+             QString("Format1lsb.sgy: 414 traces of 75 samples, little-endian. Refused: read as big-endian."));
     QCOMPARE(fixture.traces(), 0);  // nothing by itself
     fixture.press("useButton");
     QCOMPARE(fixture.traces(), 18);  // the first of 23 inlines
@@ -148,7 +150,8 @@ void FirstLookTest::theBarOfARefusedFileIsInTheMenuThatCoversTheScreens()
     QVERIFY(fixture.window->isVisible());
     QCOMPARE(fixture.bar->window(), fixture.window.get());
     QVERIFY(!fixture.bar->isVisible());
-    for (const QPushButton* button : fixture.bar->findChildren<QPushButton*>()) QVERIFY(!button->autoDefault());  // Enter stays the menu's
+    for (const QPushButton* button : fixture.bar->findChildren<QPushButton*>())
+        QVERIFY(!button->autoDefault());  // Enter stays the menu's
     // Dismissing the menu brings the bar above the picture.
     fixture.openAnswered(dataFile("formats/Format8lsb.sgy"));
     fixture.window->segyMenu();
@@ -268,10 +271,11 @@ void FirstLookTest::theWindowGoesOnWhileTheGuessIsMade()
     NEEDS_TEST_DATA();
     Looked fixture;
     QSemaphore mayGo;
-    fixture.window->firstLook()->setGuess([&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
-        mayGo.acquire();
-        return guessSegyFile(path, before, guess, error);
-    });
+    fixture.window->firstLook()->setGuess(
+        [&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
+            mayGo.acquire();
+            return guessSegyFile(path, before, guess, error);
+        });
     // The guess can't end before the file is shown and the window has taken a click: it waits for neither.
     QCOMPARE(fixture.open(dataFile("poststack-2d/small_stack.sgy")), 1);
     QCOMPARE(fixture.traces(), 1);
@@ -288,10 +292,11 @@ void FirstLookTest::aResultThatComesAfterTheNextFileIsDropped()
     NEEDS_TEST_DATA();
     Looked fixture;
     QSemaphore mayGo;
-    fixture.window->firstLook()->setGuess([&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
-        if (path.find("small_stack") != std::string::npos) mayGo.acquire();
-        return guessSegyFile(path, before, guess, error);
-    });
+    fixture.window->firstLook()->setGuess(
+        [&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
+            if (path.find("small_stack") != std::string::npos) mayGo.acquire();
+            return guessSegyFile(path, before, guess, error);
+        });
     fixture.open(dataFile("poststack-2d/small_stack.sgy"));
     fixture.open(dataFile("prestack-marine/viking_small.segy"));
     mayGo.release();
@@ -306,12 +311,13 @@ void FirstLookTest::closingTheWindowWaitsForTheGuessAndShowsNothing()
     std::atomic<bool> hasBegun = false, hasEnded = false;
     {
         Looked fixture;
-        fixture.window->firstLook()->setGuess([&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
-            hasBegun = true;
-            const int isRead = guessSegyFile(path, before, guess, error);
-            hasEnded = true;
-            return isRead;
-        });
+        fixture.window->firstLook()->setGuess(
+            [&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
+                hasBegun = true;
+                const int isRead = guessSegyFile(path, before, guess, error);
+                hasEnded = true;
+                return isRead;
+            });
         fixture.open(dataFile("poststack-2d/small_stack.sgy"));
         fixture.window->close();
     }
@@ -324,10 +330,11 @@ void FirstLookTest::inAClosedWindowNothingIsOpenedUnasked()
     Looked fixture;
     fixture.always()->setChecked(true);
     QSemaphore mayGo;
-    fixture.window->firstLook()->setGuess([&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
-        mayGo.acquire();
-        return guessSegyFile(path, before, guess, error);
-    });
+    fixture.window->firstLook()->setGuess(
+        [&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
+            mayGo.acquire();
+            return guessSegyFile(path, before, guess, error);
+        });
     fixture.open(dataFile("poststack-2d/small_stack.sgy"));
     fixture.window->close();
     mayGo.release();

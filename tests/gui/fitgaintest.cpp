@@ -1,6 +1,6 @@
 /// The button that fits the gain to the clip, and the tip that counts what is clipped.
 #include "display/cliptip.h"
-#include "display/displaymenu.h"
+#include "display/menus/displaymenu.h"
 #include "display/seismicplot.h"
 #include "tests/gui/displayfixture.h"
 #include "tests/gui/windowfixture.h"
@@ -106,8 +106,8 @@ void FitGainTest::inColorsTheButtonWritesTheRange()
 static void addRealFiles()
 {
     QTest::addColumn<QString>("file");
-    for (const char* file : {"prestack-marine/viking_small.segy", "poststack-2d/RIV6.segy", "poststack-3d/F3_very_small.sgy",
-                             "cdp-gathers/cdp601to605.sgy"})
+    for (const char* file : {"prestack-marine/viking_small.segy", "poststack-2d/RIV6.segy",
+                             "poststack-3d/F3_very_small.sgy", "cdp-gathers/cdp601to605.sgy"})
         QTest::newRow(file) << QString(file);
 }
 

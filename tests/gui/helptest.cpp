@@ -140,16 +140,26 @@ void HelpTest::theMenusAreToldByTheirKeys_data()
 {
     QTest::addColumn<QString>("action");
     QTest::addColumn<QString>("words");
-    QTest::newRow("SEGY menu") << "segyAct" << "SEGY Menu";
-    QTest::newRow("parameters") << "parmAct" << "Parameter menu";
-    QTest::newRow("titles") << "statusAct" << "titles";
-    QTest::newRow("drawing") << "drawAct" << "draw on the canvas";
-    QTest::newRow("print") << "printAct" << "print";
-    QTest::newRow("PDF") << "pdfAct" << "export as PDF";
-    QTest::newRow("image") << "imageAct" << "export as an image";
-    QTest::newRow("snapshot") << "screenAct" << "snapshot";
-    QTest::newRow("seek") << "seekAct" << "seek a record";
-    QTest::newRow("exit") << "exitAct" << "exit";
+    QTest::newRow("SEGY menu") << "segyAct"
+                               << "SEGY Menu";
+    QTest::newRow("parameters") << "parmAct"
+                                << "Parameter menu";
+    QTest::newRow("titles") << "statusAct"
+                            << "titles";
+    QTest::newRow("drawing") << "drawAct"
+                             << "draw on the canvas";
+    QTest::newRow("print") << "printAct"
+                           << "print";
+    QTest::newRow("PDF") << "pdfAct"
+                         << "export as PDF";
+    QTest::newRow("image") << "imageAct"
+                           << "export as an image";
+    QTest::newRow("snapshot") << "screenAct"
+                              << "snapshot";
+    QTest::newRow("seek") << "seekAct"
+                          << "seek a record";
+    QTest::newRow("exit") << "exitAct"
+                          << "exit";
 }
 
 void HelpTest::theMenusAreToldByTheirKeys()
@@ -173,7 +183,8 @@ void HelpTest::aWidePictureIsAsWideAsAPage()
     QVERIFY(wide.save(place.path() + "/wide.png") && narrow.save(place.path() + "/narrow.png"));
     HelpBrowser browser;
     const auto load = [&](const char* name) {
-        return browser.loadResource(QTextDocument::ImageResource, QUrl::fromLocalFile(place.path() + name)).value<QImage>();
+        return browser.loadResource(QTextDocument::ImageResource, QUrl::fromLocalFile(place.path() + name))
+            .value<QImage>();
     };
     QCOMPARE(load("/wide.png").size(), QSize(700, 300));
     QCOMPARE(load("/narrow.png").size(), QSize(300, 200));
@@ -238,7 +249,8 @@ void HelpTest::theHelpIsAsHighAsTheScreenAllows()
 {
     HelpViewer viewer(nullptr, folder(), "index.html", QString());
     const int screen = QGuiApplication::primaryScreen()->availableGeometry().height();
-    QVERIFY2(viewer.height() >= screen * 8 / 10 && viewer.height() <= screen, qPrintable(QString::number(viewer.height())));
+    QVERIFY2(viewer.height() >= screen * 8 / 10 && viewer.height() <= screen,
+             qPrintable(QString::number(viewer.height())));
 }
 
 void HelpTest::theCanvasHasTheFocusAtTheStart()

@@ -1,5 +1,5 @@
 /// The tab "Image", the movie, and the window's boxes "Save Images" and "Show Images".
-#include "display/imagedialog.h"
+#include "display/menus/imagedialog.h"
 #include "tests/gui/imagefixture.h"
 
 #include "analysis/parmmenudialog.h"
@@ -87,7 +87,8 @@ struct DialogFixture : ImageFixture {
         dialog = std::make_unique<ImageDialog>(&store, &displays);
         dialog->show();
     }
-    template <typename Control> Control* find(const char* name)
+    template <typename Control>
+    Control* find(const char* name)
     {
         auto* control = dialog->findChild<Control*>(name);
         if (!control) qFatal("no control %s", name);
@@ -111,15 +112,25 @@ void ImageDialogTest::theControlsSayWhatTheyDo()
     const struct {
         const char* name;
         const char* title;
-    } groups[] = {{"groupBox1", "Save"}, {"groupBox2", "View"}, {"groupBox3", "Movie"}, {"groupBox4", "Select"}, {"groupBox5", "File"}};
+    } groups[] = {{"groupBox1", "Save"},
+                  {"groupBox2", "View"},
+                  {"groupBox3", "Movie"},
+                  {"groupBox4", "Select"},
+                  {"groupBox5", "File"}};
     for (const auto& row : groups) QCOMPARE(f.find<QGroupBox>(row.name)->title(), QString(row.title));
     const struct {
         const char* name;
         const char* tip;
-    } tips[] = {{"storeBox", "Set 'Save Image' to memory ON"}, {"viewBox", "Set 'Show Image' to screen ON"},
-                {"selectBox", "Set 'Select Image' to view ON"}, {"fileBox", "Set 'Save File' of image ON"},
-                {"resaveButton", "resave"}, {"clearButton", "Clear"}, {"playButton", "loop"}, {"stopButton", "stop"},
-                {"fileButton", "file"}, {"selectField", "comma delimited image numbers"}};
+    } tips[] = {{"storeBox", "Set 'Save Image' to memory ON"},
+                {"viewBox", "Set 'Show Image' to screen ON"},
+                {"selectBox", "Set 'Select Image' to view ON"},
+                {"fileBox", "Set 'Save File' of image ON"},
+                {"resaveButton", "resave"},
+                {"clearButton", "Clear"},
+                {"playButton", "loop"},
+                {"stopButton", "stop"},
+                {"fileButton", "file"},
+                {"selectField", "comma delimited image numbers"}};
     for (const auto& row : tips) QCOMPARE(f.find<QWidget>(row.name)->toolTip(), QString(row.tip));
     QStringList labels;
     for (const QLabel* label : f.dialog->findChildren<QLabel*>()) labels.append(label->text());
@@ -673,7 +684,7 @@ void ImageDialogTest::inAFlowACollectionStartsAnew()
     for (int i = 0; i < 5; ++i) f.next();
     QCOMPARE(f.store()->storeTotal(), 5);
     QCOMPARE(f.store()->count(), 2);  // of the second collection
-    f.window->setCollecting(false);  // cancelled
+    f.window->setCollecting(false);   // cancelled
     f.next();
     QCOMPARE(f.store()->storeTotal(), 5);
 }

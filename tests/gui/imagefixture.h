@@ -2,8 +2,8 @@
 #ifndef IMAGEFIXTURE_H
 #define IMAGEFIXTURE_H
 
-#include "display/imagestorage.h"
-#include "display/myqwtplotcanvas.h"
+#include "display/images/imagestorage.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "tests/gui/displayfixture.h"
 
 #include <QTemporaryFile>

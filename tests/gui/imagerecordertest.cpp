@@ -1,9 +1,9 @@
 /// Pictures of a display: when they are stored, what is in them, and how they are shown again.
-#include "display/imagerecorder.h"
+#include "display/images/imagerecorder.h"
 #include "tests/gui/imagefixture.h"
 
-#include "display/recordaxisscaledraw.h"
 #include "display/seismicplot.h"
+#include "display/zoom/recordaxisscaledraw.h"
 
 #include <qwt_scale_div.h>
 
@@ -93,7 +93,8 @@ void ImageRecorderTest::aZoomedPlotGivesTheWholeEnsembleAtItsScale()
     const QImage shown = f.canvas(f[0]);
     int nDifferent = 0;
     for (int y = 0; y < canvas.height(); ++y)
-        for (int x = 0; x < canvas.width(); ++x) nDifferent += qAbs(qGray(part.pixel(x, y)) - qGray(shown.pixel(x, y))) > 64;
+        for (int x = 0; x < canvas.width(); ++x)
+            nDifferent += qAbs(qGray(part.pixel(x, y)) - qGray(shown.pixel(x, y))) > 64;
     // Rows and columns are rounded apart by at most one pixel, which only edges show.
     QVERIFY2(nDifferent < canvas.width() * canvas.height() / 50, qPrintable(QString::number(nDifferent)));
 }
@@ -122,7 +123,8 @@ void ImageRecorderTest::aPictureBeyondTheLimitsIsSmallerAndSaysSo()
     f[0]->storeImage(false);
     const QString text = printed.text();
     QCOMPARE(f.stored(0).width(), 32767);
-    QVERIFY2(text.contains("MERIDUNE: the image is too large for this scale, it is stored with 32767 by "), qPrintable(text));
+    QVERIFY2(text.contains("MERIDUNE: the image is too large for this scale, it is stored with 32767 by "),
+             qPrintable(text));
     f[0]->showImage(0);
     // 21 units on 32767 pixels: the axis says so.
     QVERIFY(qAbs(f[0]->visibleRect().width() - 21.0 * f.canvas(f[0]).width() / 32767.0) < 1e-6);
@@ -310,12 +312,12 @@ void ImageRecorderTest::theFirstPicturePrintsItsSize()
     f.next();
     const QSize size = f.stored(0).size();
     // The size counts bits: width times height times 32, over 1048576.
-    const QString expected =
-        QString("\n\nMERIDUNE: Image Storage statistics\n"
-                "     screen depth: 32   pixel width: %1   pixel height: %2\n"
-                "     file size: %3 mbytes\n\n\n")
-            .arg(size.width()).arg(size.height())
-            .arg(size.width() * size.height() * 32 / 1048576.0, 0, 'f', 6);
+    const QString expected = QString("\n\nMERIDUNE: Image Storage statistics\n"
+                                     "     screen depth: 32   pixel width: %1   pixel height: %2\n"
+                                     "     file size: %3 mbytes\n\n\n")
+                                 .arg(size.width())
+                                 .arg(size.height())
+                                 .arg(size.width() * size.height() * 32 / 1048576.0, 0, 'f', 6);
     QCOMPARE(printed.text(), expected);
 }
 
@@ -345,8 +347,8 @@ void ImageRecorderTest::aPictureStaysWhenNoOtherComesForIt()
         connect(&f.store, &ImageStorage::collected, this, [&] { f.store.setCollect(false); });
         f.next();
         f.next();
-        f[0]->rebuildPlot();        // another look, after the collection
-        f[0]->storeImage(false);    // "next"
+        f[0]->rebuildPlot();      // another look, after the collection
+        f[0]->storeImage(false);  // "next"
         QCOMPARE(f.keys(), QVector<float>({1, 2}));
     }
     ImageFixture f;
@@ -682,8 +684,8 @@ void ImageRecorderTest::withControlTheMiddleButtonPans()
     QVERIFY2(after.left() > before.left() && after.top() > before.top(), "nothing has moved");
     // The picture has moved along: its part from there on is in view.
     const QSize size = f.canvas(f[0]).size();
-    const QRect part(qRound(after.left() / 21.0 * f.stored(0).width()), qRound(after.top() / 2000.0 * f.stored(0).height()),
-                     size.width(), size.height());
+    const QRect part(qRound(after.left() / 21.0 * f.stored(0).width()),
+                     qRound(after.top() / 2000.0 * f.stored(0).height()), size.width(), size.height());
     QCOMPARE(f.canvas(f[0]), f.stored(0).copy(part));
     f[0]->showImage(0);  // and stays there for the next picture
     QCOMPARE(f[0]->visibleRect(), after);

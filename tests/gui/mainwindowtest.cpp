@@ -1,10 +1,9 @@
 /// The main window on real files: opening, paging, and what happens when a file is not what it should be.
-#include "display/colorbarframe.h"
-#include "display/imagestorage.h"
+#include "frame/mainwindow.h"
+#include "display/colors/colorbarframe.h"
+#include "display/images/imagestorage.h"
 #include "display/seismicplot.h"
 #include "frame/assumptionspanel.h"
-#include "frame/mainwindow.h"
-#include "frame/menudefaults.h"
 #include "frame/windowactions.h"
 #include "host/globals.h"
 #include "sources/segyloader.h"
@@ -12,6 +11,7 @@
 #include "tests/gui/displayfixture.h"
 #include "tests/gui/guitestdata.h"
 #include "tests/gui/windowfixture.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 

@@ -87,8 +87,13 @@ void MimeTypeTest::everyRealFileIsKnown()
     const QString folder = QString::fromStdString(testDataFolder());
     if (!QDir(folder).exists()) QSKIP("the folder of real files is missing");
     // Text headers of blanks, of NULs, or without card numbers say nothing: there the name must do.
-    const QStringList silent = {"329.sgy", "real_gather.sgy", "1_first_trace.sgy", "f11_02673_45Hz.segy",
-                                "shot_record_250.0_0.0_20.0.segy", "unit_test_shot_records_1.segy", "RIV6.segy"};
+    const QStringList silent = {"329.sgy",
+                                "real_gather.sgy",
+                                "1_first_trace.sgy",
+                                "f11_02673_45Hz.segy",
+                                "shot_record_250.0_0.0_20.0.segy",
+                                "unit_test_shot_records_1.segy",
+                                "RIV6.segy"};
     int nFiles = 0, nSilent = 0;
     QDirIterator files(folder, {"*.sgy", "*.segy"}, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {

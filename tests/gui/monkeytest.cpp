@@ -2,13 +2,12 @@
 ///
 /// MERIDUNE_MONKEY_SEED repeats a run; MERIDUNE_MONKEY_EVENTS sets the events for each window, and with
 /// MERIDUNE_MONKEY_TRACE each event is printed before it is sent.
-#include "display/drawdialog.h"
-#include "display/imagestorage.h"
+#include "display/images/imagestorage.h"
+#include "display/menus/drawdialog.h"
+#include "display/menus/titles.h"
 #include "display/seismicdisplay.h"
-#include "display/titles.h"
 #include "frame/assumptionspanel.h"
 #include "frame/mainwindow.h"
-#include "frame/menudefaults.h"
 #include "frame/windowactions.h"
 #include "sources/menus/segyguessdialog.h"
 #include "sources/menus/segymenudialog.h"
@@ -16,6 +15,7 @@
 #include "sources/menus/segyremapdialog.h"
 #include "sources/segyloader.h"
 #include "tests/gui/segymenufixture.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 #include "widgets/helpviewer.h"
@@ -130,9 +130,12 @@ public:
             QWidget* modal = QApplication::activeModalWidget();
             if (!modal || modal == target) return;
             nFileDialogs += qobject_cast<QFileDialog*>(modal) != nullptr;
-            if (auto* box = qobject_cast<QMessageBox*>(modal)) box->done(QMessageBox::Cancel);
-            else if (auto* dialog = qobject_cast<QDialog*>(modal)) dialog->reject();
-            else modal->close();
+            if (auto* box = qobject_cast<QMessageBox*>(modal))
+                box->done(QMessageBox::Cancel);
+            else if (auto* dialog = qobject_cast<QDialog*>(modal))
+                dialog->reject();
+            else
+                modal->close();
         });
         _timer.start(1);
     }
@@ -203,7 +206,10 @@ private:
     void watch(SeismicDisplay* display);
     void load(int file);
     QWidget* pickWidget();
-    QPoint pickPoint(const QWidget* widget) { return QPoint(pick(widget->width() + 10) - 5, pick(widget->height() + 10) - 5); }
+    QPoint pickPoint(const QWidget* widget)
+    {
+        return QPoint(pick(widget->width() + 10) - 5, pick(widget->height() + 10) - 5);
+    }
     Qt::MouseButton pickButton();
     Qt::KeyboardModifiers pickModifiers();
     void sendOne();
@@ -268,15 +274,19 @@ QWidget* Monkey::pickWidget()
 
 Qt::MouseButton Monkey::pickButton()
 {
-    const Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::MiddleButton, Qt::RightButton};
+    const Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::MiddleButton,
+                                       Qt::RightButton};
     return buttons[pick(5)];
 }
 
 Qt::KeyboardModifiers Monkey::pickModifiers()
 {
-    const Qt::KeyboardModifiers modifiers[] = {Qt::NoModifier,    Qt::NoModifier,
-                                               Qt::NoModifier,    Qt::ShiftModifier,
-                                               Qt::ControlModifier, Qt::AltModifier,
+    const Qt::KeyboardModifiers modifiers[] = {Qt::NoModifier,
+                                               Qt::NoModifier,
+                                               Qt::NoModifier,
+                                               Qt::ShiftModifier,
+                                               Qt::ControlModifier,
+                                               Qt::AltModifier,
                                                Qt::ControlModifier | Qt::ShiftModifier};
     return modifiers[pick(7)];
 }
@@ -310,10 +320,10 @@ void Monkey::sendWheel(QWidget* widget)
 
 void Monkey::sendKey(QWidget* widget)
 {
-    static const Qt::Key keys[] = {Qt::Key_Tab,    Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape,
-                                   Qt::Key_Space,  Qt::Key_Left,    Qt::Key_Right,  Qt::Key_Up,    Qt::Key_Down,
-                                   Qt::Key_Home,   Qt::Key_End,     Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Delete,
-                                   Qt::Key_Backspace, Qt::Key_F2,   Qt::Key_Plus,   Qt::Key_Minus, Qt::Key_Menu};
+    static const Qt::Key keys[] = {Qt::Key_Tab,       Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Enter,    Qt::Key_Escape,
+                                   Qt::Key_Space,     Qt::Key_Left,    Qt::Key_Right,  Qt::Key_Up,       Qt::Key_Down,
+                                   Qt::Key_Home,      Qt::Key_End,     Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Delete,
+                                   Qt::Key_Backspace, Qt::Key_F2,      Qt::Key_Plus,   Qt::Key_Minus,    Qt::Key_Menu};
     const int n = int(std::size(keys));
     const int k = pick(n + 36);
     const Qt::Key key = k < n ? keys[k] : k < n + 10 ? Qt::Key(Qt::Key_0 + k - n) : Qt::Key(Qt::Key_A + k - n - 10);
@@ -322,8 +332,9 @@ void Monkey::sendKey(QWidget* widget)
 
 void Monkey::sendText(QWidget* widget)
 {
-    static const char* const texts[] = {"0", "-1", "1", "3.5", "nan", "inf", "1e39", "999999999999", "-2147483648",
-                                        "", "abc", "17,18", "0.0001", "%s%n", "\xc3\xa4", "300", "60"};
+    static const char* const texts[] = {"0",      "-1",           "1",           "3.5", "nan", "inf",
+                                        "1e39",   "999999999999", "-2147483648", "",    "abc", "17,18",
+                                        "0.0001", "%s%n",         "\xc3\xa4",    "300", "60"};
     const QString text = QString::fromUtf8(texts[pick(int(std::size(texts)))]);
     const QPointer<QWidget> guard(widget);
     widget->setFocus();
@@ -343,11 +354,13 @@ void Monkey::resizeTarget()
 /// From now on nothing opens one: half of the time would go into making dialogs that aren't ours.
 void Monkey::endFileDialogs()
 {
-    for (const char* name : {"pdfAct", "imageAct", "screenAct", "sectionAct", "openAct"}) action(name)->setEnabled(false);
+    for (const char* name : {"pdfAct", "imageAct", "screenAct", "sectionAct", "openAct"})
+        action(name)->setEnabled(false);
     for (QWidget* root : {static_cast<QWidget*>(window.get()), static_cast<QWidget*>(_target)})
         for (const char* name : {"browseButton", "fileButton", "loadButton", "saveButton"})
             for (auto* button : root->findChildren<QPushButton*>(name))
-                if (button->isEnabled() && !button->parentWidget()->inherits("ColorBarDialog")) button->setEnabled(false);
+                if (button->isEnabled() && !button->parentWidget()->inherits("ColorBarDialog"))
+                    button->setEnabled(false);
 }
 
 void Monkey::useWindow()
@@ -356,7 +369,8 @@ void Monkey::useWindow()
     say(QString("window %1").arg(what));
     SegyLoader* loader = window->segyLoader();
     switch (what) {
-    case 0: case 1: return window->nextRecord();
+    case 0:
+    case 1: return window->nextRecord();
     case 2: return window->previousRecord();
     case 3: return window->firstRecord();
     case 4: return load(pick(2));
@@ -366,7 +380,8 @@ void Monkey::useWindow()
     case 8: return window->actionTable()->box("savImageBox")->toggle();
     case 9: return window->actionTable()->box("showImageBox")->toggle();
     default:
-        if (loader->numTraces() > 0) window->loadEnsemble(loader->getTraces(), loader->getHeaders(), loader->numTraces(), 1);
+        if (loader->numTraces() > 0)
+            window->loadEnsemble(loader->getTraces(), loader->getHeaders(), loader->numTraces(), 1);
     }
 }
 
@@ -376,17 +391,28 @@ void Monkey::sendOne()
     const QString name = QString(widget->metaObject()->className()) + ' ' + widget->objectName();
     const int what = pick(100);
     if (what < 94) say(QString("%1 at %2").arg(what).arg(name));
-    if (what < 10) sendMouse(widget, QEvent::MouseButtonPress, pickPoint(widget), pickButton());
-    else if (what < 18) sendMouse(widget, QEvent::MouseMove, pickPoint(widget), pickButton());
-    else if (what < 26) sendMouse(widget, QEvent::MouseButtonRelease, pickPoint(widget), pickButton());
-    else if (what < 40) sendDrag(widget);
-    else if (what < 44) sendMouse(widget, QEvent::MouseButtonDblClick, pickPoint(widget), pickButton());
-    else if (what < 52) sendWheel(widget);
-    else if (what < 74) sendKey(widget);
-    else if (what < 86) sendText(widget);
-    else if (what < 91) resizeTarget();
-    else if (what < 94) _target->hide();
-    else useWindow();
+    if (what < 10)
+        sendMouse(widget, QEvent::MouseButtonPress, pickPoint(widget), pickButton());
+    else if (what < 18)
+        sendMouse(widget, QEvent::MouseMove, pickPoint(widget), pickButton());
+    else if (what < 26)
+        sendMouse(widget, QEvent::MouseButtonRelease, pickPoint(widget), pickButton());
+    else if (what < 40)
+        sendDrag(widget);
+    else if (what < 44)
+        sendMouse(widget, QEvent::MouseButtonDblClick, pickPoint(widget), pickButton());
+    else if (what < 52)
+        sendWheel(widget);
+    else if (what < 74)
+        sendKey(widget);
+    else if (what < 86)
+        sendText(widget);
+    else if (what < 91)
+        resizeTarget();
+    else if (what < 94)
+        _target->hide();
+    else
+        useWindow();
 }
 
 /// Help pages and colour dialogs come one more with every click.
@@ -504,7 +530,8 @@ void MonkeyTest::segyMenuTabs()
     QFETCH(int, nTabs);
     Monkey monkey(_seed, _home.path());
     const QString broken = monkey.run(_nEvents / nTabs, [&] {
-        return tabOf(shown<SegyMenuDialog>(monkey.window.get(), "SegyMenuDialog", &MainWindow::segyMenu), "tabWidget", tab);
+        return tabOf(shown<SegyMenuDialog>(monkey.window.get(), "SegyMenuDialog", &MainWindow::segyMenu), "tabWidget",
+                     tab);
     });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
@@ -560,7 +587,8 @@ void MonkeyTest::assumptionsPanel()
     Monkey monkey(_seed, _home.path());
     AssumptionsPanel* panel = monkey.window->assumptionsPanel();
     std::vector<SegyAssumption> assumptions;
-    for (int i = 0; i < 40; ++i) assumptions.push_back({.name = "taken for granted " + std::to_string(i), .consequence = "so"});
+    for (int i = 0; i < 40; ++i)
+        assumptions.push_back({.name = "taken for granted " + std::to_string(i), .consequence = "so"});
     panel->setAssumptions(assumptions);
     const QString broken = monkey.run(_nEvents, [&] { return panel; });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
@@ -569,18 +597,16 @@ void MonkeyTest::assumptionsPanel()
 void MonkeyTest::titles()
 {
     Monkey monkey(_seed, _home.path());
-    const QString broken = monkey.run(_nEvents, [&] {
-        return shown<Titles>(monkey.window.get(), "Titles", &MainWindow::titleMenu);
-    });
+    const QString broken =
+        monkey.run(_nEvents, [&] { return shown<Titles>(monkey.window.get(), "Titles", &MainWindow::titleMenu); });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
 
 void MonkeyTest::drawing()
 {
     Monkey monkey(_seed, _home.path());
-    const QString broken = monkey.run(_nEvents, [&] {
-        return shown<DrawDialog>(monkey.window.get(), "DrawDialog", &MainWindow::drawMenu);
-    });
+    const QString broken = monkey.run(
+        _nEvents, [&] { return shown<DrawDialog>(monkey.window.get(), "DrawDialog", &MainWindow::drawMenu); });
     QVERIFY2(broken.isEmpty(), qPrintable(broken));
 }
 

@@ -1,11 +1,11 @@
 /// The parameter menu as a whole: its tabs, the choice of the display, and its place in the main window.
 #include "analysis/parmmenudialog.h"
 
-#include "display/colorbardialog.h"
-#include "display/displaymenu.h"
-#include "display/imagestorage.h"
-#include "display/myqwtplotcanvas.h"
-#include "display/scalemenu.h"
+#include "display/images/imagestorage.h"
+#include "display/images/myqwtplotcanvas.h"
+#include "display/menus/colorbardialog.h"
+#include "display/menus/displaymenu.h"
+#include "display/menus/scalemenu.h"
 #include "display/seismicplot.h"
 #include "frame/conditioningpreset.h"
 #include "frame/mainwindow.h"
@@ -78,7 +78,8 @@ struct MenuFixture : DisplayFixture {
         dialog = std::make_unique<ParmMenuDialog>(nullptr, &displays, &store, &others);
         dialog->show();
     }
-    template <typename Control> Control* find(const char* name)
+    template <typename Control>
+    Control* find(const char* name)
     {
         auto* control = dialog->findChild<Control*>(name);
         if (!control) qFatal("no control %s", name);
@@ -170,10 +171,10 @@ void ParmMenuDialogTest::theTabShowsWhatEachDisplayIsConditionedBy()
 {
     MenuFixture f;
     const auto shown = [&f] {
-        return QStringList({f.find<QCheckBox>("agcBox")->isChecked() ? "AGC" : "none", f.find<NumberEdit>("agcEdit")->text(),
-                            f.find<QCheckBox>("phseBox")->isChecked() ? "phase" : "none",
-                            f.find<NumberEdit>("phseEdit")->text(),
-                            QString::number(f.find<QSlider>("phseSlider")->value())});
+        return QStringList(
+            {f.find<QCheckBox>("agcBox")->isChecked() ? "AGC" : "none", f.find<NumberEdit>("agcEdit")->text(),
+             f.find<QCheckBox>("phseBox")->isChecked() ? "phase" : "none", f.find<NumberEdit>("phseEdit")->text(),
+             QString::number(f.find<QSlider>("phseSlider")->value())});
     };
     f.others[0]->seismicPlot()->applyAGC(true, 300);
     f.others[0]->seismicPlot()->applyPhase(true, -75);
@@ -254,11 +255,10 @@ void ParmMenuDialogTest::gainControlRefreshesTheAutomaticRange()
     const QString before = f.find<NumberEdit>("lmaxEdit")->text();
     f.find<QCheckBox>("agcBox")->click();
     QVERIFY(f.find<NumberEdit>("lmaxEdit")->text() != before);
-    QCOMPARE(f.find<NumberEdit>("lmaxEdit")->text(),
-             QString::number(double(f[0]->seismicPlot()->rangeMax()), 'g', 6));
+    QCOMPARE(f.find<NumberEdit>("lmaxEdit")->text(), QString::number(double(f[0]->seismicPlot()->rangeMax()), 'g', 6));
 }
 
-#define NEEDS_TEST_DATA()                                                                                    \
+#define NEEDS_TEST_DATA() \
     if (!hasTestData()) QSKIP("no real data files")
 
 /// A window with its parameter menu.

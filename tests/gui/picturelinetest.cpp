@@ -1,8 +1,8 @@
 /// What a picture tells about itself: keys, conditioning, gain, overlay, direction, polarity and colours.
-#include "display/colorstrip.h"
 #include "display/pictureline.h"
-#include "display/recordaxisscaledraw.h"
+#include "display/colors/colorstrip.h"
 #include "display/seismicplot.h"
+#include "display/zoom/recordaxisscaledraw.h"
 #include "frame/printeddisplay.h"
 #include "frame/sectionexport.h"
 #include "tests/gui/displayfixture.h"
@@ -296,11 +296,13 @@ void PictureLineTest::titleAndLineNameTheKeysOfTheSort_data()
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("line");
     // inlines 111 to 133, crosslines 875 to 892
-    QTest::newRow("inline stack") << 9 << "ILINE_NO:111" << "ILINE_NO 111, XLINE_NO 875  to  ILINE_NO 111, XLINE_NO 892 ";
+    QTest::newRow("inline stack") << 9 << "ILINE_NO:111"
+                                  << "ILINE_NO 111, XLINE_NO 875  to  ILINE_NO 111, XLINE_NO 892 ";
     QTest::newRow("crossline stack") << 10 << "XLINE_NO:875"
                                      << "XLINE_NO 875, ILINE_NO 111  to  XLINE_NO 875, ILINE_NO 133 ";
     // A stack goes by the word of the inline, too, but is named after the line's number, which SEG-Y has no bytes for.
-    QTest::newRow("stack") << 5 << "LINE_NO :0" << "LINE_NO 0, CDP 875  to  LINE_NO 0, CDP 892 ";
+    QTest::newRow("stack") << 5 << "LINE_NO :0"
+                           << "LINE_NO 0, CDP 875  to  LINE_NO 0, CDP 892 ";
 }
 
 void PictureLineTest::titleAndLineNameTheKeysOfTheSort()
@@ -376,8 +378,9 @@ void PictureLineTest::aColourPrintHasItsStripAndAWigglePrintHasNone()
     painter.scale(0.1, 0.1);
     paintSection(&painter, sheet, content);
     painter.end();
-    QVERIFY(coloursAtTheRight(paper.copy(int(sheet.sideLabel().left * 10), 0, int(sheet.sideLabel().width * 10),
-                                         paper.height()).mirrored(true, false)) > 60);
+    QVERIFY(coloursAtTheRight(
+                paper.copy(int(sheet.sideLabel().left * 10), 0, int(sheet.sideLabel().width * 10), paper.height())
+                    .mirrored(true, false)) > 60);
 }
 
 QTEST_MAIN(PictureLineTest)

@@ -56,7 +56,8 @@ struct ListFixture : WindowFixture {
     QTableView* table() { return list()->findChild<QTableView*>("table"); }
     QString told() { return window->statusBar()->currentMessage(); }
     QString cell(int row, int column) { return table()->model()->index(row, column).data().toString(); }
-    template <typename Control> Control* inBar(const char* name)
+    template <typename Control>
+    Control* inBar(const char* name)
     {
         return window->findChild<QFrame*>("indexBar")->findChild<Control*>(name);
     }
@@ -160,8 +161,10 @@ void RecordListTest::marksAreKeptFromSessionToSession()
     {
         ListFixture f;
         for (int row : {1, 2})
-            QVERIFY(f.table()->model()->setData(f.table()->model()->index(row, RecordModel::Mark), Qt::Checked, Qt::CheckStateRole));
-        QVERIFY(f.table()->model()->setData(f.table()->model()->index(1, RecordModel::Mark), Qt::Unchecked, Qt::CheckStateRole));
+            QVERIFY(f.table()->model()->setData(f.table()->model()->index(row, RecordModel::Mark), Qt::Checked,
+                                                Qt::CheckStateRole));
+        QVERIFY(f.table()->model()->setData(f.table()->model()->index(1, RecordModel::Mark), Qt::Unchecked,
+                                            Qt::CheckStateRole));
     }
     ListFixture f;
     for (int row = 0; row < 4; ++row) QCOMPARE(isMarked(f, row), row == 2);

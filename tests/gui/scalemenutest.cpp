@@ -1,9 +1,9 @@
 /// The tab "Plot": each control driven once as a user would, and what it does to the plot.
-#include "display/scalemenu.h"
+#include "display/menus/scalemenu.h"
 
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicplot.h"
-#include "display/thinnedscaledraw.h"
+#include "display/zoom/thinnedscaledraw.h"
 #include "tests/gui/displayfixture.h"
 #include "tracedata/seismicdata.h"
 #include "widgets/numberedit.h"
@@ -64,7 +64,8 @@ struct MenuFixture : DisplayFixture {
         page = std::make_unique<ScaleMenu>(&displays, &others);
         page->show();
     }
-    template <typename Control> Control* find(const char* name)
+    template <typename Control>
+    Control* find(const char* name)
     {
         auto* control = page->findChild<Control*>(name);
         if (!control) qFatal("no control %s", name);
@@ -325,8 +326,7 @@ void ScaleMenuTest::turningThePhaseByHalfACircleFlipsTheTrace()
     f.type("phseEdit", "180");
     QVERIFY(f[0]->seismicPlot()->isPhase());
     QCOMPARE(f.find<QSlider>("phseSlider")->value(), 180);
-    for (int j = 200; j < 300; j += 7)
-        QVERIFY(std::abs(f.conditioned(2, j) + f.ensemble.samples[2][j]) < 1e-3f);
+    for (int j = 200; j < 300; j += 7) QVERIFY(std::abs(f.conditioned(2, j) + f.ensemble.samples[2][j]) < 1e-3f);
     f.box("phseBox")->click();
     QCOMPARE(f.conditioned(2, 250), 1.0f);
 }
@@ -398,11 +398,9 @@ void ScaleMenuTest::theOverlayBoxAsksForAnOverlay()
 {
     MenuFixture f;
     QSignalSpy changed(f.page.get(), &ScaleMenu::overlayChanged);
-    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"})
-        QVERIFY(!f.find<QWidget>(name)->isEnabled());
+    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"}) QVERIFY(!f.find<QWidget>(name)->isEnabled());
     f.box("opacBox")->click();
-    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"})
-        QVERIFY(f.find<QWidget>(name)->isEnabled());
+    for (const char* name : {"opacSlider", "opacEdit", "opacLabel"}) QVERIFY(f.find<QWidget>(name)->isEnabled());
     QCOMPARE(f.menu->ioverlay, 1);
     QCOMPARE(changed.count(), 1);
     f.load(f.ensemble);
@@ -458,8 +456,7 @@ void ScaleMenuTest::eachControlRepaintsOnce()
 {
     MenuFixture f;
     const auto renders = [&](const std::function<void()>& change) { return rendersOf(f[0], change); };
-    for (const char* name :
-         {"gridTBox", "gridTMinorBox", "gridSBox", "gridSMinorBox", "gridTBox", "agcBox", "phseBox"})
+    for (const char* name : {"gridTBox", "gridTMinorBox", "gridSBox", "gridSMinorBox", "gridTBox", "agcBox", "phseBox"})
         QCOMPARE(renders([&] { f.box(name)->click(); }), 1);
     for (const char* name :
          {"gridTMajorEdit", "gridTMinorEdit", "gridSMajorEdit", "gridSMinorEdit", "agcEdit", "phseEdit"})

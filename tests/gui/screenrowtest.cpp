@@ -1,9 +1,9 @@
 /// The screens of a window without the window.
+#include "frame/screenrow.h"
+#include "display/seismicplot.h"
 #include "frame/barcolumn.h"
 #include "frame/differencetool.h"
-#include "frame/screenrow.h"
 #include "frame/screensmenu.h"
-#include "display/seismicplot.h"
 #include "tests/gui/displayfixture.h"
 #include "tracedata/seismicdata.h"
 
@@ -192,7 +192,8 @@ void ScreenRowTest::theOuterAxesAreThoseOfTheRow()
 {
     RowFixture f(2);
     const auto axes = [&](int i) {
-        return QString(f[i]->axisEnabled(QwtPlot::yLeft) ? "left" : "") + (f[i]->axisEnabled(QwtPlot::yRight) ? "right" : "");
+        return QString(f[i]->axisEnabled(QwtPlot::yLeft) ? "left" : "") +
+               (f[i]->axisEnabled(QwtPlot::yRight) ? "right" : "");
     };
     QCOMPARE(axes(0), QString("left"));
     QCOMPARE(axes(1), QString("right"));

@@ -183,8 +183,9 @@ void SectionExportTest::labelsAndSideLabelAreText()
     fixture.display()->seismicPlot()->applyAGC(true, 400);
     const SvgParts svg(fixture.save("svg"));
     // 200 mm of 100 traces: a label at every fifth or tenth, CHAN is 101 at the first trace
-    for (const char* text : {"FFID:7", "CHAN", "110", "200", "0", "500", "2000", "line7.segy", "FFID 7", "3-6-50-70 Hz",
-                             "400 ms", "0 dB", "Polarity", "unknown", "FFID, CHAN", "500 at 4 ms", "5 traces/cm, 10 cm/s"})
+    for (const char* text :
+         {"FFID:7", "CHAN", "110", "200", "0", "500", "2000", "line7.segy", "FFID 7", "3-6-50-70 Hz", "400 ms", "0 dB",
+          "Polarity", "unknown", "FFID, CHAN", "500 at 4 ms", "5 traces/cm, 10 cm/s"})
         QVERIFY2(svg.texts.contains(text), qPrintable(QString(text) + " is not in: " + svg.texts.join('|')));
     QVERIFY(svg.texts.contains(QDate::currentDate().toString(Qt::ISODate)));
     QCOMPARE(svg.texts.count("500"), 2);  // left and right
@@ -275,9 +276,8 @@ void SectionExportTest::aFormerFileStaysWhereNothingCanBeWritten()
 void SectionExportTest::centimetresAndInchesFollowEachOther()
 {
     SectionFixture fixture;
-    SectionExportDialog dialog({5.0, 10.0}, [&](const SectionScale& scale) {
-        return sectionPage(*fixture.display(), scale, 15);
-    });
+    SectionExportDialog dialog({5.0, 10.0},
+                               [&](const SectionScale& scale) { return sectionPage(*fixture.display(), scale, 15); });
     dialog.show();
     const auto number = [&](const char* name) { return dialog.findChild<NumberEdit*>(name)->number(); };
     QCOMPARE(number("tpiEdit"), 12.7);

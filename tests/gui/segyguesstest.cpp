@@ -64,9 +64,7 @@ static QByteArray littleEndianBytes()
 {
     const QByteArray big = segyBytes();
     QByteArray little = big;
-    const auto swap = [&little](int at, int n) {
-        std::reverse(little.begin() + at, little.begin() + at + n);
-    };
+    const auto swap = [&little](int at, int n) { std::reverse(little.begin() + at, little.begin() + at + n); };
     put16(&little, 3212, 1);
     put16(&little, 3214, 0);
     for (int i = 0; i < 3; ++i) swap(3200 + 4 * i, 4);
@@ -127,10 +125,8 @@ void SegyGuessTest::thePressFillsTheFieldsAndShowsWhy()
     QTableWidget* facts = table(panel, "factTable");
     QCOMPARE(facts->horizontalHeaderItem(1)->text(), QString("Evidence"));
     QCOMPARE(cell(facts, "Byte order", 2), QString("little-endian: SEGY file type MSDOS"));
-    QVERIFY(
-        cell(facts, "Byte order", 1).startsWith("format code 1280 (unknown) big-endian, 5 little-endian"));
-    QCOMPARE(cell(facts, "Traces per ensemble", 2),
-             QString("2: by the reel an ensemble would end after 1 trace"));
+    QVERIFY(cell(facts, "Byte order", 1).startsWith("format code 1280 (unknown) big-endian, 5 little-endian"));
+    QCOMPARE(cell(facts, "Traces per ensemble", 2), QString("2: by the reel an ensemble would end after 1 trace"));
     QTableWidget* settings = table(panel, "settingTable");
     QCOMPARE(cell(settings, "SEGY file type", 1), QString("Standard"));
     QCOMPARE(cell(settings, "SEGY file type", 2), QString("MSDOS"));
@@ -194,8 +190,7 @@ void SegyGuessTest::aFileThatCannotBeReadKeepsTheSettings_data()
                                 << "No file to look at is named.";
     QTest::newRow("absent") << path("absent.sgy")
                             << "Cannot read file " + path("absent.sgy") + ":\nNo such file or directory.";
-    QTest::newRow("a folder") << _folder.path()
-                              << "Cannot read file " + _folder.path() + ":\nIs a directory.";
+    QTest::newRow("a folder") << _folder.path() << "Cannot read file " + _folder.path() + ":\nIs a directory.";
     // None of these ever ends, or begins.
     const QString pipe = path("pipe");
     if (!QFile::exists(pipe)) QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
@@ -249,8 +244,7 @@ void SegyGuessTest::theFirstFileOfAListIsLookedAt()
     MenuFixture menu;
     menu.edit("fileField")->setText(_file + "," + path("absent.sgy"));
     menu.click("guessButton");
-    QCOMPARE(cell(table(panelOf(&menu), "factTable"), "File", 2),
-             QString("SEG-Y; the first one of the list"));
+    QCOMPARE(cell(table(panelOf(&menu), "factTable"), "File", 2), QString("SEG-Y; the first one of the list"));
     QCOMPARE(menu.edit("nsampVal")->text(), QString());
     QCOMPARE(menu.edit("fileField")->text(), _file + "," + path("absent.sgy"));
     QCOMPARE(menu.box("formatBox")->currentText(), QString("IEEE"));
@@ -348,11 +342,10 @@ void SegyGuessTest::varyingRanksTheBytesOfTheFile()
     QStringList titles;
     for (int i = 0; i < ranking->columnCount(); ++i) titles += ranking->horizontalHeaderItem(i)->text();
     QCOMPARE(titles, QStringList({"Byte", "Width", "Standard field", "Behaviour", "Values", "Evidence"}));
-    QCOMPARE(row(ranking, 0), QStringList({"9", "4", "Field record", "repeats by ensemble", "10 to 12",
-                                           "3 values of 2 traces"}));
+    QCOMPARE(row(ranking, 0),
+             QStringList({"9", "4", "Field record", "repeats by ensemble", "10 to 12", "3 values of 2 traces"}));
     QCOMPARE(row(ranking, 1), QStringList({"1", "4", "Trace in line", "counts up", "1 to 6", "steps of 1"}));
-    QCOMPARE(row(ranking, 2),
-             QStringList({"21", "4", "CMP ensemble", "counts up", "101 to 106", "steps of 1"}));
+    QCOMPARE(row(ranking, 2), QStringList({"21", "4", "CMP ensemble", "counts up", "101 to 106", "steps of 1"}));
     QStringList constants;
     for (int i = 0; i < ranking->rowCount(); ++i)
         if (row(ranking, i)[3] == "constant") constants += row(ranking, i)[0];
@@ -366,10 +359,10 @@ void SegyGuessTest::varyingRanksTheBytesOfTheFile()
 void SegyGuessTest::varyingIsInFileOrderWhateverTheSort()
 {
     QByteArray bytes = segyBytes();
-    for (int i = 0; i < 6; ++i) put32(&bytes, 3600 + 256 * i + 8, 20 - i / 2); // FFID falls
+    for (int i = 0; i < 6; ++i) put32(&bytes, 3600 + 256 * i + 8, 20 - i / 2);  // FFID falls
     MenuFixture menu;
     QTableWidget* ranking = showVarying(&menu, writeSegy(path("falling.sgy"), bytes));
-    QCOMPARE(menu.host.loader->getMapArray()[0].itrace, 4u); // sorted
+    QCOMPARE(menu.host.loader->getMapArray()[0].itrace, 4u);  // sorted
     QCOMPARE(row(ranking, 1), QStringList({"1", "4", "Trace in line", "counts up", "1 to 6", "steps of 1"}));
 }
 
@@ -378,8 +371,7 @@ void SegyGuessTest::varyingOfALittleEndianFile()
     MenuFixture menu;
     menu.box("typeBox")->setCurrentText("MSDOS");
     QTableWidget* ranking = showVarying(&menu, writeSegy(path("little.sgy"), littleEndianBytes()));
-    QCOMPARE(row(ranking, 0).mid(0, 5),
-             QStringList({"9", "4", "Field record", "repeats by ensemble", "10 to 12"}));
+    QCOMPARE(row(ranking, 0).mid(0, 5), QStringList({"9", "4", "Field record", "repeats by ensemble", "10 to 12"}));
 }
 
 void SegyGuessTest::aClickTakesARemapRow()
@@ -389,17 +381,15 @@ void SegyGuessTest::aClickTakesARemapRow()
     auto* take = menu.find<QPushButton>("takeButton");
     QVERIFY(!take->isEnabled());
     QVERIFY(!menu.find<QCheckBox>("remapBox")->isChecked());
-    QTest::mouseClick(ranking->viewport(), Qt::LeftButton, {},
-                      ranking->visualItemRect(ranking->item(2, 1)).center());
+    QTest::mouseClick(ranking->viewport(), Qt::LeftButton, {}, ranking->visualItemRect(ranking->item(2, 1)).center());
     QVERIFY(take->isEnabled());
     QCOMPARE(menu.box("wordBox")->count(), 60);
-    QCOMPARE(menu.box("wordBox")->currentText(), QString("CHAN")); // it counts up
+    QCOMPARE(menu.box("wordBox")->currentText(), QString("CHAN"));  // it counts up
     menu.box("wordBox")->setCurrentText("FFID");
     QTest::mouseClick(take, Qt::LeftButton);
     QCOMPARE(menu.dialog->remapTable().cells[0], (std::array<QString, 4>{"FFID", "4I", "IEEE", "21"}));
     QVERIFY(menu.find<QCheckBox>("remapBox")->isChecked());
-    QVERIFY(
-        menu.find<QLabel>("answerLabel")->text().startsWith("Row 1 of the remap table: FFID, 4I, byte 21."));
+    QVERIFY(menu.find<QLabel>("answerLabel")->text().startsWith("Row 1 of the remap table: FFID, 4I, byte 21."));
     // The short constant at byte 179 goes behind it.
     for (int i = 0; i < ranking->rowCount(); ++i)
         if (row(ranking, i)[0] == "179") ranking->selectRow(i);
@@ -420,8 +410,7 @@ void SegyGuessTest::aFullRemapTableTakesNoRow()
     QTableWidget* ranking = showVarying(&menu, _file);
     ranking->selectRow(0);
     menu.click("takeButton");
-    QCOMPARE(menu.find<QLabel>("answerLabel")->text(),
-             QString("The remap table has no row left; nothing was taken."));
+    QCOMPARE(menu.find<QLabel>("answerLabel")->text(), QString("The remap table has no row left; nothing was taken."));
     QVERIFY(menu.dialog->remapTable() == full);
 }
 
@@ -432,7 +421,7 @@ void SegyGuessTest::theRowThatWasTakenIsReadFromThenOn()
     menu.host.loader->loadNextEnsemble(0);
     const int word = menu.host.loader->segyHeader()->OrvinHeaderIndex("SOURCE  ");
     QCOMPARE(menu.host.loader->getHeaders()[0][word], 0);
-    ranking->selectRow(2); // the CMP number
+    ranking->selectRow(2);  // the CMP number
     menu.box("wordBox")->setCurrentText("SOURCE");
     menu.click("takeButton");
     menu.host.loader->loadNextEnsemble(0);

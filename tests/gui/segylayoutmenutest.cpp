@@ -86,8 +86,9 @@ void SegyLayoutMenuTest::whatIsTypedReachesTheReader()
 void SegyLayoutMenuTest::placesThatCannotBeAreRefused()
 {
     MenuFixture menu;
-    for (const auto& [name, text, old] : {std::tuple{"firstTraceVal", "3599", "3600"}, std::tuple{"firstTraceVal", "x", "3600"},
-                                          std::tuple{"headerVal", "239", "240"}, std::tuple{"headerVal", "24241", "240"}}) {
+    for (const auto& [name, text, old] :
+         {std::tuple{"firstTraceVal", "3599", "3600"}, std::tuple{"firstTraceVal", "x", "3600"},
+          std::tuple{"headerVal", "239", "240"}, std::tuple{"headerVal", "24241", "240"}}) {
         menu.edit(name)->setText(text);
         const ModalAnswer answer([](QDialog* box) { box->accept(); });
         emit menu.edit(name)->editingFinished();

@@ -25,8 +25,14 @@ inline void put(QByteArray* bytes, int at, int nBytes, int value)
 {
     for (int i = 0; i < nBytes; ++i) (*bytes)[at + i] = char(unsigned(value) >> (8 * (nBytes - 1 - i)));
 }
-inline void put32(QByteArray* bytes, int at, int value) { put(bytes, at, 4, value); }
-inline void put16(QByteArray* bytes, int at, int value) { put(bytes, at, 2, value); }
+inline void put32(QByteArray* bytes, int at, int value)
+{
+    put(bytes, at, 4, value);
+}
+inline void put16(QByteArray* bytes, int at, int value)
+{
+    put(bytes, at, 2, value);
+}
 
 /// A file with the highest byte first: 4 IEEE samples a trace at 2 ms, and six traces, of FFID 10, 10, 11, 11, 12,
 /// 12, CHAN 1 and 2, CDP 101 to 106. The text says "C 1" to "C40" at the start of its lines. Reel fields 1 to 27

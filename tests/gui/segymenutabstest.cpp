@@ -259,8 +259,10 @@ void SegyMenuTabsTest::theViewsOfAHeaderHaveTheToldColumns()
     QCOMPARE(rows(buildShortHeader(header, false))[2], QStringList({"3", "258", "258", "513", "513"}));
     QCOMPARE(rows(buildShortHeader(header, true))[1], QStringList({"1", "-2", "65534", "-257", "65279"}));
     // 0x0102feff and the reverse, 0xfffe0201.
-    QCOMPARE(rows(buildIntegerHeader(header, false))[1], QStringList({"1", "16973567", "16973567", "-130559", "4294836737"}));
-    QCOMPARE(rows(buildIntegerHeader(header, true))[1], QStringList({"1", "-130559", "4294836737", "16973567", "16973567"}));
+    QCOMPARE(rows(buildIntegerHeader(header, false))[1],
+             QStringList({"1", "16973567", "16973567", "-130559", "4294836737"}));
+    QCOMPARE(rows(buildIntegerHeader(header, true))[1],
+             QStringList({"1", "-130559", "4294836737", "16973567", "16973567"}));
     // 0x41100000: 9.0 as IEEE, 1.0 as IBM; the reverse is 0x00001041, a denormal: 4161 times 2 to the -149.
     const QStringList floats = rows(buildFloatHeader(header, false))[2];
     QCOMPARE(floats.mid(0, 3), QStringList({"5", "9", "1"}));
@@ -296,7 +298,11 @@ void SegyMenuTabsTest::theByteViewsShowTheBytesOfTheFile()
         menu.showTab(3);
         const auto row = [&menu](int view, int byte, int width) {
             menu.find<QRadioButton>(qPrintable(QString("radio%1").arg(view + 1)))->click();
-            return menu.text("segyheadermenu")->toPlainText().split('\n')[(byte - 1) / width + 1].simplified().split(' ');
+            return menu.text("segyheadermenu")
+                ->toPlainText()
+                .split('\n')[(byte - 1) / width + 1]
+                .simplified()
+                .split(' ');
         };
         // In the file's order the halves stand highest first, or lowest first; 256 and 512 are 1 and 2 turned over.
         const QStringList high{"1", "1", "256", "256"}, low{"2", "2", "512", "512"};

@@ -105,9 +105,8 @@ void SegyMenuTest::theLoadTabHasTheToldChoices()
              QStringList({"Get From Data", "FFID", "Source", "Receiver", "CDP Gather", "Stack", "Offset",
                           "In-Line CDP Gather", "X-Line CDP Gather", "In-Line Stack", "X-Line Stack", "Trace Number"}));
     QCOMPARE(items(menu.box("typeBox")), QStringList({"Standard", "MSDOS"}));
-    QCOMPARE(items(menu.box("formatBox")),
-             QStringList({"Get From Data", "IEEE", "IBM", "Integer (4 byte)", "Integer (2 byte)", "Integer (1 byte)",
-                          "Integer W/Gain"}));
+    QCOMPARE(items(menu.box("formatBox")), QStringList({"Get From Data", "IEEE", "IBM", "Integer (4 byte)",
+                                                        "Integer (2 byte)", "Integer (1 byte)", "Integer W/Gain"}));
     for (const char* name : {"variBox", "coorBox", "elevBox", "indexBox"})
         QCOMPARE(items(menu.box(name)), QStringList({"No", "Yes"}));
     QStringList labels;
@@ -128,10 +127,10 @@ void SegyMenuTest::theLoadTabHasTheToldChoices()
 void SegyMenuTest::everyControlHasATipAndItsPlaceInTheTabOrder()
 {
     MenuFixture menu;
-    const char* const order[] = {"fileField", "browseButton", "sortBox", "typeBox",  "formatBox",
-                                 "maxVal",    "nsampVal",     "srateVal", "variBox", "coorBox",
-                                 "elevBox",   "indexBox",     "remapBox", "remapButton", "guessButton"};  // no index to build yet
-    menu.dialog->activateWindow();  // the file is asked for first
+    const char* const order[] = {"fileField", "browseButton", "sortBox",    "typeBox", "formatBox", "maxVal",
+                                 "nsampVal",  "srateVal",     "variBox",    "coorBox", "elevBox",   "indexBox",
+                                 "remapBox",  "remapButton",  "guessButton"};  // no index to build yet
+    menu.dialog->activateWindow();                                             // the file is asked for first
     QTRY_VERIFY(menu.edit("fileField")->hasFocus());
     for (const char* name : order) {
         QCOMPARE(menu.dialog->focusWidget()->objectName(), QString(name));
@@ -234,16 +233,36 @@ void SegyMenuTest::aWrongNumberIsRefusedAndTheOldTextComesBack_data()
     QTest::addColumn<QString>("field");
     QTest::addColumn<QString>("wrong");
     QTest::addColumn<QString>("right");
-    QTest::newRow("no traces") << "maxVal" << "0" << "24";
-    QTest::newRow("a fraction of a trace") << "maxVal" << "2.5" << "24";
-    QTest::newRow("letters") << "nsampVal" << "many" << "1501";
-    QTest::newRow("less than no samples") << "nsampVal" << "-4" << "1501";
-    QTest::newRow("more than an int holds") << "nsampVal" << "99999999999" << "1501";
-    QTest::newRow("no rate") << "srateVal" << "0" << "4";
-    QTest::newRow("below the least rate") << "srateVal" << "9e-8" << "1e-7";
-    QTest::newRow("not a number") << "srateVal" << "nan" << "0.25";
-    QTest::newRow("infinite") << "srateVal" << "inf" << "0.25";
-    QTest::newRow("a decimal comma") << "srateVal" << "0,5" << "0.5";
+    QTest::newRow("no traces") << "maxVal"
+                               << "0"
+                               << "24";
+    QTest::newRow("a fraction of a trace") << "maxVal"
+                                           << "2.5"
+                                           << "24";
+    QTest::newRow("letters") << "nsampVal"
+                             << "many"
+                             << "1501";
+    QTest::newRow("less than no samples") << "nsampVal"
+                                          << "-4"
+                                          << "1501";
+    QTest::newRow("more than an int holds") << "nsampVal"
+                                            << "99999999999"
+                                            << "1501";
+    QTest::newRow("no rate") << "srateVal"
+                             << "0"
+                             << "4";
+    QTest::newRow("below the least rate") << "srateVal"
+                                          << "9e-8"
+                                          << "1e-7";
+    QTest::newRow("not a number") << "srateVal"
+                                  << "nan"
+                                  << "0.25";
+    QTest::newRow("infinite") << "srateVal"
+                              << "inf"
+                              << "0.25";
+    QTest::newRow("a decimal comma") << "srateVal"
+                                     << "0,5"
+                                     << "0.5";
 }
 
 void SegyMenuTest::aWrongNumberIsRefusedAndTheOldTextComesBack()
@@ -439,8 +458,9 @@ void SegyMenuTest::theTabsFollowTheNewLoader()
     put32(&bytes, 3200, 77);
     menu.showTab(0);
     menu.open(writeSegy(_folder.path() + "/two.sgy", bytes), 1);
-    QVERIFY(menu.text("segybinarymenu")->toPlainText().startsWith(QString("Job identification number:")
-                                                                      .leftJustified(40) + "77\n"));
+    QVERIFY(menu.text("segybinarymenu")
+                ->toPlainText()
+                .startsWith(QString("Job identification number:").leftJustified(40) + "77\n"));
     QVERIFY(menu.text("segyebcdicmenu")->toPlainText().split('\n')[1].startsWith("CC"));
     QCOMPARE(menu.find<QSpinBox>("spinBox")->value(), 1);
     QCOMPARE(menu.find<QSpinBox>("spinBox")->maximum(), 2);

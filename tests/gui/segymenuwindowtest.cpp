@@ -3,7 +3,6 @@
 #include "display/seismicdisplay.h"
 #include "display/seismicplot.h"
 #include "frame/mainwindow.h"
-#include "frame/menudefaults.h"
 #include "frame/windowactions.h"
 #include "host/globals.h"
 #include "sources/menus/segyrecdialog.h"
@@ -12,6 +11,7 @@
 #include "tests/gui/segymenufixture.h"
 #include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 
 #include <QCheckBox>
@@ -73,10 +73,7 @@ struct SegyWindow : WindowFixture {
         if (!control) qFatal("no control %s", name);
         return control;
     }
-    QString text(const char* tab)
-    {
-        return find<QWidget>(tab)->findChild<QPlainTextEdit*>("textEdit")->toPlainText();
-    }
+    QString text(const char* tab) { return find<QWidget>(tab)->findChild<QPlainTextEdit*>("textEdit")->toPlainText(); }
     void open(const QString& file, const QString& index = "No")
     {
         action("segyAct")->trigger();
@@ -418,12 +415,26 @@ static QStringList settingsOf(const SeismicDisplay& display)
     const SeismicPlot& p = *display.seismicPlot();
     const TraceConditioner& c = p.conditioner();
     QStringList all;
-    for (const double v : {double(p.displayType()), double(p.normalization()), double(p.plotDirection()), double(p.clip()),
-                           double(p.gain()), double(p.rangeMin()), double(p.rangeMax()), double(p.isAutoGain()),
-                           double(p.bias()), double(p.isApplyBias()), double(p.traceSpacing()),
-                           double(p.isAutoTraceSpacing()), double(p.isAutoSampleSpacing()), double(c.isAGC()),
-                           double(c.agcWindow()), double(c.isPhase()), double(c.phaseAngle()), double(c.isFilter()),
-                           double(display.grid()->yEnabled()), double(display.timeIncrement())})
+    for (const double v : {double(p.displayType()),
+                           double(p.normalization()),
+                           double(p.plotDirection()),
+                           double(p.clip()),
+                           double(p.gain()),
+                           double(p.rangeMin()),
+                           double(p.rangeMax()),
+                           double(p.isAutoGain()),
+                           double(p.bias()),
+                           double(p.isApplyBias()),
+                           double(p.traceSpacing()),
+                           double(p.isAutoTraceSpacing()),
+                           double(p.isAutoSampleSpacing()),
+                           double(c.isAGC()),
+                           double(c.agcWindow()),
+                           double(c.isPhase()),
+                           double(c.phaseAngle()),
+                           double(c.isFilter()),
+                           double(display.grid()->yEnabled()),
+                           double(display.timeIncrement())})
         all.append(QString::number(v));
     return all;
 }

@@ -1,7 +1,7 @@
 /// The display widget: load, axes, read-out, zoom and pan, as a user meets them.
-#include "display/myqwtplotcanvas.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicplot.h"
-#include "display/thinnedscaledraw.h"
+#include "display/zoom/thinnedscaledraw.h"
 #include "tests/gui/displayfixture.h"
 #include "tracedata/seismicdata.h"
 
@@ -143,7 +143,8 @@ void SeismicDisplayTest::aDragZoomsAndTheRightButtonGoesBack()
     QVERIFY(fixture[0]->isZoomed());
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::xTop).minValue() - 5.0) < 0.1);
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).maxValue() - 1200.0) < 5.0);
-    QVERIFY(fixture[0]->axisScaleDiv(QwtPlot::yLeft).lowerBound() > fixture[0]->axisScaleDiv(QwtPlot::yLeft).upperBound());
+    QVERIFY(fixture[0]->axisScaleDiv(QwtPlot::yLeft).lowerBound() >
+            fixture[0]->axisScaleDiv(QwtPlot::yLeft).upperBound());
     QCOMPARE(shown(fixture[0], QwtPlot::xBottom).minValue(), shown(fixture[0], QwtPlot::xTop).minValue());
     QTest::mouseClick(canvas, Qt::RightButton, Qt::NoModifier, QPoint(50, 50));
     QVERIFY(!fixture[0]->isZoomed());
@@ -263,7 +264,8 @@ void SeismicDisplayTest::plusAndMinusKeysMagnify()
     TestEnsemble ensemble(20, 500);
     fixture.load(ensemble);
     QTest::keyClick(fixture[0]->canvas(), Qt::Key_Plus);
-    QVERIFY2(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 1800.0) < 0.5, qPrintable(QString::number(shown(fixture[0], QwtPlot::yLeft).width())));
+    QVERIFY2(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 1800.0) < 0.5,
+             qPrintable(QString::number(shown(fixture[0], QwtPlot::yLeft).width())));
     QTest::keyClick(fixture[0]->canvas(), Qt::Key_Minus);
     QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).width() - 2000.0) < 0.5);
 }
@@ -590,8 +592,7 @@ void SeismicDisplayTest::labelsStandOnTracesOnly()
 void SeismicDisplayTest::traceLabelsNeverTouch_data()
 {
     QTest::addColumn<int>("nTraces");
-    for (const int n : {1, 2, 3, 4, 7, 20, 120, 999, 30000})
-        QTest::newRow(QByteArray::number(n)) << n;
+    for (const int n : {1, 2, 3, 4, 7, 20, 120, 999, 30000}) QTest::newRow(QByteArray::number(n)) << n;
 }
 
 /// Checks the labels as they would be painted: apart from each other, and at least two of three traces.

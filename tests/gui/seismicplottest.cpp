@@ -1,6 +1,6 @@
-#include "display/colorbarframe.h"
-#include "display/plotowner.h"
 #include "display/seismicplot.h"
+#include "display/colors/colorbarframe.h"
+#include "display/plotowner.h"
 #include "tracedata/seismicdata.h"
 
 #include <QPainter>
@@ -169,9 +169,9 @@ void SeismicPlotTest::automaticSpacingsFillTheRectangle()
 {
     _plot->setDataLoaded(true);
     _plot->setOutputBuffers(QRect(0, 0, 230, 115));
-    QCOMPARE(_plot->traceSpacing(), 2.5f);     // 5 traces on 2 inches
+    QCOMPARE(_plot->traceSpacing(), 2.5f);  // 5 traces on 2 inches
     QCOMPARE(_plot->plotTraceCount(), 5.0f);
-    QCOMPARE(_plot->sampleSpacing(), 50.0f);   // 50 samples on 1 inch
+    QCOMPARE(_plot->sampleSpacing(), 50.0f);  // 50 samples on 1 inch
     QCOMPARE(_plot->plotSampleCount(), 50.0f);
 }
 
@@ -450,8 +450,8 @@ void SeismicPlotTest::drawsAtTheCanvasInDevicePixels()
     _plot->setDataLoaded(true);
     _plot->computeNormalizer();
     const QImage canvas = drawn(ratio, {100, 80}, scaleMap(0, 5, 0, 100), scaleMap(100, 0, 80, 0));
-    const QImage wanted = _plot->renderImage2(scaleMap(0, 5, 0, 100 * ratio), scaleMap(100, 0, 80 * ratio, 0),
-                                              QRectF(0, 0, 5, 100));
+    const QImage wanted =
+        _plot->renderImage2(scaleMap(0, 5, 0, 100 * ratio), scaleMap(100, 0, 80 * ratio, 0), QRectF(0, 0, 5, 100));
     QCOMPARE(wanted.size(), QSize(int(100 * ratio), int(80 * ratio)));
     QCOMPARE(canvas, wanted);
 }

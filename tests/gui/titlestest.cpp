@@ -1,5 +1,5 @@
 /// The dialog "Titles": each control driven as a user would, and what stands around the plots then.
-#include "display/titles.h"
+#include "display/menus/titles.h"
 
 #include "display/seismicplot.h"
 #include "tests/gui/displayfixture.h"
@@ -118,7 +118,8 @@ void TitlesTest::theTitleStandsFirstInTheStatusBarAndGoes()
         QVERIFY(fixture.titleInBar()->geometry().right() < other->geometry().left());
         int stretch = -1;
         for (const QBoxLayout* layout : fixture.status.findChildren<QBoxLayout*>())
-            if (layout->indexOf(fixture.titleInBar()) >= 0) stretch = layout->stretch(layout->indexOf(fixture.titleInBar()));
+            if (layout->indexOf(fixture.titleInBar()) >= 0)
+                stretch = layout->stretch(layout->indexOf(fixture.titleInBar()));
         QCOMPARE(stretch, 1000);
         fixture.find<QCheckBox>("enabBox")->click();
         QVERIFY(!fixture.titleInBar());
@@ -340,8 +341,8 @@ void TitlesTest::returnInAFieldHidesNothingAndDismissDoes()
 void TitlesTest::everyControlHasATip()
 {
     TitlesFixture fixture;
-    for (const char* name : {"enabBox", "titleEdit", "colorButton", "fontButton", "titleVEdit", "titleVBox", "areaBox",
-                             "dismissButton"})
+    for (const char* name :
+         {"enabBox", "titleEdit", "colorButton", "fontButton", "titleVEdit", "titleVBox", "areaBox", "dismissButton"})
         QVERIFY2(!fixture.find<QWidget>(name)->toolTip().isEmpty(), name);
 }
 

@@ -32,7 +32,8 @@ struct GreyMap : DisplayFixture {
     std::map<QRgb, double> values;
 
     /// @param valueOf  amplitude of a trace and a sample, both from 0; 0 to `largest`
-    template <typename Value> GreyMap(const Value& valueOf, float largest) : DisplayFixture(1, nSamples)
+    template <typename Value>
+    GreyMap(const Value& valueOf, float largest) : DisplayFixture(1, nSamples)
     {
         for (int i = 0; i < nTraces; ++i)
             for (int j = 0; j < nSamples; ++j) ensemble.samples[i][j] = valueOf(i, j);
@@ -71,12 +72,11 @@ static void makeSlice(GreyMap* f, int line)
 static void addViews()
 {
     // traces from, traces, samples from, samples
-    const double views[][4] = {{0, 21, 0, 200},    {5, 10, 40, 80},     {0, 21, 30.4, 20.2}, {12, 3, 100, 5},
-                               {-10, 45, -60, 400}, {-1, 25, -0.5, 220}, {3, 30, 150, 90},    {-6.3, 12, -30, 60},
-                               {-200, 500, -900, 2500}, {10, 40, 120.7, 400}, {-3, 6, -4.3, 9}, {17, 9, 195, 9}};
+    const double views[][4] = {{0, 21, 0, 200},         {5, 10, 40, 80},      {0, 21, 30.4, 20.2}, {12, 3, 100, 5},
+                               {-10, 45, -60, 400},     {-1, 25, -0.5, 220},  {3, 30, 150, 90},    {-6.3, 12, -30, 60},
+                               {-200, 500, -900, 2500}, {10, 40, 120.7, 400}, {-3, 6, -4.3, 9},    {17, 9, 195, 9}};
     for (const auto& v : views)
-        QTest::addRow("traces %g + %g samples %g + %g", v[0], v[1], v[2], v[3])
-            << QRectF(v[0], v[2], v[1], v[3]);
+        QTest::addRow("traces %g + %g samples %g + %g", v[0], v[1], v[2], v[3]) << QRectF(v[0], v[2], v[1], v[3]);
 }
 
 void ViewTest::eachPixelShowsTheSampleOfTheReadOut_data()
@@ -182,8 +182,8 @@ void ViewTest::theWheelAndThePannerLeaveTheDataAtTheirTimes()
     f.learnColors();
     for (int turn = 0; turn < 8; ++turn) {
         const int delta = turn < 4 ? 120 : -120;
-        QWheelEvent wheel(QPointF(100, 100), QPointF(100, 100), QPoint(), QPoint(0, delta), Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
+        QWheelEvent wheel(QPointF(100, 100), QPointF(100, 100), QPoint(), QPoint(0, delta), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(f[0]->canvas(), &wheel);
         const QImage picture = f.picture();
         const double perRow = f[0]->visibleRect().height() / 4.0 / picture.height();
@@ -253,7 +253,8 @@ void ViewTest::noTraceIsPiledUpAtTheEdgeOfAWideView()
     for (int i = 0; i < 7; ++i) {
         const double wanted = f[0]->canvasMap(QwtPlot::xTop).transform(i + 1.0);
         // two positions are cut to whole pixels: that of the first trace, and the distance to it
-        QVERIFY2(std::abs(black[i] - wanted) <= 2.0, qPrintable(QString("trace %1 at %2 not %3").arg(i + 1).arg(black[i]).arg(wanted)));
+        QVERIFY2(std::abs(black[i] - wanted) <= 2.0,
+                 qPrintable(QString("trace %1 at %2 not %3").arg(i + 1).arg(black[i]).arg(wanted)));
     }
 }
 

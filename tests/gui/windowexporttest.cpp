@@ -1,6 +1,6 @@
 /// What the window's own file dialogs lead to: opening, and exports by name.
-#include "display/imagestorage.h"
-#include "display/myqwtplotcanvas.h"
+#include "display/images/imagestorage.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "frame/printeddisplay.h"
 #include "sources/menus/segyebcdicmenu.h"
 #include "sources/menus/segyremapdialog.h"

@@ -4,9 +4,9 @@
 
 #include "display/seismicdisplay.h"
 #include "frame/mainwindow.h"
-#include "frame/menudefaults.h"
 #include "frame/windowactions.h"
 #include "sources/segyloadparm.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 
 #include <QAction>

@@ -1,5 +1,5 @@
 /// The tools of a main window hear what it does.
-#include "display/drawdialog.h"
+#include "display/menus/drawdialog.h"
 #include "sources/segyloader.h"
 #include "tests/gui/modalanswer.h"
 #include "tests/gui/segymenufixture.h"

@@ -96,7 +96,8 @@ void ZoomLinkTest::timesOfSistersStandInLineBesideAScrollBar()
     const auto pixelsOf = [&f](int i) {
         QList<int> pixels;
         for (const double ms : {0.0, 400.0, 777.0, 1200.0, 1999.0})
-            pixels.append(f[i]->canvas()->mapTo(f[i], QPoint(0, qRound(f[i]->canvasMap(QwtPlot::yLeft).transform(ms)))).y());
+            pixels.append(
+                f[i]->canvas()->mapTo(f[i], QPoint(0, qRound(f[i]->canvasMap(QwtPlot::yLeft).transform(ms)))).y());
         return pixels;
     };
     const QList<int> whole = pixelsOf(0);

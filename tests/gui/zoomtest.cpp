@@ -1,10 +1,10 @@
 /// Zoomer, panner and magnifier on a plain plot, and what they do to a display.
-#include "display/myqwtplotcanvas.h"
-#include "display/myqwtplotmagnifier.h"
-#include "display/myqwtplotpanner.h"
-#include "display/myqwtplotzoomer.h"
-#include "display/recordaxisscaledraw.h"
+#include "display/images/myqwtplotcanvas.h"
 #include "display/seismicplot.h"
+#include "display/zoom/myqwtplotmagnifier.h"
+#include "display/zoom/myqwtplotpanner.h"
+#include "display/zoom/myqwtplotzoomer.h"
+#include "display/zoom/recordaxisscaledraw.h"
 #include "host/flow/stheader.h"
 #include "tests/gui/displayfixture.h"
 #include "tracedata/seismicdata.h"
@@ -186,7 +186,7 @@ void ZoomTest::backFromAZoomIsWhatWasShownBefore()
     PlainPlot p;
     OpenZoomer zoomer(p.plot.canvas());
     zoomer.setZoomBase(QRectF(0.0, 0.0, 200.0, 2000.0));  // the axes show a quarter of it
-    p.show(QwtPlot::xTop, 80.0, 180.0);                    // panned
+    p.show(QwtPlot::xTop, 80.0, 180.0);                   // panned
     QCOMPARE(zoomer.restRect(), QRectF(80.0, 0.0, 100.0, 1000.0));
     zoomer.zoom(QRectF(150.0, 100.0, 20.0, 100.0));
     QCOMPARE(zoomer.zoomRect(), QRectF(150.0, 100.0, 20.0, 100.0));
@@ -338,8 +338,8 @@ void ZoomTest::factorsThatAreNoMagnificationDoNothing()
     MyQwtPlotMagnifier magnifier(p.plot.canvas());
     magnifier.setKeyFactor(0.0);  // zooming out by it would be a division by 0
     QTest::keyClick(p.plot.canvas(), Qt::Key_Minus);
-    for (const double factor : {0.0, 1.0, std::numeric_limits<double>::infinity(),
-                                std::numeric_limits<double>::quiet_NaN()})
+    for (const double factor :
+         {0.0, 1.0, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()})
         magnifier.rescale(factor);
     QCOMPARE(p.shown(QwtPlot::xTop), QwtInterval(0.0, 100.0));
     for (int i = 0; i < 8000; ++i) magnifier.rescale(2.0);  // far past the largest number
@@ -636,7 +636,9 @@ void ZoomTest::oneTraceAndFewSamplesAreShown()
         QVERIFY(shown(fixture[0], QwtPlot::xTop).maxValue() >= 2.0);  // a trace is never wider than an inch
         QVERIFY(qAbs(shown(fixture[0], QwtPlot::yLeft).maxValue() - 4.0 * nSamples) < 1e-3);
         const int onTrace = qRound(fixture[0]->canvasMap(QwtPlot::xTop).transform(1.0));
-        QVERIFY(fixture[0]->readoutAt(QPoint(onTrace, 400)).contains(nSamples == 1 ? "Amp:          0" : "Amp:          1"));
+        QVERIFY(fixture[0]
+                    ->readoutAt(QPoint(onTrace, 400))
+                    .contains(nSamples == 1 ? "Amp:          0" : "Amp:          1"));
         QVERIFY(!fixture[0]->readoutAt(QPoint(500, 400)).contains("Amp:"));  // where no trace stands
     }
 }

@@ -1,12 +1,12 @@
 /// Labels and steps of the axes.
-#include "display/axisstep.h"
-#include "display/pickertools.h"
 #include "display/statuslines.h"
-#include "display/myqwtplotmagnifier.h"
-#include "display/myqwtplotpanner.h"
-#include "display/myqwtplotzoomer.h"
-#include "display/recordaxisscaledraw.h"
-#include "display/seismicaxisscaledraw.h"
+#include "display/tools/pickertools.h"
+#include "display/zoom/axisstep.h"
+#include "display/zoom/myqwtplotmagnifier.h"
+#include "display/zoom/myqwtplotpanner.h"
+#include "display/zoom/myqwtplotzoomer.h"
+#include "display/zoom/recordaxisscaledraw.h"
+#include "display/zoom/seismicaxisscaledraw.h"
 
 #include <gtest/gtest.h>
 
@@ -196,8 +196,7 @@ TEST(Magnifier, EachWholeNotchOfTheWheelCounts)
 TEST(PickerTools, TheControlLineTellsTheButtonsAndTheMode)
 {
     PickerTools pickers;
-    EXPECT_EQ(controlLine(true, "", false),
-              "MB1 down and drag: zoom,   MB2 down and drag: pann,    MB3 down: unzoom");
+    EXPECT_EQ(controlLine(true, "", false), "MB1 down and drag: zoom,   MB2 down and drag: pann,    MB3 down: unzoom");
     EXPECT_EQ(controlLine(false, pickers[Picker::Spectrum].controlText(), true),
               "CTRL MB1 down and drag: zoom,   CTRL MB2 down and drag: pann,    CTRL MB3 down: unzoom"
               "   MB1 down/drag: show spectrum,   SHFT MB3: context menu");

@@ -1,5 +1,5 @@
 /// The numbers behind a display's axes: windows of samples, scales, steps, places of traces, titles.
-#include "display/axisarithmetic.h"
+#include "display/zoom/axisarithmetic.h"
 
 #include <gtest/gtest.h>
 

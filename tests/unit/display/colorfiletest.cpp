@@ -1,4 +1,4 @@
-#include "display/colorfile.h"
+#include "display/colors/colorfile.h"
 
 #include <gtest/gtest.h>
 
@@ -42,8 +42,7 @@ TEST(ColorFile, RefusesABrokenFileNamingFileAndLineAndKeepsTheOld)
         {"256,1,2\n", "a.col, line 1: two fields with a comma between them are wanted"},
         {"0,1\n", "a.col, line 1: number of colors: \"0\" is not a number from 1 to 65536"},
         {"70000,1\n", "a.col, line 1: number of colors: \"70000\" is not a number from 1 to 65536"},
-        {"99999999999,1\n",
-         "a.col, line 1: number of colors: \"99999999999\" is not a number from 1 to 65536"},
+        {"99999999999,1\n", "a.col, line 1: number of colors: \"99999999999\" is not a number from 1 to 65536"},
         {"256,x\n", "a.col, line 1: color mode: \"x\" is not a whole number"},
         {"256,1\n0.5\n", "a.col, line 2: two fields with a comma between them are wanted"},
         {"256,1\n\nhalf,3\n", "a.col, line 3: position: \"half\" is not a number"},

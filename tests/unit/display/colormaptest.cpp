@@ -1,4 +1,4 @@
-#include "display/colormap.h"
+#include "display/colors/colormap.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "display/colortable.h"
+#include "display/colors/colortable.h"
 
 #include <gtest/gtest.h>
 
@@ -45,8 +45,7 @@ TEST(ColorTable, WithoutColourIsSplitInBlackAndWhite)
     ColorTable table;
     ASSERT_EQ(table.colorType(), ColorNo);
     table.setNumColors(5);
-    const QRgb wanted[] = {qRgb(0, 0, 0), qRgb(0, 0, 0), qRgb(255, 255, 255), qRgb(255, 255, 255),
-                           qRgb(255, 255, 255)};
+    const QRgb wanted[] = {qRgb(0, 0, 0), qRgb(0, 0, 0), qRgb(255, 255, 255), qRgb(255, 255, 255), qRgb(255, 255, 255)};
     for (int i = 0; i < 5; ++i) EXPECT_EQ(table.rgbArray()[i], wanted[i]) << i;
 }
 

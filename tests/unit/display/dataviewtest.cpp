@@ -1,4 +1,4 @@
-#include "display/dataview.h"
+#include "display/raster/dataview.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "display/ensemblecopy.h"
+#include "display/raster/ensemblecopy.h"
 
 #include <gtest/gtest.h>
 

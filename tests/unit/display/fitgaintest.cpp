@@ -1,6 +1,6 @@
-#include "display/fitgain.h"
+#include "display/raster/fitgain.h"
 
-#include "display/traceraster.h"
+#include "display/raster/traceraster.h"
 
 #include <gtest/gtest.h>
 

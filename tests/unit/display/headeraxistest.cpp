@@ -1,6 +1,6 @@
 /// Names, types and values of the keys, as the axes show them, and what stays in view when memory runs out.
-#include "display/ensemblecopy.h"
 #include "display/headeraxis.h"
+#include "display/raster/ensemblecopy.h"
 #include "host/flow/standardwords.h"
 #include "host/flow/stheader.h"
 #include "tracedata/headertable.h"
@@ -25,8 +25,14 @@ void* operator new(size_t size)
     if (!block) throw std::bad_alloc();
     return block;
 }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete(void* block, size_t) noexcept { std::free(block); }
+void operator delete(void* block) noexcept
+{
+    std::free(block);
+}
+void operator delete(void* block, size_t) noexcept
+{
+    std::free(block);
+}
 
 static int wordOf(float value)
 {
@@ -157,7 +163,8 @@ TEST_F(HeaderAxisTest, WithoutMemoryEveryColumnStaysWhereItIs)
         const int result = build({1, 1, 1, 1});
         refuseAt = 0;
         EXPECT_EQ(result, 0);
-        EXPECT_EQ(error, std::string("MERIDUNE: buildHeadersAxis, error while getting memory: ") + places[refused - 1] + ".");
+        EXPECT_EQ(error,
+                  std::string("MERIDUNE: buildHeadersAxis, error while getting memory: ") + places[refused - 1] + ".");
         EXPECT_EQ(axis.traceCount(), 2);
         EXPECT_EQ(axis.sec().values.data(), shown);
         EXPECT_EQ(axis.sec().values[2], 101.0f);
@@ -182,7 +189,8 @@ TEST_F(HeaderAxisTest, TheCopyInViewStaysWhereItIsToo)
         const int result = copy.copy(traces.data(), headers.data(), 6000, 0, 1, 6, &error);
         refuseAt = 0;
         EXPECT_EQ(result, 0);
-        EXPECT_EQ(error, std::string("MERIDUNE: loadSeismicData, error while getting memory, ") + places[refused - 1] + ".");
+        EXPECT_EQ(error,
+                  std::string("MERIDUNE: loadSeismicData, error while getting memory, ") + places[refused - 1] + ".");
         EXPECT_EQ(copy.traceCount(), 2);
         EXPECT_EQ(copy.traces(), shownTraces);
         EXPECT_EQ(copy.headers()[1], shownWords);

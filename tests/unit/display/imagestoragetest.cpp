@@ -1,5 +1,5 @@
 /// The store of pictures: what is kept with each, their order, the collection, files and the memory.
-#include "display/imagestorage.h"
+#include "display/images/imagestorage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

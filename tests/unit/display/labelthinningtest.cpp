@@ -1,4 +1,4 @@
-#include "display/labelthinning.h"
+#include "display/zoom/labelthinning.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 /// The size of a whole picture, and which one of several the mouse has come to.
-#include "display/imagetracker.h"
-#include "display/picturesize.h"
+#include "display/images/picturesize.h"
+#include "display/images/imagetracker.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "display/readout.h"
 
 #include "display/headeraxis.h"
-#include "display/velocityoverlay.h"
+#include "display/tools/velocityoverlay.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "tests/unit/display/referenceraster.h"
 
-#include "display/colortable.h"
+#include "display/colors/colortable.h"
 #include "host/numeric/antialias.h"
 #include "host/numeric/intlin.h"
 #include "host/numeric/resample.h"
@@ -36,7 +36,8 @@ static QRgb colorOf(const ColorTable& colors, double value)
 /// the latter on a strip of their own that needs no cut.
 static constexpr int longestExactStep = 189;
 
-template <typename Put> static void drawSegment(int x0, int x1, int y, Put put)
+template <typename Put>
+static void drawSegment(int x0, int x1, int y, Put put)
 {
     const int left = std::min(x0, x1);
     const int dx = std::abs(x1 - x0);
@@ -83,7 +84,7 @@ struct Reference {
     std::vector<float> outdata;
 };
 
-} // namespace
+}  // namespace
 
 bool Reference::findWindow()
 {
@@ -256,14 +257,12 @@ void Reference::paintRow(int r, QPainter* painter)
 void Reference::paint()
 {
     QPainter painter;
-    const bool hasLines =
-        parm.displayType == WiggleVA || parm.displayType == Wiggle || parm.displayType == ColorWiggle;
+    const bool hasLines = parm.displayType == WiggleVA || parm.displayType == Wiggle || parm.displayType == ColorWiggle;
     if (hasLines) {
         painter.begin(&result.image);
         painter.setPen(QPen(Qt::black, 0));
     }
-    for (int r = 0; r < height - top; ++r)
-        isMap() ? paintMapRow(r) : paintRow(r, hasLines ? &painter : nullptr);
+    for (int r = 0; r < height - top; ++r) isMap() ? paintMapRow(r) : paintRow(r, hasLines ? &painter : nullptr);
 }
 
 ReferencePicture referenceRender(const RasterParm& parm)

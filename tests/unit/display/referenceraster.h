@@ -2,7 +2,7 @@
 #ifndef REFERENCERASTER_H
 #define REFERENCERASTER_H
 
-#include "display/traceraster.h"
+#include "display/raster/traceraster.h"
 
 #include <vector>
 

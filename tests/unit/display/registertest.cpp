@@ -1,7 +1,7 @@
 /// The registers of a display: who is asked, and in which order.
-#include "display/batchhook.h"
-#include "display/orderedlist.h"
-#include "display/tracetaps.h"
+#include "display/tools/batchhook.h"
+#include "display/tools/orderedlist.h"
+#include "display/tools/tracetaps.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

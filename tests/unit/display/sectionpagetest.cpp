@@ -1,6 +1,6 @@
-#include "display/sectionpage.h"
+#include "display/paper/sectionpage.h"
 
-#include "display/traceraster.h"
+#include "display/raster/traceraster.h"
 
 #include <gtest/gtest.h>
 
@@ -52,11 +52,10 @@ TEST(SectionPage, AShortSectionLeavesRoomForItsSideLabel)
 
 TEST(SectionPage, SizesThatCannotBeAreInvalid)
 {
-    for (const auto& change : {+[](SectionParm* p) { p->nTraces = 0; }, +[](SectionParm* p) { p->nSamples = 1; },
-                               +[](SectionParm* p) { p->sampleRate = 0.0; },
-                               +[](SectionParm* p) { p->tracesPerCm = 0.0; },
-                               +[](SectionParm* p) { p->cmPerSecond = std::nan(""); },
-                               +[](SectionParm* p) { p->cmPerSecond = 1e5; }}) {
+    for (const auto& change :
+         {+[](SectionParm* p) { p->nTraces = 0; }, +[](SectionParm* p) { p->nSamples = 1; },
+          +[](SectionParm* p) { p->sampleRate = 0.0; }, +[](SectionParm* p) { p->tracesPerCm = 0.0; },
+          +[](SectionParm* p) { p->cmPerSecond = std::nan(""); }, +[](SectionParm* p) { p->cmPerSecond = 1e5; }}) {
         SectionParm parm = hundredTraces();
         change(&parm);
         const SectionPage page(parm);

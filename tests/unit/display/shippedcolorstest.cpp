@@ -1,5 +1,5 @@
 /// The color files that come with the program.
-#include "display/colorfile.h"
+#include "display/colors/colorfile.h"
 
 #include <gtest/gtest.h>
 
@@ -73,15 +73,14 @@ TEST(ShippedColors, SemblanceFallsSteadilyFromWhiteWithoutBlackAndBlue)
         const QRgb color = map.rgb(0.0, 100.0, i);
         EXPECT_LT(luminance(color), former) << i;
         former = luminance(color);
-        EXPECT_GE(qRed(color), 190) << i;          // far from black
+        EXPECT_GE(qRed(color), 190) << i;           // far from black
         EXPECT_LE(qBlue(color), qRed(color)) << i;  // never blue
     }
 }
 
 TEST(ShippedColors, AmplitudeMapsAreWhiteInTheMiddle)
 {
-    for (const char* name :
-         {"blue-white-red.col", "red-white-blue.col", "red-white-black.col", "brown-white-blue.col"})
+    for (const char* name : {"blue-white-red.col", "red-white-blue.col", "red-white-black.col", "brown-white-blue.col"})
         EXPECT_EQ(shippedMap(name).rgb(-3.0, 3.0, 0.0), qRgb(255, 255, 255)) << name;
 }
 
@@ -97,9 +96,8 @@ TEST(ShippedColors, UniformMapsHaveLinearLightness)
     for (const auto& wanted : maps) {
         const ColorMap map = shippedMap(wanted.name);
         for (int i = 0; i <= 200; ++i) {
-            const double expected = i <= 100
-                                        ? wanted.low + (wanted.middle - wanted.low) * i / 100.0
-                                        : wanted.middle + (wanted.high - wanted.middle) * (i - 100) / 100.0;
+            const double expected = i <= 100 ? wanted.low + (wanted.middle - wanted.low) * i / 100.0
+                                             : wanted.middle + (wanted.high - wanted.middle) * (i - 100) / 100.0;
             EXPECT_NEAR(lightness(map.rgb(0.0, 200.0, i)), expected, 0.6) << wanted.name << " at " << i;
         }
     }

@@ -1,4 +1,4 @@
-#include "display/traceconditioner.h"
+#include "display/raster/traceconditioner.h"
 
 #include "host/cpuvariant.h"
 #include "host/signal/bandpassfilter.h"

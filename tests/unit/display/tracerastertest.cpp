@@ -1,8 +1,8 @@
-#include "display/traceraster.h"
+#include "display/raster/traceraster.h"
 
-#include "display/colortable.h"
-#include "display/rasterpaint.h"
-#include "display/tracetap.h"
+#include "display/colors/colortable.h"
+#include "display/raster/rasterpaint.h"
+#include "display/raster/tracetap.h"
 #include "host/cpuvariant.h"
 #include "tests/unit/display/referenceraster.h"
 
@@ -145,17 +145,17 @@ TEST(TraceRaster, PaintsEveryZoomWindowAsTheSlowWay)
 {
     const Gather gather(40, 120);
     TraceRaster raster;
-    const double traces[][2] = {{0, 41},   {0, 10},     {5, 20},      {5.3, 20.7},  {7.999, 8.5}, {12.5, 12.9},
-                                {30, 70},  {-4.5, 12},  {39.5, 41},   {41, 50},     {0, 400},     {0.25, 3}};
-    const double times[][2] = {{0, 240}, {10, 30}, {33.3, 77.7}, {100, 240}, {200, 400}, {-50, 60}, {236, 240},
-                               {0, 2},   {0, 4},   {0, 3000}};
+    const double traces[][2] = {{0, 41},  {0, 10},    {5, 20},    {5.3, 20.7}, {7.999, 8.5}, {12.5, 12.9},
+                                {30, 70}, {-4.5, 12}, {39.5, 41}, {41, 50},    {0, 400},     {0.25, 3}};
+    const double times[][2] = {{0, 240},  {10, 30},   {33.3, 77.7}, {100, 240}, {200, 400},
+                               {-50, 60}, {236, 240}, {0, 2},       {0, 4},     {0, 3000}};
     for (DisplayType type : {WiggleVA, ColorB, ColorWiggle, Map})
         for (const auto& x : traces)
             for (const auto& y : times)
                 for (int startSample : {0, 20}) {
                     SCOPED_TRACE(std::string(nameOf(type)) + " traces " + std::to_string(x[0]) + ".." +
-                                 std::to_string(x[1]) + " times " + std::to_string(y[0]) + ".." +
-                                 std::to_string(y[1]) + " from sample " + std::to_string(startSample));
+                                 std::to_string(x[1]) + " times " + std::to_string(y[0]) + ".." + std::to_string(y[1]) +
+                                 " from sample " + std::to_string(startSample));
                     RasterParm parm = gather.parm(97, 88);
                     parm.displayType = type;
                     parm.normalize = Normalize::Trace;
@@ -347,7 +347,7 @@ TEST(TraceRaster, APositiveFillDoesNotOverwriteItsLeftNeighboursExcursion)
 {
     Gather gather(2, 9);
     std::fill(gather.values.begin(), gather.values.end(), 0.0f);
-    gather.values[4] = 1.5f;       // reaches 15 of 10 pixels a trace
+    gather.values[4] = 1.5f;  // reaches 15 of 10 pixels a trace
     gather.values[9 + 4] = 1.0f;
     RasterParm parm = gather.parm(30, 9);
     parm.displayType = ColorB;
@@ -355,7 +355,7 @@ TEST(TraceRaster, APositiveFillDoesNotOverwriteItsLeftNeighboursExcursion)
     const QImage image = raster.render(parm, nullptr);
     const QRgb first = gather.colors.getColorRGB2(1.5), second = gather.colors.getColorRGB2(1.0);
     ASSERT_NE(first, second);
-    EXPECT_EQ(image.pixel(20, 4), first);   // the second trace's axis
+    EXPECT_EQ(image.pixel(20, 4), first);  // the second trace's axis
     EXPECT_EQ(image.pixel(24, 4), first);
     EXPECT_EQ(image.pixel(25, 4), second);  // the neighbour's end itself is taken over
     EXPECT_EQ(image.pixel(29, 4), second);
@@ -530,7 +530,7 @@ TEST(TraceRaster, AHyperbolaOfKnownVelocityIsFlat)
     gather.offsets = {0.0f, 200.0f, -400.0f, 600.0f};
     for (int i = 0; i < 4; ++i) {
         const double t = std::hypot(0.2, gather.offsets[i] / 2000.0);  // 200 ms at offset 0
-        for (int j = 0; j < 300; ++j)                                    // a smooth pulse of 20 samples
+        for (int j = 0; j < 300; ++j)                                  // a smooth pulse of 20 samples
             gather.values[i * 300 + j] = float(std::exp(-std::pow((j * 0.002 - t) / 0.012, 2)));
     }
     RasterParm parm = gather.parm(500, 300);
@@ -593,7 +593,8 @@ TEST(UpperRun, GoesUpToTheEndAndNotOverTheEdges)
 {
     const struct {
         int x0, x1, first, last;
-    } cases[] = {{5, 5, 5, 5}, {5, 8, 5, 7}, {8, 5, 6, 8}, {-3, 2, 0, 1}, {12, 7, 8, 9}, {12, 12, 12, 9}, {-4, -4, 0, -4}};
+    } cases[] = {{5, 5, 5, 5},  {5, 8, 5, 7},    {8, 5, 6, 8},   {-3, 2, 0, 1},
+                 {12, 7, 8, 9}, {12, 12, 12, 9}, {-4, -4, 0, -4}};
     for (const auto& c : cases) {
         const PixelRun run = upperRun(c.x0, c.x1, 10);
         EXPECT_EQ(run.first, c.first) << c.x0 << " to " << c.x1;

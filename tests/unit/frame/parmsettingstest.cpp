@@ -15,12 +15,14 @@
 namespace {
 
 /// A row for a record that has more fields.
-template <class More, class Record> ParmField<More> rowFor(const ParmField<Record>& field)
+template <class More, class Record>
+ParmField<More> rowFor(const ParmField<Record>& field)
 {
     return {std::visit([](auto member) { return typename ParmField<More>::Member(member); }, field.member), field.rule};
 }
 
-template <class More, class Record> std::vector<ParmField<More>> rowsFor(const std::vector<ParmField<Record>>& fields)
+template <class More, class Record>
+std::vector<ParmField<More>> rowsFor(const std::vector<ParmField<Record>>& fields)
 {
     std::vector<ParmField<More>> rows;
     for (const auto& field : fields) rows.push_back(rowFor<More>(field));
@@ -133,10 +135,20 @@ TEST(ParmSettings, WhatIsNotStoredStays)
 TEST(ParmSettings, APresetOfAnEarlierVersionStillLoads)
 {
     Settings f;
-    for (const auto& [key, value] : std::initializer_list<std::pair<const char*, QVariant>>{
-             {"agc", true}, {"agcWindow", 250}, {"phase", false}, {"phaseAngle", -90}, {"filter", true},
-             {"lowCut", 3}, {"lowPass", 6}, {"highPass", 40}, {"highCut", 55}, {"timeFilter", false},
-             {"gain", QVariant::fromValue(0.1f)}, {"clip", QVariant::fromValue(1.25f)}, {"scaling", 1}})
+    for (const auto& [key, value] :
+         std::initializer_list<std::pair<const char*, QVariant>>{{"agc", true},
+                                                                 {"agcWindow", 250},
+                                                                 {"phase", false},
+                                                                 {"phaseAngle", -90},
+                                                                 {"filter", true},
+                                                                 {"lowCut", 3},
+                                                                 {"lowPass", 6},
+                                                                 {"highPass", 40},
+                                                                 {"highCut", 55},
+                                                                 {"timeFilter", false},
+                                                                 {"gain", QVariant::fromValue(0.1f)},
+                                                                 {"clip", QVariant::fromValue(1.25f)},
+                                                                 {"scaling", 1}})
         f.get()->setValue(QString("presets/old/") + key, value);
     f.reopen();
     ConditioningPreset preset;

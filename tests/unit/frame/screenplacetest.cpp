@@ -1,6 +1,6 @@
 /// Places of windows on screens that may have changed since they were stored.
-#include "frame/windowsettings.h"
 #include "widgets/screenplace.h"
+#include "frame/windowsettings.h"
 
 #include <gtest/gtest.h>
 

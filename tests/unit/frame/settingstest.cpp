@@ -1,7 +1,7 @@
 /// Window settings, recent files, menu defaults and the installation's folder.
-#include "frame/menudefaults.h"
 #include "frame/windowsettings.h"
 #include "host/home.h"
+#include "tracedata/menudefaults.h"
 #include "tracedata/parmmenu.h"
 #include "widgets/recentfiles.h"
 

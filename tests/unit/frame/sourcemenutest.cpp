@@ -72,8 +72,18 @@ struct Told {
 
     Told()
     {
-        source.told = {.samprat = 0.5f, .numsmp = 11, .ipsort = 12, .maxdtr = 13, .idtyp = 14, .nth = 15, .mode = 16,
-                       .iounit = 17, .ipkey = 18, .iskey = 19, .idate = 20, .idomain = 21};
+        source.told = {.samprat = 0.5f,
+                       .numsmp = 11,
+                       .ipsort = 12,
+                       .maxdtr = 13,
+                       .idtyp = 14,
+                       .nth = 15,
+                       .mode = 16,
+                       .iounit = 17,
+                       .ipkey = 18,
+                       .iskey = 19,
+                       .idate = 20,
+                       .idomain = 21};
         menu->idomain = 3;
         menu->_orvinruntime.mode = 4;
         menu->_orvinruntime.idate = 5;

@@ -10,7 +10,9 @@ namespace {
 class Listener : public WindowTool
 {
 public:
-    Listener(std::string* heard, char letter, Group group = Group::None) : _heard(heard), _letter(letter), _group(group) {}
+    Listener(std::string* heard, char letter, Group group = Group::None) : _heard(heard), _letter(letter), _group(group)
+    {
+    }
     ~Listener() override { say("gone"); }
 
     void beforeRecord() override { say("before"); }
@@ -46,10 +48,7 @@ struct Bench {
         return bench.add(std::make_unique<Listener>(&heard, letter, group));
     }
     /// What has been heard since the last question.
-    std::string take()
-    {
-        return std::exchange(heard, std::string());
-    }
+    std::string take() { return std::exchange(heard, std::string()); }
 };
 
 }  // namespace

@@ -37,9 +37,9 @@ TEST(Npfar, GivesTwiceAPrimeFactorLength)
 {
     const struct {
         int n, length;
-    } cases[] = {{-5, 2},      {0, 2},       {1, 2},       {2, 2},       {3, 4},       {5, 6},
-                 {9, 10},      {31, 32},     {33, 36},     {37, 40},     {65, 66},     {1000, 1008},
-                 {1300, 1320}, {2000, 2002}, {4096, 4290}, {1441440, 1441440}};
+    } cases[] = {
+        {-5, 2},  {0, 2},   {1, 2},   {2, 2},       {3, 4},       {5, 6},       {9, 10},      {31, 32},
+        {33, 36}, {37, 40}, {65, 66}, {1000, 1008}, {1300, 1320}, {2000, 2002}, {4096, 4290}, {1441440, 1441440}};
     for (const auto& c : cases) EXPECT_EQ(npfar(c.n), c.length) << c.n;
 }
 
@@ -127,8 +127,7 @@ TEST(QuickTransformLength, IsTheLeastProductOf16AndPowersOfTwoThreeAndFive)
     const struct {
         int n, length;
     } cases[] = {{1, 16}, {17, 32}, {33, 48}, {49, 64}, {65, 80}, {81, 96}, {1001, 1024}, {2002, 2048}, {4000, 4000}};
-    for (const auto& c : cases)
-        EXPECT_EQ(quickTransformLength(c.n), c.length) << c.n;
+    for (const auto& c : cases) EXPECT_EQ(quickTransformLength(c.n), c.length) << c.n;
     // Brute force over all multiples of 16.
     for (int n = 1; n < 20000; n += 37) {
         int length = (n + 15) / 16 * 16;

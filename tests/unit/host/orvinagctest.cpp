@@ -63,7 +63,8 @@ TEST(OrvinAGC, ASineGetsTheAmplitudeHalfPi)
     const std::vector<float> out = gained(trace, 500);
     float peak = 0.0f;
     for (int i = 300; i < 700; ++i) peak = std::max(peak, std::fabs(out[i]));
-    const double largestPhase = std::sin(2.0 * std::numbers::pi * 4.75 / 20.0);  // nearest the crest: 0.25 of a sample off
+    const double largestPhase =
+        std::sin(2.0 * std::numbers::pi * 4.75 / 20.0);  // nearest the crest: 0.25 of a sample off
     EXPECT_NEAR(peak / largestPhase, std::numbers::pi / 2.0, 0.01);
 }
 
@@ -80,10 +81,10 @@ TEST(OrvinAGC, FollowsTheDefinition)
 TEST(OrvinAGC, RoundsTheHalfWindowAndKeepsItAboveZero)
 {
     const std::vector<float> trace = randomTrace(100, 4);
-    expectClose(gained(trace, 6), plainAgc(trace, 2));          // 1.5 + 0.5
-    expectClose(gained(trace, 5), plainAgc(trace, 1));          // 1.25 + 0.5
-    expectClose(gained(trace, 1), plainAgc(trace, 1));          // 0.25 + 0.5, at least 1
-    expectClose(gained(trace, 1, 0.25f), plainAgc(trace, 2));   // 2 + 0.5
+    expectClose(gained(trace, 6), plainAgc(trace, 2));         // 1.5 + 0.5
+    expectClose(gained(trace, 5), plainAgc(trace, 1));         // 1.25 + 0.5
+    expectClose(gained(trace, 1), plainAgc(trace, 1));         // 0.25 + 0.5, at least 1
+    expectClose(gained(trace, 1, 0.25f), plainAgc(trace, 2));  // 2 + 0.5
 }
 
 TEST(OrvinAGC, NoWindowOrOneBeyondTheTraceIsOneWindowOverAll)

@@ -18,10 +18,10 @@ static std::vector<float> randomTrace(int n, unsigned seed)
 }
 
 // The coefficients of d = 0.25 and 0.5, from a Gaussian elimination of the same system elsewhere.
-static const float quarterTaps[8] = {-0.00885837f, 0.03987175f, -0.13260518f, 0.87829820f,
-                                     0.29355165f,  -0.09550267f, 0.03310215f, -0.00785754f};
-static const float halfTaps[8] = {-0.01166875f, 0.05068455f, -0.15558227f, 0.61656647f,
-                                  0.61656647f,  -0.15558227f, 0.05068455f, -0.01166875f};
+static const float quarterTaps[8] = {-0.00885837f, 0.03987175f,  -0.13260518f, 0.87829820f,
+                                     0.29355165f,  -0.09550267f, 0.03310215f,  -0.00785754f};
+static const float halfTaps[8] = {-0.01166875f, 0.05068455f,  -0.15558227f, 0.61656647f,
+                                  0.61656647f,  -0.15558227f, 0.05068455f,  -0.01166875f};
 
 TEST(Resample, AnImpulseShowsTheCoefficients)
 {

@@ -1,5 +1,5 @@
-#include "host/flow/standardwords.h"
 #include "host/flow/stheader.h"
+#include "host/flow/standardwords.h"
 
 #include <gtest/gtest.h>
 

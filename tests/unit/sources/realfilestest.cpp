@@ -19,8 +19,8 @@ enum Oracle { Agrees, NotComparable };
 
 struct RealFile {
     const char* name;
-    Type type;        // that reads it right
-    int formatChoice; // that reads it right; 0 takes the file's code
+    Type type;         // that reads it right
+    int formatChoice;  // that reads it right; 0 takes the file's code
     int nTraces, nSamples;
     int intervalUs;
     Oracle oracle;
@@ -29,7 +29,8 @@ struct RealFile {
 
 const RealFile realFiles[] = {
     {"cdp-gathers/cdp601to605.sgy", Standard, 0, 150, 750, 8000, Agrees, "marine CDP gathers"},
-    {"cdp-gathers/gom_cdp_1010_nmo.sgy", Standard, 0, 92, 1751, 4000, Agrees, "coordinate scalars -1000 and -10000 mixed"},
+    {"cdp-gathers/gom_cdp_1010_nmo.sgy", Standard, 0, 92, 1751, 4000, Agrees,
+     "coordinate scalars -1000 and -10000 mixed"},
     {"cdp-gathers/syn_cmp.sgy", Standard, 0, 38, 522, 4000, Agrees, "trace id and coordinate scalar 0"},
     {"first-breaks/hammer_profile_a.sgy", Standard, 0, 360, 4096, 250, Agrees, "delay -200 ms, offsets in cm"},
     {"first-breaks/land48_a.sgy", Standard, 0, 288, 2000, 250, Agrees, "no geometry at all"},
@@ -76,7 +77,8 @@ const RealFile realFiles[] = {
     {"prestack-land/329.sgy", Standard, 0, 3, 4096, 62, Agrees, "text all NUL"},
     {"prestack-land/land_shot_3360.sgy", Standard, 0, 280, 2501, 4000, Agrees, "coordinate scalar 32"},
     {"prestack-land/real_gather.sgy", Standard, 0, 96, 1000, 250, Agrees, "text all NUL, no offsets"},
-    {"prestack-marine/viking_small.segy", Standard, 0, 480, 600, 4000, Agrees, "trace headers say 1500 samples after the crop"},
+    {"prestack-marine/viking_small.segy", Standard, 0, 480, 600, 4000, Agrees,
+     "trace headers say 1500 samples after the crop"},
     {"prestack-synthetic/f11_02673_45Hz.segy", Standard, 0, 41, 2701, 1000, Agrees, "NaN in every trace, delay -183"},
     {"prestack-synthetic/ground_roll.sgy", Standard, 0, 120, 1000, 2000, Agrees, "FFID and CHAN all 0"},
     {"prestack-synthetic/shot_record_250.0_0.0_20.0.segy", Standard, 0, 99, 667, 750, Agrees, "no offset word"},
@@ -91,8 +93,14 @@ const RealFile realFiles[] = {
 /// A loader with an index, on a file of the real data or any other.
 struct RealLoader : Loaded {
     RealLoader(const std::string& path, Type type, int formatChoice, int isort = 0, int scalars = 1, int ivariable = 0)
-        : Loaded({.files = path, .isort = isort, .itype = type == Msdos, .iformat = formatChoice, .ivariable = ivariable,
-                  .icscale = scalars, .iescale = scalars, .indexbuilt = 1})
+        : Loaded({.files = path,
+                  .isort = isort,
+                  .itype = type == Msdos,
+                  .iformat = formatChoice,
+                  .ivariable = ivariable,
+                  .icscale = scalars,
+                  .iescale = scalars,
+                  .indexbuilt = 1})
     {
         open();
     }
@@ -235,7 +243,9 @@ TEST_P(RealFileTest, OpensAndEverySampleAndWordIsThatOfAPlainReader)
         ASSERT_EQ(word("TRC_TYPE"), plain.int16(start + 28));
         ASSERT_EQ(word("ILINE_NO"), plain.int32(start + 188));
         ASSERT_EQ(word("XLINE_NO"), plain.int32(start + 192));
-        const auto value = [&](const char* name) { return data[size_t(real.loader->segyHeader()->OrvinHeaderIndex(name))]; };
+        const auto value = [&](const char* name) {
+            return data[size_t(real.loader->segyHeader()->OrvinHeaderIndex(name))];
+        };
         ASSERT_EQ(value("OFFSET  "), float(plain.int32(start + 36)));
         const int scalar = plain.int16(start + 70);
         const float factor = scalar < 0 ? float(1.0 / -scalar) : float(scalar);
@@ -263,8 +273,8 @@ TEST_P(SegyioTest, EverySampleAndHeaderWordIsThatOfSegyio)
     const RealFile& file = GetParam();
     const QTemporaryDir folder;
     const std::string out = folder.filePath("dump").toStdString();
-    const std::string command = std::string("/usr/bin/python3 '") + MERIDUNE_SOURCE_DIR + "/tests/data/segyio_dump.py' '" +
-                                testDataFile(file.name) + "' '" + out + "' " +
+    const std::string command = std::string("/usr/bin/python3 '") + MERIDUNE_SOURCE_DIR +
+                                "/tests/data/segyio_dump.py' '" + testDataFile(file.name) + "' '" + out + "' " +
                                 (file.type == Standard ? "big" : "little") + " 2>/dev/null";
     const int status = std::system(command.c_str());
     if (!WIFEXITED(status) || WEXITSTATUS(status) == 3 || WEXITSTATUS(status) == 127)
@@ -277,9 +287,9 @@ TEST_P(SegyioTest, EverySampleAndHeaderWordIsThatOfSegyio)
     static const struct {
         int byte, width;
     } fields[] = {{1, 4},   {5, 4},   {9, 4},   {13, 4},  {17, 4},  {21, 4},  {25, 4},  {29, 2},  {31, 2},
-                  {33, 2},  {37, 4},  {41, 4},  {45, 4},  {49, 4},  {65, 4},  {69, 2},  {71, 2},
-                  {73, 4},  {77, 4},  {81, 4},  {85, 4},  {95, 2},  {99, 2},  {101, 2}, {103, 2}, {109, 2},
-                  {111, 2}, {113, 2}, {115, 2}, {117, 2}, {169, 2}, {181, 4}, {185, 4}, {189, 4}, {193, 4}};
+                  {33, 2},  {37, 4},  {41, 4},  {45, 4},  {49, 4},  {65, 4},  {69, 2},  {71, 2},  {73, 4},
+                  {77, 4},  {81, 4},  {85, 4},  {95, 2},  {99, 2},  {101, 2}, {103, 2}, {109, 2}, {111, 2},
+                  {113, 2}, {115, 2}, {117, 2}, {169, 2}, {181, 4}, {185, 4}, {189, 4}, {193, 4}};
     ASSERT_EQ(oracle.int32(0), file.nTraces);
     ASSERT_EQ(oracle.int32(4), file.nSamples);
     ASSERT_EQ(oracle.int32(8), int(std::size(fields)));
@@ -502,7 +512,8 @@ TEST(RealFilesInTheWild, EmptyOffsetsAndDelaysAreMentioned)
     EXPECT_TRUE(gather.report.hasAssumed("SegyLoader: empty offset in 96 of 96 traces, first in trace 1 (0)"));
     RealLoader hammer(testDataFile("first-breaks/hammer_profile_a.sgy"), Standard, 0);
     hammer.loader->loadNextEnsemble(1);
-    EXPECT_TRUE(hammer.report.hasAssumed("SegyLoader: recording delay in ms in 60 of 60 traces, first in trace 1 (-200)"));
+    EXPECT_TRUE(
+        hammer.report.hasAssumed("SegyLoader: recording delay in ms in 60 of 60 traces, first in trace 1 (-200)"));
     EXPECT_FALSE(hammer.report.hasAssumed("empty offset")) << "one trace at offset 0 is geometry";
 
     SegyBuilder file(2);

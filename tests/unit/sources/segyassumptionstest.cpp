@@ -54,8 +54,9 @@ TEST_F(SegyAssumptionsTest, EmptyOffsetsAreToldWhereAllTracesOfARecordAreEmpty)
     l.loader->loadNextEnsemble(1);
     EXPECT_THAT(l.loader->assumptions(), IsEmpty()) << "one trace alone, and one of two";
     l.loader->loadNextEnsemble(1);
-    EXPECT_THAT(l.report.assumptions, ElementsAre("SegyLoader: empty offset in 2 of 5 traces, first in trace 4 (0): all "
-                                                  "traces are taken to be at offset 0"));
+    EXPECT_THAT(l.report.assumptions,
+                ElementsAre("SegyLoader: empty offset in 2 of 5 traces, first in trace 4 (0): all "
+                            "traces are taken to be at offset 0"));
 }
 
 TEST_F(SegyAssumptionsTest, ADelayIsTellableByItself)
@@ -80,11 +81,12 @@ TEST_F(SegyAssumptionsTest, CountAndIntervalOfTheTraceHeadersAreHeldAgainstThose
     Loaded l({.files = save(file)});
     ASSERT_TRUE(l.open().isGood);
     l.loader->loadNextEnsemble(1);
-    EXPECT_THAT(l.report.assumptions,
-                ElementsAre("SegyLoader: another sample count in the trace header in 1 of 3 traces, first in trace 3 (7): "
-                            "the traces are read with the count of the file",
-                            "SegyLoader: another sample interval in the trace header in 1 of 3 traces, first in trace 2 "
-                            "(4000): the interval of the file is in force"));
+    EXPECT_THAT(
+        l.report.assumptions,
+        ElementsAre("SegyLoader: another sample count in the trace header in 1 of 3 traces, first in trace 3 (7): "
+                    "the traces are read with the count of the file",
+                    "SegyLoader: another sample interval in the trace header in 1 of 3 traces, first in trace 2 "
+                    "(4000): the interval of the file is in force"));
 }
 
 TEST_F(SegyAssumptionsTest, ALongerTraceOfVariableLengthIsToldAndAShorterOneIsNot)
@@ -99,8 +101,9 @@ TEST_F(SegyAssumptionsTest, ALongerTraceOfVariableLengthIsToldAndAShorterOneIsNo
     Loaded l({.files = save(file), .ivariable = 1});
     ASSERT_TRUE(l.open().isGood);
     l.loader->loadNextEnsemble(1);
-    EXPECT_THAT(l.report.assumptions, ElementsAre("SegyLoader: more samples than the file's count in 1 of 3 traces, first "
-                                                  "in trace 3 (5): what is behind that count is left out"));
+    EXPECT_THAT(l.report.assumptions,
+                ElementsAre("SegyLoader: more samples than the file's count in 1 of 3 traces, first "
+                            "in trace 3 (5): what is behind that count is left out"));
 }
 
 TEST_F(SegyAssumptionsTest, ExtendedTextsAndLongHeadersAreToldUnlessTheLayoutFollowsThem)
@@ -113,8 +116,9 @@ TEST_F(SegyAssumptionsTest, ExtendedTextsAndLongHeadersAreToldUnlessTheLayoutFol
     ASSERT_TRUE(plain.open().isGood);
     EXPECT_THAT(plain.report.assumptions,
                 Contains("SegyLoader: 2 extended text headers are told: their bytes are read as traces"));
-    EXPECT_THAT(plain.report.assumptions, Contains("SegyLoader: trace headers of 480 bytes are told: what is behind the "
-                                                   "first 240 is read as samples"));
+    EXPECT_THAT(plain.report.assumptions,
+                Contains("SegyLoader: trace headers of 480 bytes are told: what is behind the "
+                         "first 240 is read as samples"));
     Loaded followed({.files = save(file)});
     SegyReadLayout layout;
     layout.firstTrace = 10000;
@@ -167,10 +171,13 @@ TEST_F(SegyAssumptionsTest, WhatTheReelLeavesToBeRepairedIsInTheRecordToo)
     Loaded l({.files = save(file)});
     ASSERT_TRUE(l.open().isGood);
     std::vector<std::string> texts;
-    for (const SegyAssumption& assumption : l.loader->assumptions()) texts.push_back(assumption.text() + " | " + assumption.control);
-    EXPECT_EQ(texts, (std::vector<std::string>{
-                         "the text header is ASCII: it is read as EBCDIC | SEGY file type:",
-                         "the reel has no sample interval: fixed sample rate from first trace header: 4000 | Input sample rate:"}));
+    for (const SegyAssumption& assumption : l.loader->assumptions())
+        texts.push_back(assumption.text() + " | " + assumption.control);
+    EXPECT_EQ(
+        texts,
+        (std::vector<std::string>{
+            "the text header is ASCII: it is read as EBCDIC | SEGY file type:",
+            "the reel has no sample interval: fixed sample rate from first trace header: 4000 | Input sample rate:"}));
     // Each is told once, in the words of the reader.
     EXPECT_TRUE(l.report.hasAssumed("segyData2: the text header is ASCII, but is read as EBCDIC"));
     EXPECT_EQ(l.report.assumptions.size(), 1u);

@@ -19,14 +19,15 @@ public:
     explicit SegyBuilder(int nsamp, int format = 5, bool isBigEndian = true) : _isBig(isBigEndian)
     {
         bytes.assign(3600, 0);
-        std::memset(bytes.data(), 0x40, 3200); // blanks
+        std::memset(bytes.data(), 0x40, 3200);  // blanks
         put<int16_t>(3216, 2000);
         put<int16_t>(3220, int16_t(nsamp));
         put<int16_t>(3224, int16_t(format));
         put<int16_t>(3228, 1);
     }
     /// Writes a number in the file's byte order.
-    template <typename T> void put(size_t offset, T value)
+    template <typename T>
+    void put(size_t offset, T value)
     {
         char raw[sizeof(T)];
         std::memcpy(raw, &value, sizeof value);
@@ -41,13 +42,15 @@ public:
         bytes.resize(bytes.size() + 240);
         return traceStarts.back();
     }
-    template <typename T> size_t addTrace(const std::vector<T>& samples)
+    template <typename T>
+    size_t addTrace(const std::vector<T>& samples)
     {
         const size_t start = addHeader();
         for (T sample : samples) put<T>(bytes.size(), sample);
         return start;
     }
-    template <typename T> void setHeader(size_t iTrace, int byte, T value)
+    template <typename T>
+    void setHeader(size_t iTrace, int byte, T value)
     {
         put<T>(traceStarts[iTrace] + size_t(byte), value);
     }
@@ -69,10 +72,7 @@ class CollectReport : public Report
 {
 public:
     void line(const std::string& words) override { text += words; }
-    void box(const std::string& title, const std::string& words) override
-    {
-        boxes.push_back(title + ": " + words);
-    }
+    void box(const std::string& title, const std::string& words) override { boxes.push_back(title + ": " + words); }
     void assumed(const std::string& words) override { assumptions.push_back(words); }
     bool has(const std::string& words) const { return text.find(words) != std::string::npos; }
     bool hasAssumed(const std::string& words) const

@@ -1,6 +1,6 @@
 /// Reel header, traces and positions of one SEG-Y file.
-#include "host/signal/bytes.h"
 #include "sources/segydata2.h"
+#include "host/signal/bytes.h"
 #include "tests/brokenplaces.h"
 #include "tests/unit/sources/segybuilder.h"
 

@@ -117,7 +117,8 @@ inline bool isSame(const SegyLoadParm& a, const SegyLoadParm& b)
 {
     return a.isort == b.isort && a.itype == b.itype && a.iformat == b.iformat && a.ivariable == b.ivariable &&
            a.icscale == b.icscale && a.iescale == b.iescale && a.nsamp == b.nsamp && a.maxtr == b.maxtr &&
-           a.srate == b.srate && a.indexbuilt == b.indexbuilt && a.files == b.files && a.iremap == b.iremap && a.layout == b.layout;
+           a.srate == b.srate && a.indexbuilt == b.indexbuilt && a.files == b.files && a.iremap == b.iremap &&
+           a.layout == b.layout;
 }
 
 #endif

@@ -25,21 +25,35 @@ struct LookRow {
 
 /// The files that get a bar; every other .sgy and .segy is right as it opens and must get none.
 const std::map<std::string, LookRow> misread = {
-    {"formats/Format1lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian: format code 256, interval -24561"}},
+    {"formats/Format1lsb.sgy",
+     {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian: format code 256, interval -24561"}},
     {"formats/Format3lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian"}},
     {"formats/Format5lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian"}},
     {"formats/Format8lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian"}},
-    {"poststack-3d/f3-lsb.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian headers and samples"}},
-    {"single-traces/00001034_first_trace.sgy", {WithSettings, "little-endian. Refused: read as big-endian.", "LITTLE-endian"}},
-    {"formats/Format6msb.sgy", {WithSettings, "IEEE (8 byte), but read as 1-byte integers", "code 6 of the standard is 8-byte floats, of this reader one-byte integers"}},
-    {"formats/Format8msb.sgy", {WithSettings, "1-byte integers, but read as IEEE floats", "code 8 is none that the reader knows, so it is read as 4-byte floats"}},
-    {"odd-headers/multi-text.sgy", {WithSettings, "the first trace is at byte 16400, not 3600", "4 extended textual headers: 3600 + 4 x 3200"}},
-    {"odd-headers/stanzas-known-count.sgy", {WithSettings, "the first trace is at byte 13200, not 3600", "3 extended headers: 3600 + 3 x 3200"}},
-    {"odd-headers/rotated-small-rev2.sgy", {WithSettings, "trace headers have 480 bytes, not 240", "a naive 240-byte read goes astray"}},
-    {"odd-headers/trace-header-extension1.sgy", {WithSettings, "trace headers have 480 bytes, not 240", "480-byte headers"}},
-    {"odd-headers/small-2d.sgy", {WithSettings, "up to 25 traces are cut after 5", "a 2D line of 25 traces; the reel says 5 traces an ensemble"}},
-    {"poststack-2d/small_stack.sgy", {WithSettings, "up to 20 traces are cut after 1", "a stack of CDPs 1000..1019; the reel says 1 trace"}},
-    {"poststack-3d/volve10-migvel-depth-sub3d.sgy", {WithSettings, "up to 52 traces are cut after 1", "18 x 52; the reel says 1 trace"}},
+    {"poststack-3d/f3-lsb.sgy",
+     {WithSettings, "little-endian. Refused: read as big-endian.", "little-endian headers and samples"}},
+    {"single-traces/00001034_first_trace.sgy",
+     {WithSettings, "little-endian. Refused: read as big-endian.", "LITTLE-endian"}},
+    {"formats/Format6msb.sgy",
+     {WithSettings, "IEEE (8 byte), but read as 1-byte integers",
+      "code 6 of the standard is 8-byte floats, of this reader one-byte integers"}},
+    {"formats/Format8msb.sgy",
+     {WithSettings, "1-byte integers, but read as IEEE floats",
+      "code 8 is none that the reader knows, so it is read as 4-byte floats"}},
+    {"odd-headers/multi-text.sgy",
+     {WithSettings, "the first trace is at byte 16400, not 3600", "4 extended textual headers: 3600 + 4 x 3200"}},
+    {"odd-headers/stanzas-known-count.sgy",
+     {WithSettings, "the first trace is at byte 13200, not 3600", "3 extended headers: 3600 + 3 x 3200"}},
+    {"odd-headers/rotated-small-rev2.sgy",
+     {WithSettings, "trace headers have 480 bytes, not 240", "a naive 240-byte read goes astray"}},
+    {"odd-headers/trace-header-extension1.sgy",
+     {WithSettings, "trace headers have 480 bytes, not 240", "480-byte headers"}},
+    {"odd-headers/small-2d.sgy",
+     {WithSettings, "up to 25 traces are cut after 5", "a 2D line of 25 traces; the reel says 5 traces an ensemble"}},
+    {"poststack-2d/small_stack.sgy",
+     {WithSettings, "up to 20 traces are cut after 1", "a stack of CDPs 1000..1019; the reel says 1 trace"}},
+    {"poststack-3d/volve10-migvel-depth-sub3d.sgy",
+     {WithSettings, "up to 52 traces are cut after 1", "18 x 52; the reel says 1 trace"}},
 };
 
 /// What is no SEG-Y file, and what it seems to be.
@@ -139,7 +153,8 @@ TEST(SegyFirstLook, WhatTheUserTypedForSortAndRoomIsHisWish)
     EXPECT_EQ(lookAt(testDataFile("prestack-marine/viking_small.segy"), told).line, "");
     told.isort = 0;
     told.iformat = 1;  // IEEE, and the samples are IBM: that is no matter of taste
-    EXPECT_THAT(lookAt(testDataFile("prestack-marine/viking_small.segy"), told).line, HasSubstr("IBM floats, but read as IEEE floats"));
+    EXPECT_THAT(lookAt(testDataFile("prestack-marine/viking_small.segy"), told).line,
+                HasSubstr("IBM floats, but read as IEEE floats"));
 }
 
 TEST(SegyFirstLook, EnsemblesOfOneTraceInAFileOfManyAreTold)
@@ -160,7 +175,8 @@ TEST(SegyFirstLook, EnsemblesOfOneTraceInAFileOfManyAreTold)
     reading.nTraces = 1;
     reading.maxTraces = 5000;
     EXPECT_EQ(firstLook("line.sgy", guess, SegyLoadParm(), reading).line,
-              "line.sgy: 40 traces of 10 samples, big-endian. Misread: ensembles have up to 40 traces by \"Stack\", not one.");
+              "line.sgy: 40 traces of 10 samples, big-endian. Misread: ensembles have up to 40 traces by \"Stack\", "
+              "not one.");
     reading.nTraces = 2;
     EXPECT_EQ(firstLook("line.sgy", guess, SegyLoadParm(), reading).line, "");
     reading.nTraces = 1;

@@ -25,7 +25,8 @@ TEST(SegyGuessRules, EvidenceWinsOverCodeFour)
 {
     const SegyGuess ieee = guessOf(noiseFile(4, true, 50.0, ieeeBits).bytes);
     EXPECT_EQ(ieee.parm.iformat, ChooseIeee) << fact(ieee, "Sample format").choice;
-    EXPECT_NE(fact(ieee, "Sample format").choice.find("against the code, which says Integer W/Gain"), std::string::npos);
+    EXPECT_NE(fact(ieee, "Sample format").choice.find("against the code, which says Integer W/Gain"),
+              std::string::npos);
     const SegyGuess ibm = guessOf(noiseFile(4, true, 5000.0, ibmBits).bytes);
     EXPECT_EQ(ibm.parm.iformat, ChooseIbm) << fact(ibm, "Sample format").choice;
 }
@@ -85,7 +86,9 @@ TEST(SegyGuessRules, TheStringsOfASeg2RecordAreAText)
 {
     SegyBuilder file = smallFile();
     std::fill_n(file.bytes.begin(), 3200, char(0));
-    const auto put = [&](size_t at, const std::string& words) { std::copy(words.begin(), words.end(), file.bytes.begin() + int64_t(at)); };
+    const auto put = [&](size_t at, const std::string& words) {
+        std::copy(words.begin(), words.end(), file.bytes.begin() + int64_t(at));
+    };
     put(4, "LINE_ID 7");
     EXPECT_EQ(fact(guessOf(file.bytes), "Text header").choice.find("ASCII, the strings of a SEG-2 record"), 0u);
     std::fill_n(file.bytes.begin(), 3200, char(0));
@@ -202,7 +205,8 @@ TEST(SegyGuessRules, ColumnsNamedAsCoordinatesMustLookLikeCoordinates)
             SegyRawHeader header;
             header.rank = i;
             const auto number = uint32_t(value(i));
-            for (int j = 0; j < 4; ++j) header.bytes[size_t(72 + j)] = static_cast<unsigned char>(number >> (24 - 8 * j));
+            for (int j = 0; j < 4; ++j)
+                header.bytes[size_t(72 + j)] = static_cast<unsigned char>(number >> (24 - 8 * j));
             sample.headers.push_back(header);
         }
         for (const SegyVaryingWord& row : rankSegyWords(sample))

@@ -11,16 +11,14 @@ TEST(SegyGuess, IbmAndIeeeAreToldApartByTheirBitsAtEveryAmplitudeAgainstTheCode)
     for (int decade = -6; decade <= 9; ++decade)
         for (bool isBigEndian : {true, false})
             for (int code : {1, 5}) {
-                SCOPED_TRACE(testing::Message()
-                             << "1e" << decade << " big " << isBigEndian << " code " << code);
+                SCOPED_TRACE(testing::Message() << "1e" << decade << " big " << isBigEndian << " code " << code);
                 const double amplitude = std::pow(10.0, decade);
                 const SegyGuess ibm = guessOf(noiseFile(code, isBigEndian, amplitude, ibmBits).bytes);
                 EXPECT_EQ(ibm.parm.iformat, ChooseIbm) << fact(ibm, "Sample format").evidence;
                 EXPECT_EQ(ibm.parm.itype, isBigEndian ? 0 : 1);
                 const SegyGuess ieee = guessOf(noiseFile(code, isBigEndian, amplitude, ieeeBits).bytes);
                 EXPECT_EQ(ieee.parm.iformat, ChooseIeee) << fact(ieee, "Sample format").evidence;
-                const bool isAgainst =
-                    fact(ieee, "Sample format").choice.find("against the code") != std::string::npos;
+                const bool isAgainst = fact(ieee, "Sample format").choice.find("against the code") != std::string::npos;
                 EXPECT_EQ(isAgainst, code == 1);
             }
 }
@@ -37,7 +35,7 @@ TEST(SegyGuess, TheHistogramCountsWhatNormalisedIbmNumbersNeverHave)
     EXPECT_EQ(counts.nUnnormalised, 1);
     EXPECT_EQ(counts.nNotFinite, 1);
     EXPECT_EQ(counts.nSmallInteger, 0);
-    EXPECT_EQ(counts.nEvenExponents, 2); // 0x84 and 0x86
+    EXPECT_EQ(counts.nEvenExponents, 2);  // 0x84 and 0x86
     EXPECT_EQ(segySampleKind(counts), SegySampleKind::Undecided) << "too few";
 }
 
@@ -77,8 +75,7 @@ TEST(SegyGuess, IntegersOfEachWidthAreFoundInBothByteOrders)
             four.addTrace(a);
             two.addTrace(b);
             one.addTrace(c);
-            for (SegyBuilder* file : {&four, &two, &one})
-                fillHeader(file, i, 1 + int(i) / 6, 1 + int(i) % 6, 50);
+            for (SegyBuilder* file : {&four, &two, &one}) fillHeader(file, i, 1 + int(i) / 6, 1 + int(i) % 6, 50);
         }
         const SegyGuess of4 = guessOf(four.bytes), of2 = guessOf(two.bytes), of1 = guessOf(one.bytes);
         EXPECT_EQ(of4.parm.iformat, ChooseInteger4)
@@ -177,7 +174,7 @@ TEST(SegyGuess, TheByteOrderConstantIsHeard)
 
 TEST(SegyGuess, TheTextHeaderIsKnownByItsLetters)
 {
-    const std::string client = "\xC3\xD3\xC9\xC5\xD5\xE3\x40"; // CLIENT in EBCDIC
+    const std::string client = "\xC3\xD3\xC9\xC5\xD5\xE3\x40";  // CLIENT in EBCDIC
     const auto manyTimes = [](const std::string& word) {
         std::string text;
         for (int i = 0; i < 20; ++i) text += word;
@@ -214,8 +211,7 @@ TEST(SegyGuess, TheTextHeaderIsKnownByItsLetters)
 TEST(SegyGuess, WhatTheTextSaysOfItsSamplesIsQuoted)
 {
     SegyBuilder file = smallFile();
-    std::string text =
-        "C 1 CLIENT A AREA B LINE C" + std::string(54, ' ') + "C 2 SAMPLE FORMAT:   MSDOS IEEE";
+    std::string text = "C 1 CLIENT A AREA B LINE C" + std::string(54, ' ') + "C 2 SAMPLE FORMAT:   MSDOS IEEE";
     text.resize(3200, ' ');
     std::copy(text.begin(), text.end(), file.bytes.begin());
     EXPECT_NE(fact(guessOf(file.bytes), "Sample format").evidence.find("\"C 2 SAMPLE FORMAT: MSDOS IEEE\""),
@@ -277,8 +273,7 @@ TEST(SegyGuess, AReelCountOfOneTraceIsReplacedByTheLargestEnsemble)
     file.put<int16_t>(3212, 1);
     const SegyGuess guess = guessOf(file.bytes);
     EXPECT_EQ(guess.parm.maxtr, 3);
-    EXPECT_EQ(fact(guess, "Traces per ensemble").choice,
-              "3: by the reel an ensemble would end after 1 trace");
+    EXPECT_EQ(fact(guess, "Traces per ensemble").choice, "3: by the reel an ensemble would end after 1 trace");
     EXPECT_EQ(guess.parm.isort, 1);
 }
 
@@ -293,8 +288,7 @@ TEST(SegyGuess, ACutFileKeepsItsLayoutAndSaysSo)
         EXPECT_EQ(guess.search.layout.nTraces, 5);
         EXPECT_EQ(guess.search.layout.tailBytes, 280 - int64_t(cut));
         EXPECT_EQ(guess.parm.nsamp, 10);
-        EXPECT_NE(fact(guess, "Trace length").choice.find("5 whole traces: the file is cut"),
-                  std::string::npos);
+        EXPECT_NE(fact(guess, "Trace length").choice.find("5 whole traces: the file is cut"), std::string::npos);
     }
 }
 
@@ -393,7 +387,7 @@ TEST(SegyGuess, AFixedLengthThatFitsStandsAgainstALastHeaderThatLies)
 
 TEST(SegyGuess, VariableLengthsAreFollowedAgainstTheCode)
 {
-    SegyBuilder file(30, 5); // IEEE by the code
+    SegyBuilder file(30, 5);  // IEEE by the code
     const int lengths[] = {30, 25, 30, 41, 12, 30, 7};
     for (size_t i = 0; i < std::size(lengths); ++i) {
         file.addTrace(std::vector<int16_t>(size_t(lengths[i]), 25));
@@ -420,9 +414,7 @@ TEST(SegyGuess, WhatIsNoSegyIsSaidAndNothingIsSet)
     } cases[] = {
         {"empty", {}, "The file is empty."},
         {"one byte", {'x'}, "The file is too small to be SEG-Y."},
-        {"3599 bytes",
-         {whole.bytes.begin(), whole.bytes.begin() + 3599},
-         "The file is too small to be SEG-Y."},
+        {"3599 bytes", {whole.bytes.begin(), whole.bytes.begin() + 3599}, "The file is too small to be SEG-Y."},
         {"a reel alone", {whole.bytes.begin(), whole.bytes.begin() + 3600}, "The file holds no trace."},
         {"a reel and a part of a header",
          {whole.bytes.begin(), whole.bytes.begin() + 3700},

@@ -5,7 +5,7 @@
 
 TEST(SegyGuess, ACountAbove32767IsTakenUnsigned)
 {
-    SegyBuilder file(-25536, 3); // 40000
+    SegyBuilder file(-25536, 3);  // 40000
     for (size_t i = 0; i < 3; ++i) {
         file.addTrace(std::vector<int16_t>(40000, 5));
         fillHeader(&file, i, 1, int(i) + 1, -25536);
@@ -30,14 +30,13 @@ TEST(SegyGuess, TheTraceHeaderGivesCountAndIntervalThatTheReelHasNot)
 TEST(SegyGuess, ACountThatAllWordsTellWronglyIsFoundByTheDistanceOfTheHeaders)
 {
     for (bool isBigEndian : {true, false}) {
-        SegyBuilder file = noiseFile(5, isBigEndian, 1.0, ieeeBits); // 50 samples
+        SegyBuilder file = noiseFile(5, isBigEndian, 1.0, ieeeBits);  // 50 samples
         file.put<int16_t>(3220, 77);
         for (size_t i = 0; i < 24; ++i) file.setHeader<int16_t>(i, 114, 1500);
         const SegyGuess guess = guessOf(file.bytes);
         EXPECT_EQ(guess.parm.nsamp, 50);
         EXPECT_EQ(guess.search.layout.nTraces, 24);
-        EXPECT_EQ(fact(guess, "Samples").choice,
-                  "50 (against all words: so far apart are the trace headers)");
+        EXPECT_EQ(fact(guess, "Samples").choice, "50 (against all words: so far apart are the trace headers)");
         EXPECT_EQ(guess.parm.itype, isBigEndian ? 0 : 1);
     }
 }
@@ -49,15 +48,14 @@ TEST(SegyGuess, EmptyHeadersAreNotFoundAgainInQuietSamples)
         SegyBuilder file(200, 5, isBigEndian);
         Noise noise;
         for (size_t i = 0; i < 24; ++i) {
-            std::vector<float> samples(200, 0.0f); // quiet but for a wavelet
+            std::vector<float> samples(200, 0.0f);  // quiet but for a wavelet
             for (size_t j = 100; j < 110; ++j) samples[j] = float(noise.next());
             file.addTrace(samples);
         }
         const SegyGuess guess = guessOf(file.bytes);
         EXPECT_EQ(guess.parm.nsamp, 200) << fact(guess, "Samples").choice;
         EXPECT_EQ(guess.search.layout.nTraces, 24);
-        EXPECT_EQ(fact(guess, "Trace headers").choice,
-                  "they tell nothing; the size alone speaks for this layout");
+        EXPECT_EQ(fact(guess, "Trace headers").choice, "they tell nothing; the size alone speaks for this layout");
     }
 }
 
@@ -108,7 +106,7 @@ TEST(SegyGuess, AnIntervalThatNoHeaderTellsHasToBeTyped)
     SegyGuess guess = guessOf(file.bytes, before);
     EXPECT_EQ(guess.verdict, SegyGuess::NotFollowed);
     EXPECT_NE(fact(guess, "Sample interval").choice.find("undecidable"), std::string::npos);
-    before.srate = 0.5f; // has been typed
+    before.srate = 0.5f;  // has been typed
     guess = guessOf(file.bytes, before);
     EXPECT_EQ(guess.verdict, SegyGuess::Read);
     EXPECT_EQ(guess.parm.srate, 0.5f);
@@ -166,7 +164,7 @@ namespace {
 /// What a header holds at four places; 12 traces are made from a rule.
 struct Geometry {
     const char* name;
-    int code; // sort
+    int code;  // sort
     int longest;
     void (*fill)(SegyBuilder* file, size_t i);
 };
@@ -210,7 +208,7 @@ const Geometry geometries[] = {
     {"nothing", 0, 12, [](SegyBuilder*, size_t) {}},
 };
 
-} // namespace
+}  // namespace
 
 TEST(SegyGuess, TheHeadersTellTheSortAndTheLargestEnsemble)
 {
@@ -234,7 +232,7 @@ TEST(SegyGuess, EnsemblesInPiecesWantAnIndex)
     SegyBuilder file(10, 5);
     for (size_t i = 0; i < 12; ++i) {
         file.addTrace(std::vector<float>(10, 1.0f));
-        fillHeader(&file, i, 100 + int(i) / 3 % 2, 1 + int(i), 10); // 100 100 100 101 101 101 100 ...
+        fillHeader(&file, i, 100 + int(i) / 3 % 2, 1 + int(i), 10);  // 100 100 100 101 101 101 100 ...
     }
     const SegyGuess guess = guessOf(file.bytes);
     EXPECT_EQ(guess.parm.isort, 1);

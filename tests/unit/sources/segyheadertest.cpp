@@ -1,8 +1,8 @@
 /// The standard mapping of a SEG-Y trace header, the key slots and the remap.
+#include "sources/segyheader.h"
 #include "host/flow/stheader.h"
 #include "host/globals.h"
 #include "host/signal/bytes.h"
-#include "sources/segyheader.h"
 #include "tracedata/headertable.h"
 
 #include <gtest/gtest.h>
@@ -174,8 +174,8 @@ TEST(SegyHeader, ScalarsMultiplyDivideOrZero)
         int scalar;
         bool isOn;
         float expected;
-    } cases[] = {{-100, true, 12345.67f}, {0, true, 0.0f}, {0, false, 1234567.0f}, {10, true, 12345670.0f},
-                 {1, true, 1234567.0f}, {32, true, 39506144.0f}, {-100, false, 1234567.0f}};
+    } cases[] = {{-100, true, 12345.67f}, {0, true, 0.0f},         {0, false, 1234567.0f},   {10, true, 12345670.0f},
+                 {1, true, 1234567.0f},   {32, true, 39506144.0f}, {-100, false, 1234567.0f}};
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << "scalar " << c.scalar << (c.isOn ? " on" : " off"));
         Fixture f;
@@ -217,8 +217,8 @@ TEST(SegyHeader, TheProductWithTheFactorIsTakenInSinglePrecision)
 {
     // 0.01 in single precision is 0.00999999977648258: its product with 5 rounds to 0.049999997, where the hundredth
     // of 5, or a product in double precision, is 0.050000001. The same for 1234569.
-    for (const auto& [value, expected] : {std::pair{5, 0.0499999970f}, std::pair{9, 0.0899999961f},
-                                          std::pair{1234569, 12345.6895f}}) {
+    for (const auto& [value, expected] :
+         {std::pair{5, 0.0499999970f}, std::pair{9, 0.0899999961f}, std::pair{1234569, 12345.6895f}}) {
         Fixture f;
         f.put(70, int16_t(-100));
         f.put(68, int16_t(-100));
@@ -328,12 +328,13 @@ TEST(SegyRemap, EveryFormatFillsIntegerAndFloatWords)
         int expected;
         bool isReal;
         float real;
-    } cases[] = {{"CDP,1I,IEEE,99", "CDP     ", -5, false, 0},       {"SOU_X,1I,IEEE,99", "SOU_X   ", 0, true, -5.0f},
-                 {"CDP,2I,IEEE,101", "CDP     ", -300, false, 0},    {"SOU_X,2I,IEEE,101", "SOU_X   ", 0, true, -300.0f},
-                 {"CDP,4R,IEEE,105", "CDP     ", -2, false, 0},      {"SOU_X,4R,IEEE,105", "SOU_X   ", 0, true, -2.75f},
-                 {"CDP,8R,IEEE,113", "CDP     ", 1234567, false, 0}, {"SOU_X,8R,IEEE,113", "SOU_X   ", 0, true, 1234567.5f},
-                 {"CDP,A4,IEEE,120", "CDP     ", 42, false, 0},      {"SOU_X,A4,IEEE,120", "SOU_X   ", 0, true, 42.0f},
-                 {"CDP,A3,IEEE,130", "CDP     ", 0, false, 0}};
+    } cases[] = {
+        {"CDP,1I,IEEE,99", "CDP     ", -5, false, 0},       {"SOU_X,1I,IEEE,99", "SOU_X   ", 0, true, -5.0f},
+        {"CDP,2I,IEEE,101", "CDP     ", -300, false, 0},    {"SOU_X,2I,IEEE,101", "SOU_X   ", 0, true, -300.0f},
+        {"CDP,4R,IEEE,105", "CDP     ", -2, false, 0},      {"SOU_X,4R,IEEE,105", "SOU_X   ", 0, true, -2.75f},
+        {"CDP,8R,IEEE,113", "CDP     ", 1234567, false, 0}, {"SOU_X,8R,IEEE,113", "SOU_X   ", 0, true, 1234567.5f},
+        {"CDP,A4,IEEE,120", "CDP     ", 42, false, 0},      {"SOU_X,A4,IEEE,120", "SOU_X   ", 0, true, 42.0f},
+        {"CDP,A3,IEEE,130", "CDP     ", 0, false, 0}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.row);
         Fixture f;
@@ -378,9 +379,9 @@ TEST(SegyRemap, UnusableRowsAreSkipped)
     static const struct {
         const char* row;
         size_t nUsable;
-    } cases[] = {{"CDP,4I,IEEE,241", 0}, {"CDP,4I,IEEE,0", 0},   {"CDP,4I,IEEE,", 0},  {"CDP,4I,IEEE,x", 0},
-                 {",4I,IEEE,9", 0},      {"CDP,,IEEE,9", 0},     {"CDP,4I,IEEE,237", 1}, {"CDP,4I,IEEE,240", 0},
-                 {"CDP,1I,IEEE,240", 0}, {"CDP,1I,IEEE,239", 1}, {"CDP,2I,IEEE,239", 1}, {"CDP,8R,IEEE,233", 1},
+    } cases[] = {{"CDP,4I,IEEE,241", 0}, {"CDP,4I,IEEE,0", 0},    {"CDP,4I,IEEE,", 0},     {"CDP,4I,IEEE,x", 0},
+                 {",4I,IEEE,9", 0},      {"CDP,,IEEE,9", 0},      {"CDP,4I,IEEE,237", 1},  {"CDP,4I,IEEE,240", 0},
+                 {"CDP,1I,IEEE,240", 0}, {"CDP,1I,IEEE,239", 1},  {"CDP,2I,IEEE,239", 1},  {"CDP,8R,IEEE,233", 1},
                  {"CDP,8R,IEEE,240", 0}, {"CDP,A10,IEEE,230", 1}, {"CDP,A11,IEEE,230", 0}, {"", 0}};
     for (const auto& c : cases) {
         Fixture f;

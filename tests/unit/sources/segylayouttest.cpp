@@ -15,15 +15,19 @@ namespace {
 
 struct SampleKind {
     int format, nBytes;
-    double lowest, highest; // what is written besides 0, 1 and -1 or 200
+    double lowest, highest;  // what is written besides 0, 1 and -1 or 200
     bool isWeighted;
 };
 
 const SampleKind kinds[] = {
-    {SegyReal8, 8, -1.5e-3, 2.25e7, false},      {SegyInteger3, 3, -8388608, 8388607, true},
-    {SegyInteger8, 8, -9e15, 9e15, false},       {SegyUnsigned1, 1, 128, 255, true},
-    {SegyUnsigned2, 2, 32768, 65535, true},      {SegyUnsigned3, 3, 8388608, 16777215, true},
-    {SegyUnsigned4, 4, 2147483648.0, 4294967295.0, false}, {SegyUnsigned8, 8, 9223372036854775808.0, 1.8e19, false},
+    {SegyReal8, 8, -1.5e-3, 2.25e7, false},
+    {SegyInteger3, 3, -8388608, 8388607, true},
+    {SegyInteger8, 8, -9e15, 9e15, false},
+    {SegyUnsigned1, 1, 128, 255, true},
+    {SegyUnsigned2, 2, 32768, 65535, true},
+    {SegyUnsigned3, 3, 8388608, 16777215, true},
+    {SegyUnsigned4, 4, 2147483648.0, 4294967295.0, false},
+    {SegyUnsigned8, 8, 9223372036854775808.0, 1.8e19, false},
 };
 
 std::vector<double> valuesOf(const SampleKind& kind)
@@ -107,7 +111,9 @@ TEST_F(SegyLayoutTest, EverySampleKindIsReadBehindTextsAndLongHeadersInBothOrder
                             const Places places{nTexts, headerBytes, isBig, isVariable};
                             SCOPED_TRACE(testing::Message() << kind.format << " " << nTexts << " " << headerBytes << " "
                                                             << isBig << isVariable << indexbuilt);
-                            Loaded l({.files = save(madeFile(kind, places)), .isort = 1, .ivariable = isVariable,
+                            Loaded l({.files = save(madeFile(kind, places)),
+                                      .isort = 1,
+                                      .ivariable = isVariable,
                                       .indexbuilt = indexbuilt});
                             l.parm.layout = layoutOf(kind, places);
                             ASSERT_TRUE(l.open().isGood) << l.report.text;
@@ -287,8 +293,8 @@ TEST_F(SegyLayoutTest, TheRealFileOfEightByteSamplesHoldsWhatAPlainReaderFinds)
 TEST_F(SegyLayoutTest, TheRealFilesOfLongTraceHeadersHoldWhatAPlainReaderFinds)
 {
     SKIP_WITHOUT_TEST_DATA();
-    for (const auto& [file, nTraces, nSamples] :
-         {std::tuple{"odd-headers/rotated-small-rev2.sgy", 25, 50}, std::tuple{"odd-headers/trace-header-extension1.sgy", 6, 4}}) {
+    for (const auto& [file, nTraces, nSamples] : {std::tuple{"odd-headers/rotated-small-rev2.sgy", 25, 50},
+                                                  std::tuple{"odd-headers/trace-header-extension1.sgy", 6, 4}}) {
         const std::string name = testDataFile(file), bytes = contentOf(name);
         ASSERT_EQ(bytes.size(), size_t(3600 + nTraces * (480 + 4 * nSamples)));
         Loaded l({.files = name, .isort = 11, .maxtr = 100, .indexbuilt = 1});
@@ -318,8 +324,8 @@ TEST_F(SegyLayoutTest, TheRealFilesOfLongTraceHeadersHoldWhatAPlainReaderFinds)
 TEST_F(SegyLayoutTest, BehindExtendedTextHeadersStandTheTracesThatSegyioFinds)
 {
     SKIP_WITHOUT_TEST_DATA();
-    for (const auto& [file, nTexts, nTraces, nSamples] :
-         {std::tuple{"odd-headers/multi-text.sgy", 4, 1, 1}, std::tuple{"odd-headers/stanzas-known-count.sgy", 3, 6, 4}}) {
+    for (const auto& [file, nTexts, nTraces, nSamples] : {std::tuple{"odd-headers/multi-text.sgy", 4, 1, 1},
+                                                          std::tuple{"odd-headers/stanzas-known-count.sgy", 3, 6, 4}}) {
         const std::string name = testDataFile(file), out = _folder.filePath("dump").toStdString();
         const std::string command = std::string("/usr/bin/python3 '") + MERIDUNE_SOURCE_DIR +
                                     "/tests/data/segyio_dump.py' '" + name + "' '" + out + "' big 2>/dev/null";

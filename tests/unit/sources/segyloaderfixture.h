@@ -24,10 +24,21 @@ struct LoaderParm {
 
 inline SegyLoadParm loadParm(const LoaderParm& p)
 {
-    return {.files = QString::fromStdString(p.files), .isort = p.isort, .itype = p.itype, .iformat = p.iformat,
-            .ivariable = p.ivariable, .icscale = p.icscale, .iescale = p.iescale, .nsamp = p.nsamp, .maxtr = p.maxtr,
-            .srate = p.srate, .iremap = p.iremap, .indexbuilt = p.indexbuilt, .layout = p.layout,
-            .remapTable = p.remapTable, .isStandAlone = p.isstandalone};
+    return {.files = QString::fromStdString(p.files),
+            .isort = p.isort,
+            .itype = p.itype,
+            .iformat = p.iformat,
+            .ivariable = p.ivariable,
+            .icscale = p.icscale,
+            .iescale = p.iescale,
+            .nsamp = p.nsamp,
+            .maxtr = p.maxtr,
+            .srate = p.srate,
+            .iremap = p.iremap,
+            .indexbuilt = p.indexbuilt,
+            .layout = p.layout,
+            .remapTable = p.remapTable,
+            .isStandAlone = p.isstandalone};
 }
 
 struct Loaded {

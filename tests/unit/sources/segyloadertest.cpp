@@ -210,8 +210,8 @@ TEST_F(SegyLoaderTest, TheCapacityComesFromUserReelAndAuxiliaryTraces)
 {
     static const struct {
         int maxtr, ntrc, naux, expected;
-    } cases[] = {{0, 0, 0, 5000}, {100, 0, 2, 102}, {0, 48, 0, 48}, {0, 48, 2, 50},
-                 {0, -5, 0, 5000}, {0, -5, 8, 3}, {-5, 48, 0, 5000},   {100, 48, -7, 100}};
+    } cases[] = {{0, 0, 0, 5000},  {100, 0, 2, 102}, {0, 48, 0, 48},    {0, 48, 2, 50},
+                 {0, -5, 0, 5000}, {0, -5, 8, 3},    {-5, 48, 0, 5000}, {100, 48, -7, 100}};
     for (const auto& c : cases) {
         SegyBuilder file = shots({1});
         file.put<int16_t>(3212, int16_t(c.ntrc));

@@ -1,7 +1,7 @@
 /// The trace map: its build by headers alone against the plain loop over whole traces, and its sort.
+#include "sources/segymap.h"
 #include "host/progresssink.h"
 #include "sources/segyheader.h"
-#include "sources/segymap.h"
 #include "tests/unit/sources/segybuilder.h"
 
 #include <QTemporaryDir>
@@ -122,7 +122,11 @@ TEST(SegyMapBuild, GivesTheItemsAndLinesOfThePlainLoopOnVariableBadAndCutFiles)
             fillHeader(&file, i, &random);
             const int kind = int(random() % 8);
             // 0: no count, 1: a negative one, 2: more than the buffer holds, 3: more than forty traces, else good
-            const int nsamp = kind == 0 ? 0 : kind == 1 ? -5 : kind == 2 ? 70 * 40 : kind == 3 ? 30000 : int(random() % 200) + 1;
+            const int nsamp = kind == 0   ? 0
+                              : kind == 1 ? -5
+                              : kind == 2 ? 70 * 40
+                              : kind == 3 ? 30000
+                                          : int(random() % 200) + 1;
             file.setHeader<int16_t>(i, 114, int16_t(nsamp));
             const int nPresent = nsamp > 0 ? nsamp * nBytes : std::max(0, 70 * nBytes - 240);
             file.bytes.resize(file.bytes.size() + size_t(nPresent), char(trial));
@@ -316,9 +320,11 @@ TEST(SegyMapSort, EveryPermutationOfAFewItemsComesIntoOrder)
         std::iota(order.begin(), order.end(), 0);
         do {
             std::vector<segyMapItem> items(order.size());
-            for (size_t i = 0; i < items.size(); ++i) items[i].item[0] = float(order[i]), items[i].itrace = uint32_t(order[i]);
+            for (size_t i = 0; i < items.size(); ++i)
+                items[i].item[0] = float(order[i]), items[i].itrace = uint32_t(order[i]);
             sortSegyMap(items.data(), n, MapSlot(0), MapSlot(1));
-            for (int i = 0; i < n; ++i) ASSERT_EQ(items[size_t(i)].itrace, uint32_t(i)) << testing::PrintToString(order);
+            for (int i = 0; i < n; ++i)
+                ASSERT_EQ(items[size_t(i)].itrace, uint32_t(i)) << testing::PrintToString(order);
         } while (std::next_permutation(order.begin(), order.end()));
     }
 }
@@ -336,7 +342,8 @@ TEST(SegyMapSort, CyclesOfEachLengthComeIntoOrder)
                 items[size_t(i)].item[0] = float(items[size_t(i)].itrace);
             }
             sortSegyMap(items.data(), n, MapSlot(0), MapSlot(1));
-            for (int i = 0; i < n; ++i) ASSERT_EQ(items[size_t(i)].itrace, uint32_t(i)) << n << " in cycles of " << length;
+            for (int i = 0; i < n; ++i)
+                ASSERT_EQ(items[size_t(i)].itrace, uint32_t(i)) << n << " in cycles of " << length;
         }
 }
 
@@ -348,7 +355,9 @@ TEST(SegyMapSort, TheComparisonTakesThePrimaryThenTheSecondaryKeyAndPutsNanLast)
         made.item[4] = secondary;
         return made;
     };
-    const auto compare = [](const segyMapItem& a, const segyMapItem& b) { return segyMapCompare(a, b, MapSlot(2), MapSlot(4)); };
+    const auto compare = [](const segyMapItem& a, const segyMapItem& b) {
+        return segyMapCompare(a, b, MapSlot(2), MapSlot(4));
+    };
     EXPECT_EQ(compare(item(1, 9), item(2, 0)), -1);
     EXPECT_EQ(compare(item(2, 0), item(1, 9)), 1);
     EXPECT_EQ(compare(item(1, 3), item(1, 2)), 1);

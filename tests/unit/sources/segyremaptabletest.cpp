@@ -1,6 +1,6 @@
 /// Remap files: one row a line, four fields.
-#include "sources/segyheader.h"
 #include "sources/segyremaptable.h"
+#include "sources/segyheader.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -125,10 +125,22 @@ TEST(SegyRemapTable, TheShippedTablesReadTheirBytes)
         const char* file;
         std::map<std::string, int> bytes;
     } shipped[] = {
-        {"revision-0", {{"TRACENO ", 1}, {"FFID    ", 9}, {"CHAN    ", 13}, {"SOURCE  ", 17}, {"SOU_SLOC", 17},
-                        {"CDP     ", 21}, {"SEQNO   ", 25}}},
-        {"revision-1", {{"FFID    ", 9}, {"CHAN    ", 13}, {"SOURCE  ", 17}, {"CDP     ", 21}, {"ILINE_NO", 189},
-                        {"XLINE_NO", 193}, {"SOU_SLOC", 197}}},
+        {"revision-0",
+         {{"TRACENO ", 1},
+          {"FFID    ", 9},
+          {"CHAN    ", 13},
+          {"SOURCE  ", 17},
+          {"SOU_SLOC", 17},
+          {"CDP     ", 21},
+          {"SEQNO   ", 25}}},
+        {"revision-1",
+         {{"FFID    ", 9},
+          {"CHAN    ", 13},
+          {"SOURCE  ", 17},
+          {"CDP     ", 21},
+          {"ILINE_NO", 189},
+          {"XLINE_NO", 193},
+          {"SOU_SLOC", 197}}},
         {"inline-at-9-crossline-at-13", {{"ILINE_NO", 9}, {"XLINE_NO", 13}}},
         {"inline-at-17-crossline-at-21", {{"ILINE_NO", 17}, {"XLINE_NO", 21}}},
         {"inline-at-221-crossline-at-25", {{"ILINE_NO", 221}, {"XLINE_NO", 25}}},
@@ -139,7 +151,8 @@ TEST(SegyRemapTable, TheShippedTablesReadTheirBytes)
     for (const auto& row : shipped) {
         SegyRemapTable table;
         QString error;
-        ASSERT_EQ(readRemapFile(QString(MERIDUNE_SOURCE_DIR "/resources/remap/") + row.file, &table, &error), 1) << row.file;
+        ASSERT_EQ(readRemapFile(QString(MERIDUNE_SOURCE_DIR "/resources/remap/") + row.file, &table, &error), 1)
+            << row.file;
         std::array<int, 60> words = {};
         SegyHeader header(words.data(), 60);
         header.setTreviaVersion(1);

@@ -36,7 +36,7 @@ const SegyVaryingWord* wordAt(const std::vector<SegyVaryingWord>& ranking, int b
     return nullptr;
 }
 
-} // namespace
+}  // namespace
 
 TEST(SegyVarying, WordsAreClassifiedByWhatTheyDo)
 {
@@ -94,7 +94,7 @@ TEST(SegyVarying, ShortWordsInTheFreeBytesAreRankedBesideTheLongOnes)
 {
     SegyBuilder file = headers(30);
     for (size_t i = 0; i < 30; ++i) {
-        file.setHeader<int16_t>(i, 220, int16_t(11 + int(i) / 10)); // an ensemble number in two bytes
+        file.setHeader<int16_t>(i, 220, int16_t(11 + int(i) / 10));  // an ensemble number in two bytes
         file.setHeader<int16_t>(i, 222, int16_t(1 + int(i) % 10));
         file.setHeader<int32_t>(i, 200, 40 + int(i));
     }

@@ -58,7 +58,8 @@ TEST(PlotParm, EveryRowRefusesWhatIsOutsideItsRange)
                                     field.rule.most + std::max(1.0, std::fabs(field.rule.most) * 1e-3)}) {
             if (std::holds_alternative<bool>(before)) continue;  // has no other values
             if (std::fabs(number) > 3.4028e38) continue;         // no number of this kind lies outside
-            const ParmValue outside = std::holds_alternative<int>(before) ? ParmValue(int(number)) : ParmValue(float(number));
+            const ParmValue outside =
+                std::holds_alternative<int>(before) ? ParmValue(int(number)) : ParmValue(float(number));
             EXPECT_FALSE(field.setValue(outside, &parm)) << number;
             EXPECT_EQ(field.value(parm), before);
         }

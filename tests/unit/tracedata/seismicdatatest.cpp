@@ -74,7 +74,7 @@ TEST(SeismicData, TheMeanRunsOnFromTraceToTrace)
     EXPECT_FLOAT_EQ(data.computeRMS(), 1.5f);  // (4/4 + 8/4) / 2
     EXPECT_FLOAT_EQ(data.getMean(), 2.0f);     // (4/4 + (4 + 8)/4) / 2: the sum isn't reset
     data.computeRMS();
-    EXPECT_FLOAT_EQ(data.getMean(), 2.0f);     // but starts at 0 at each call
+    EXPECT_FLOAT_EQ(data.getMean(), 2.0f);  // but starts at 0 at each call
 }
 
 TEST(SeismicData, NonFiniteSamplesDoNotReachTheRange)

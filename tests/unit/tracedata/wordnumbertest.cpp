@@ -1,7 +1,7 @@
 /// The numberings of a header word: none is taken for another, nor for a plain integer, without saying so.
+#include "tracedata/wordnumber.h"
 #include "tracedata/menukeys.h"
 #include "tracedata/parmmenu.h"
-#include "tracedata/wordnumber.h"
 
 #include <gtest/gtest.h>
 
@@ -12,13 +12,13 @@
 using Numberings = std::tuple<WordFrom0, WordFrom1, MapSlot, SortCode, KeyNumber>;
 
 template <class A, class B>
-constexpr bool areApart = std::is_same_v<A, B> ||
-                          (!std::is_convertible_v<A, B> && !std::is_constructible_v<B, A> && !std::is_assignable_v<B&, A>);
+constexpr bool areApart = std::is_same_v<A, B> || (!std::is_convertible_v<A, B> && !std::is_constructible_v<B, A> &&
+                                                   !std::is_assignable_v<B&, A>);
 
 template <class A>
-constexpr bool isApartFromInt = !std::is_convertible_v<int, A> && !std::is_convertible_v<A, int> &&
-                                !std::is_constructible_v<int, A> && !std::is_assignable_v<A&, int> &&
-                                !std::is_assignable_v<int&, A>;
+constexpr bool isApartFromInt =
+    !std::is_convertible_v<int, A> && !std::is_convertible_v<A, int> && !std::is_constructible_v<int, A> &&
+    !std::is_assignable_v<A&, int> && !std::is_assignable_v<int&, A>;
 
 template <class A, class... B>
 constexpr bool isApartFromAll = isApartFromInt<A> && (areApart<A, B> && ...);

@@ -57,7 +57,7 @@ TEST_F(DemoCommand, ReadsItsArguments)
 TEST_F(DemoCommand, RefusesWhatItCannotRead)
 {
     const std::vector<std::vector<std::string>> bad = {
-        {"--noise"},      {"--noise", "x"},   {"--noise", "-1"}, {"--noise", "nan"}, {"--shots", "0"},
+        {"--noise"},       {"--noise", "x"},   {"--noise", "-1"}, {"--noise", "nan"}, {"--shots", "0"},
         {"--shots", "61"}, {"--shots", "3.5"}, {"--what"},        {"a", "b"},         {""}};
     for (const auto& arguments : bad) {
         SCOPED_TRACE(arguments[0]);

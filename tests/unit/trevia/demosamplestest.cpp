@@ -37,7 +37,7 @@ TEST(DemoNoise, HasMeanZeroAndVarianceOne)
         sum += v;
         squares += v * v;
     }
-    EXPECT_NEAR(sum / n, 0.0, 0.015);        // 4.7 standard errors
+    EXPECT_NEAR(sum / n, 0.0, 0.015);     // 4.7 standard errors
     EXPECT_NEAR(squares / n, 1.0, 0.02);  // the same
 }
 
@@ -136,7 +136,7 @@ TEST(DemoSamples, ThePatchHasItsReflectionsAtZeroOffset)
     trace.bin = {2700.0, 0.0};
     std::vector<double> samples(1001, 0.0);
     addPatchSignal(trace, 1001, samples.data());
-    EXPECT_NEAR(samples[175], 0.25, 1e-9);  // 0.350 s
-    EXPECT_NEAR(samples[660], 0.3, 1e-9);   // 1.350 - 0.030 s on the anticline
-    EXPECT_NEAR(samples[525], -0.25, 1e-4); // 1.050 s; the multiple's foot at 1.120 s is below 1e-15
+    EXPECT_NEAR(samples[175], 0.25, 1e-9);   // 0.350 s
+    EXPECT_NEAR(samples[660], 0.3, 1e-9);    // 1.350 - 0.030 s on the anticline
+    EXPECT_NEAR(samples[525], -0.25, 1e-4);  // 1.050 s; the multiple's foot at 1.120 s is below 1e-15
 }

@@ -24,7 +24,8 @@ static int integerAt(const uint8_t* bytes, int offset, int width)
 
 static float floatAt(const uint8_t* bytes)
 {
-    return std::bit_cast<float>(uint32_t(bytes[0]) << 24 | uint32_t(bytes[1]) << 16 | uint32_t(bytes[2]) << 8 | bytes[3]);
+    return std::bit_cast<float>(uint32_t(bytes[0]) << 24 | uint32_t(bytes[1]) << 16 | uint32_t(bytes[2]) << 8 |
+                                bytes[3]);
 }
 
 TEST(DemoSegy, TheReelSaysWhatTheFileHolds)
@@ -42,8 +43,8 @@ TEST(DemoSegy, TheReelSaysWhatTheFileHolds)
     EXPECT_EQ(text.substr(39 * 80, 22), "C40 END TEXTUAL HEADER");
     const struct {
         int offset, width, value;
-    } words[] = {{3212, 2, 120},  {3216, 2, 2000}, {3220, 2, 1001}, {3224, 2, 5},   {3226, 2, 40},
-                 {3228, 2, 1},    {3254, 2, 1},    {3500, 2, 256},  {3502, 2, 1},   {3504, 2, 0}};
+    } words[] = {{3212, 2, 120}, {3216, 2, 2000}, {3220, 2, 1001}, {3224, 2, 5}, {3226, 2, 40},
+                 {3228, 2, 1},   {3254, 2, 1},    {3500, 2, 256},  {3502, 2, 1}, {3504, 2, 0}};
     for (const auto& w : words) EXPECT_EQ(integerAt(reel.data(), w.offset, w.width), w.value) << w.offset;
 }
 
@@ -55,16 +56,39 @@ TEST(DemoSegy, TheTraceHeaderHoldsEveryWordOfTheMapping)
     const struct {
         int offset, width, value;
     } words[] = {
-        {0, 4, 265},       {4, 4, 265},     {8, 4, 1003},    {12, 4, 25},     {16, 4, 203},    {20, 4, 1047},
-        {24, 4, 25},       {28, 2, 1},      {32, 2, 1},      {36, 4, 14},     {48, 4, 0},      {52, 4, 40000},
-        {60, 4, 0},        {64, 4, 0},      {68, 2, -100},   {70, 2, -100},   {94, 2, 0},      {110, 2, 0},
-        {114, 2, 1001},    {116, 2, 2000},  {172, 2, 125},   {188, 4, 1},     {192, 4, 1047},  {196, 4, 203},
+        {0, 4, 265},
+        {4, 4, 265},
+        {8, 4, 1003},
+        {12, 4, 25},
+        {16, 4, 203},
+        {20, 4, 1047},
+        {24, 4, 25},
+        {28, 2, 1},
+        {32, 2, 1},
+        {36, 4, 14},
+        {48, 4, 0},
+        {52, 4, 40000},
+        {60, 4, 0},
+        {64, 4, 0},
+        {68, 2, -100},
+        {70, 2, -100},
+        {94, 2, 0},
+        {110, 2, 0},
+        {114, 2, 1001},
+        {116, 2, 2000},
+        {172, 2, 125},
+        {188, 4, 1},
+        {192, 4, 1047},
+        {196, 4, 203},
         // X = 500000 + 0.8660254 x 564 + 4 = 500492.4383, Y = 4200000 + 282 - 6.9282 = 4200275.0718
-        {72, 4, 50049244}, {76, 4, 420027507},
+        {72, 4, 50049244},
+        {76, 4, 420027507},
         // 500000 + 0.8660254 x 576 = 500498.8306, 4200288
-        {80, 4, 50049883}, {84, 4, 420028800},
+        {80, 4, 50049883},
+        {84, 4, 420028800},
         // bin 1047: x = 570: 500493.6345, 4200285
-        {180, 4, 50049363}, {184, 4, 420028500},
+        {180, 4, 50049363},
+        {184, 4, 420028500},
     };
     for (const auto& w : words) EXPECT_EQ(integerAt(h.data(), w.offset, w.width), w.value) << w.offset;
     trace.faults = DemoDead;
@@ -132,7 +156,9 @@ TEST_F(DemoSegyFile, HasTheSizeOfItsTraces)
 TEST_F(DemoSegyFile, NoiseIsDrawnInFileOrderAlsoForDeadTraces)
 {
     const std::vector<uint8_t> bytes = written(shots(3), 0.02);
-    const auto sample = [&](int trace, int i) { return floatAt(&bytes[3600 + size_t(trace) * 4244 + 240 + 4 * size_t(i)]); };
+    const auto sample = [&](int trace, int i) {
+        return floatAt(&bytes[3600 + size_t(trace) * 4244 + 240 + 4 * size_t(i)]);
+    };
     // Trace 0 is still quiet at its first samples (first break 262 ms).
     EXPECT_FLOAT_EQ(sample(0, 0), float(0.02 * -0.4772340977856899));
     EXPECT_FLOAT_EQ(sample(0, 1), float(0.02 * -1.3036563494051148));
@@ -182,8 +208,9 @@ TEST(DemoStack, HasAPanelForEachVelocityAndPeaksAtTheRightOne)
 {
     DemoFile cdp;
     cdp.traces = demoCdpLine(60);
-    cdp.traces.erase(std::remove_if(cdp.traces.begin(), cdp.traces.end(), [](const DemoTrace& t) { return t.cdp != 1225; }),
-                     cdp.traces.end());
+    cdp.traces.erase(
+        std::remove_if(cdp.traces.begin(), cdp.traces.end(), [](const DemoTrace& t) { return t.cdp != 1225; }),
+        cdp.traces.end());
     cdp.signal = [](const DemoTrace& t, int n, double* s) { addLineSignal(t, 0.05, n, s); };
     const DemoFile stacks = demoVelocityStacks(cdp, 0.0);
     // Bin 1225 is channel 247 - 4k of the shots with a full split spread: k = 32 to 59.

@@ -22,7 +22,7 @@ TEST(DemoSurvey, StationsAndShotsStandWhereTheyShould)
 
 TEST(DemoSurvey, TheSpreadIsOffEndAtTheStartAndSplitLater)
 {
-    EXPECT_EQ(demoShot(0).firstLive, 101);  // clamp(19 - 59)
+    EXPECT_EQ(demoShot(0).firstLive, 101);   // clamp(19 - 59)
     EXPECT_EQ(demoShot(20).firstLive, 101);  // 468 + 960 = 1428: floor(59.5) - 59 = 0
     EXPECT_EQ(demoShot(21).firstLive, 103);
     EXPECT_EQ(demoShot(59).firstLive, 179);  // floor(137.5) - 59 = 78

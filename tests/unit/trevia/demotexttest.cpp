@@ -23,8 +23,7 @@ static bool holds(const std::vector<std::string>& lines, const std::string& line
 TEST(DemoTruth, FirstBreaksAreThoseOfTheFile)
 {
     const std::vector<std::string> lines = linesOf(firstBreakText(demoLine(60, true)));
-    EXPECT_EQ(lines[0],
-              "ffid chan station offset_m branch onset_ms trough_ms minusplus_ms peak_ms plusminus_ms");
+    EXPECT_EQ(lines[0], "ffid chan station offset_m branch onset_ms trough_ms minusplus_ms peak_ms plusminus_ms");
     // By Python: onset 261.955662 ms, then 5.317567, 12.5, 17.817567 and 25 ms.
     EXPECT_EQ(lines[1], "1001 1 101 -468.000 3 261.956 267.273 274.456 279.773 286.956");
     // 120 traces a shot, less station 203 (every shot that has it) and 157 (from 1021 on).

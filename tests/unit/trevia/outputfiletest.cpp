@@ -1,5 +1,5 @@
-#include "tests/brokenplaces.h"
 #include "trevia/outputfile.h"
+#include "tests/brokenplaces.h"
 
 #include <gtest/gtest.h>
 

@@ -49,7 +49,7 @@ protected:
     QTemporaryDir _folder;
 };
 
-} // namespace
+}  // namespace
 
 TEST_F(SegyCommand, GuessPrintsFactsAndSettings)
 {
