@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class QPushButton;
+
 /// Makes a control from its constructor's arguments; it belongs to the layout that takes it.
 template <typename Control, typename... Arguments>
 Control* makeControl(const char* name, const QString& tip, Arguments... arguments)
@@ -13,5 +15,8 @@ Control* makeControl(const char* name, const QString& tip, Arguments... argument
     control->setToolTip(tip);
     return control;
 }
+
+/// Such a button, which Return in a field doesn't press.
+QPushButton* makeButton(const char* name, const QString& text, const QString& tip);
 
 #endif

@@ -41,13 +41,6 @@ ColorBarDialog::ColorBarDialog(const DisplayList* displaylist, const DisplayList
     loadColorFiles();
 }
 
-static QPushButton* makeButton(const char* name, const QString& text, const QString& tip)
-{
-    auto* button = makeControl<QPushButton>(name, tip, text);
-    button->setAutoDefault(false);
-    return button;
-}
-
 void ColorBarDialog::makeTable(QGridLayout* grid)
 {
     _colorTable = makeControl<ColorStopTable>(

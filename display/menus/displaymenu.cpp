@@ -20,7 +20,6 @@
 #include <QSlider>
 
 #include <algorithm>
-#include <cmath>
 
 DisplayMenu::DisplayMenu(const DisplayList* displaylist, const DisplayList* otherlist, QWidget* parent)
     : QWidget(parent), _selection(displaylist, otherlist)
@@ -247,13 +246,20 @@ void DisplayMenu::applyToPlots(const std::function<void(SeismicPlot*)>& change)
     }
 }
 
+/// Its plots: that of the data, and that of the overlay if there is one.
+static QList<SeismicPlot*> plotsOf(SeismicDisplay* display)
+{
+    QList<SeismicPlot*> plots = {display->seismicPlot()};
+    if (display->overlayPlot()) plots += display->overlayPlot();
+    return plots;
+}
+
 /// The same for both plots of each display.
 void DisplayMenu::applyToBoth(const std::function<void(SeismicPlot*)>& change)
 {
     if (_doUpdate) return;
     for (SeismicDisplay* display : _selection.mainlist()) {
-        for (SeismicPlot* plot : {display->seismicPlot(), display->overlayPlot()})
-            if (plot) change(plot);
+        for (SeismicPlot* plot : plotsOf(display)) change(plot);
         display->rebuildPlot();
     }
 }
@@ -408,8 +414,7 @@ void DisplayMenu::rebuildAll(bool resetOthers)
 void DisplayMenu::setTraceSpacing(double tpi)
 {
     for (SeismicDisplay* display : _selection.allDisplays())
-        for (SeismicPlot* plot : {display->seismicPlot(), display->overlayPlot()})
-            if (plot) plot->setTraceSpacing(float(tpi));
+        for (SeismicPlot* plot : plotsOf(display)) plot->setTraceSpacing(float(tpi));
 }
 
 void DisplayMenu::changeSliderTrace(int value)
@@ -435,8 +440,7 @@ void DisplayMenu::changeAutoTrace(int state)
     enableSpacing();
     if (_doUpdate) return;
     for (SeismicDisplay* display : _selection.allDisplays())
-        for (SeismicPlot* plot : {display->seismicPlot(), display->overlayPlot()})
-            if (plot) plot->setAutoTraceSpacing(state != 0);
+        for (SeismicPlot* plot : plotsOf(display)) plot->setAutoTraceSpacing(state != 0);
     if (!state) setTraceSpacing(_tscaleEdit->number());
     rebuildAll(false);
     update();
@@ -446,8 +450,8 @@ void DisplayMenu::changeAutoTrace(int state)
 void DisplayMenu::setSampleSpacing(double ips)
 {
     for (SeismicDisplay* display : _selection.allDisplays())
-        for (SeismicPlot* plot : {display->seismicPlot(), display->overlayPlot()})
-            if (plot) plot->setSampleSpacing(float((1.0 / ips) / (display->sampleRate() / 1000.0)));
+        for (SeismicPlot* plot : plotsOf(display))
+            plot->setSampleSpacing(float((1.0 / ips) / (display->sampleRate() / 1000.0)));
 }
 
 void DisplayMenu::changeSliderSample(int value)
@@ -473,8 +477,7 @@ void DisplayMenu::changeAutoSample(int state)
     enableSpacing();
     if (_doUpdate) return;
     for (SeismicDisplay* display : _selection.allDisplays())
-        for (SeismicPlot* plot : {display->seismicPlot(), display->overlayPlot()})
-            if (plot) plot->setAutoSampleSpacing(state != 0);
+        for (SeismicPlot* plot : plotsOf(display)) plot->setAutoSampleSpacing(state != 0);
     if (!state && _sscaleEdit->number() > 0.0) setSampleSpacing(_sscaleEdit->number());
     rebuildAll(false);
     update();

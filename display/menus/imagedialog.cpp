@@ -48,13 +48,6 @@ ImageDialog::ImageDialog(ImageStorage* imgstore, const DisplayList* displaylist,
     checkCount();
 }
 
-static QPushButton* makeButton(const char* name, const QString& text, const QString& tip)
-{
-    auto* button = makeControl<QPushButton>(name, tip, text);
-    button->setAutoDefault(false);  // Return in a field must not press it
-    return button;
-}
-
 static QSlider* makeSlider(const char* name, const QString& tip, int least, int largest, int step)
 {
     auto* slider = makeControl<QSlider>(name, tip, Qt::Horizontal);

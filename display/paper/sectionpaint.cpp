@@ -37,11 +37,6 @@ static QFont fontOf(double mm, bool isBold = false)
     return font;
 }
 
-static bool hasWiggle(DisplayType type)
-{
-    return type == WiggleVA || type == Wiggle || type == ColorWiggle;
-}
-
 static bool hasLobes(DisplayType type)
 {
     return type == WiggleVA || type == VA;
@@ -117,7 +112,7 @@ static void paintTrace(QPainter* painter, const SectionPage& page, DisplayType t
         }
         if (!path.isEmpty()) painter->fillPath(path, Qt::black);
     }
-    if (hasWiggle(type)) {
+    if (isWiggleType(type)) {
         QPainterPath path;
         addPoints(&path, sectionWiggle(page, column, values));
         painter->strokePath(path, penOf(std::min(0.1, page.traceWidth() / 8.0)));
@@ -126,7 +121,7 @@ static void paintTrace(QPainter* painter, const SectionPage& page, DisplayType t
 
 static void paintTraces(QPainter* painter, const SectionPage& page, const RasterParm& raster)
 {
-    if (!hasWiggle(raster.displayType) && !hasLobes(raster.displayType)) return;
+    if (!isWiggleType(raster.displayType) && !hasLobes(raster.displayType)) return;
     std::vector<float> values;
     for (int i = 0; i < page.parm().nTraces; ++i) {
         sectionTrace(raster, i, &values);

@@ -1,4 +1,4 @@
-/// Kinds of display types.
+/// Which display types paint what; raster, paper and menus ask the same.
 #ifndef DISPLAYTYPE_H
 #define DISPLAYTYPE_H
 
@@ -8,6 +8,12 @@
 inline bool isColorType(DisplayType type)
 {
     return type == ColorB || type == ColorWiggle || type == Map || type == Velocity;
+}
+
+/// Types that draw each trace as a line.
+constexpr bool isWiggleType(DisplayType type)
+{
+    return type == WiggleVA || type == Wiggle || type == ColorWiggle;
 }
 
 #endif

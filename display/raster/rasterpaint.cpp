@@ -3,6 +3,7 @@
 // line from the row above, and the part of the line to the row below, which begins at that end.
 #include "display/raster/rasterpaint.h"
 
+#include "display/raster/displaytype.h"
 #include "display/raster/rasterband.h"
 #include "display/raster/rasternumber.h"
 
@@ -65,11 +66,6 @@ void RowWork::setRoom(int nTraces)
     for (RowEnds& row : ends) row.setRoom(nTraces);
     for (auto* spans : {&first, &length, &color, &lineFirst, &lineLength})
         if (spans->size() < size_t(nTraces) + rasterBand) spans->resize(size_t(nTraces) + rasterBand);
-}
-
-static constexpr bool hasLines(DisplayType type)
-{
-    return type == WiggleVA || type == Wiggle || type == ColorWiggle;
 }
 
 static constexpr bool hasColors(DisplayType type)
@@ -141,12 +137,12 @@ static inline MERIDUNE_KERNEL void findSpans(const RasterPainting& p, const Trac
         const IntBand fill = larger(loadBand<IntBand>(row.end() + k - 1), axis);
         const IntBand isPositive = v > 0.0f;
         SpanBand line = {end, end - 1};
-        if (hasLines(type) && next)
+        if (isWiggleType(type) && next)
             line = lineSpans(loadBand<IntBand>(row.at() + k), loadBand<IntBand>(next->end() + k), right);
         if constexpr (hasColors(type)) {
             storeSpans({isPositive ? fill : end, isPositive ? end : axis}, &work->first[k], &work->length[k]);
             colorIndices(values + k, rasterBand, *p.colors, &work->color[k]);
-            if constexpr (hasLines(type)) storeSpans(line, &work->lineFirst[k], &work->lineLength[k]);
+            if constexpr (isWiggleType(type)) storeSpans(line, &work->lineFirst[k], &work->lineLength[k]);
         } else if constexpr (type == VA) {
             storeSpans({fill, isPositive ? end : fill - 1}, &work->first[k], &work->length[k]);
         } else {
@@ -220,8 +216,8 @@ static inline MERIDUNE_KERNEL void paintRows(const RasterPainting& p, const Trac
         QRgb* const line = p.pixels + ptrdiff_t(p.window.top + r) * p.window.width;
         std::fill_n(line, p.window.width, p.background);
         if constexpr (hasColors(type)) {
-            write.colors(line, geometry.colors.data(), *work, hasLines(type) ? row.end() : nullptr, p.window.count);
-            if constexpr (hasLines(type))
+            write.colors(line, geometry.colors.data(), *work, isWiggleType(type) ? row.end() : nullptr, p.window.count);
+            if constexpr (isWiggleType(type))
                 write.black(line, work->lineFirst.data(), work->lineLength.data(), p.window.count);
         } else {
             write.black(line, work->first.data(), work->length.data(), p.window.count);

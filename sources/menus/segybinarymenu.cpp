@@ -4,7 +4,6 @@
 #include "sources/segyloader.h"
 
 #include <QPlainTextEdit>
-#include <QVBoxLayout>
 
 #include <variant>
 
@@ -59,15 +58,7 @@ QString segyReelLines(const segyReel& reel)
 SegyBinaryMenu::SegyBinaryMenu(QWidget* parent) : QWidget(parent)
 {
     setObjectName("segybinarymenu");
-    _textEdit = new QPlainTextEdit;
-    _textEdit->setObjectName("textEdit");
-    _textEdit->setFont(fixedFont());
-    _textEdit->setLineWrapMode(QPlainTextEdit::NoWrap);
-    _textEdit->setReadOnly(true);
-    _textEdit->setToolTip(tr("The binary reel header as it is in use"));
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(_textEdit);
-    setFocusProxy(_textEdit);
+    _textEdit = fillWithText(this, tr("The binary reel header as it is in use"));
 }
 
 void SegyBinaryMenu::newLoader(SegyLoader* loader)

@@ -9,7 +9,6 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QVBoxLayout>
 
 constexpr int textLines = 40;
 constexpr int lineLength = 80;
@@ -28,15 +27,7 @@ QString segyTextLines(const QByteArray& text)
 SegyEbcdicMenu::SegyEbcdicMenu(QWidget* parent) : QWidget(parent)
 {
     setObjectName("segyebcdicmenu");
-    _textEdit = new QPlainTextEdit;
-    _textEdit->setObjectName("textEdit");
-    _textEdit->setFont(fixedFont());
-    _textEdit->setLineWrapMode(QPlainTextEdit::NoWrap);
-    _textEdit->setReadOnly(true);
-    _textEdit->setToolTip(tr("The 40 lines of the text header"));
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(_textEdit);
-    setFocusProxy(_textEdit);
+    _textEdit = fillWithText(this, tr("The 40 lines of the text header"));
 }
 
 void SegyEbcdicMenu::newLoader(SegyLoader* loader)
