@@ -3,7 +3,6 @@
 #include "display/headeraxis.h"
 #include "display/tools/velocityoverlay.h"
 
-#include <algorithm>
 #include <cmath>
 
 /// Truncates to int inside [least, largest]; NaN gives least.

@@ -34,11 +34,9 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QFrame>
-#include <QGroupBox>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QRadioButton>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QVBoxLayout>

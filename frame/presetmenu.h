@@ -4,8 +4,6 @@
 
 #include <QMenu>
 
-#include <functional>
-
 class DisplayList;
 
 /// Saves the conditioning of the first display under a name, and gives that of a name to all displays at once, each

@@ -14,7 +14,6 @@
 #include <chrono>
 #include <clocale>
 #include <cstdio>
-#include <memory>
 
 static int meriduneac = 0;
 static char** meriduneav = nullptr;

@@ -15,7 +15,6 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QScreen>
 #include <QStatusBar>
 
 static const char pictureFilter[] = "Images (*.jpg,*.jpeg,*.png,*.tif,*.bmp);;All files (*)";

@@ -5,6 +5,8 @@
 #include "sources/formatted.h"
 #include "sources/segysamples.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <climits>
 #include <cstring>
@@ -42,7 +44,7 @@ bool segyData2::openFile(const QString& filename, bool show)
     if (tape) return isOpen;
     if (_parm.imode == 0) {
         auto file = std::make_unique<FileSource>();
-        isOpen = file->open(QFile::encodeName(filename).toStdString(), &_error) != 0;
+        isOpen = file->open(QFile::encodeName(filename).toStdString(), &_error);
         if (isOpen) _source = std::move(file);
     } else {
         _out = std::make_unique<QSaveFile>(filename);

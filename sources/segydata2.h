@@ -9,7 +9,6 @@
 #include "sources/segyrecords.h"
 #include "sources/segyremaptable.h"
 
-#include <QFile>
 #include <QSaveFile>
 #include <QStringList>
 
@@ -18,8 +17,6 @@
 
 class ProgressSink;
 class Report;
-class SegyHeader;
-struct SegyRemapRow;
 
 /// How to read a file. Plain, so that a background build gets its own copy.
 struct SegyReadParm {

@@ -1,6 +1,5 @@
 /// The build of the trace map: headers only, yet the same items and lines as reading trace by trace.
 #include "host/progresssink.h"
-#include "host/report.h"
 #include "sources/segydata2.h"
 #include "sources/segyheader.h"
 #include "sources/segyheaderreader.h"
@@ -9,7 +8,6 @@
 #include <climits>
 #include <cstring>
 #include <memory>
-
 #include <new>
 #include <omp.h>
 

@@ -44,8 +44,6 @@ public:
     void buildImage();
     /// The picture last built, and the maps of it: traces, ms.
     const QImage& saveImage() const { return _saveImage; }
-    const QwtScaleMap& saveMap1() const { return _saveMap1; }
-    const QwtScaleMap& saveMap2() const { return _saveMap2; }
     /// Stores the ensemble's picture, if the store or a collection wants it and it isn't stored already; a stored
     /// one that is out of date is replaced.
     /// @param extra  store it once more, whatever is stored

@@ -16,8 +16,6 @@ class QCheckBox;
 class QGridLayout;
 class QListWidget;
 class QPushButton;
-class SeismicDisplay;
-class SeismicPlot;
 
 /// Edits the bars of the displays chosen, or of their overlays. The table acts with "Update", all else at
 /// once; each change ends in one repaint of every display that is painted with a changed bar.

@@ -14,7 +14,6 @@ class NumberEdit;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
-class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QSlider;

@@ -11,13 +11,11 @@ class ImageStorage;
 class NumberEdit;
 class QCheckBox;
 class QGroupBox;
-class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSlider;
 class QTimer;
-class QVBoxLayout;
 class SeismicDisplay;
 
 /// Drives the store and the displays of a window. With several displays side by side picture i goes to the first,
@@ -34,7 +32,6 @@ public:
     void checkCount();
     /// Whether pictures are shown in place of the data; a new ensemble ends it.
     void setDoView(bool on);
-    bool isDoView() const { return _doView; }
     /// The same for the window's box: nothing is emitted.
     void changeViewFlag(bool on);
     bool isPlaying() const;

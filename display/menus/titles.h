@@ -11,7 +11,6 @@ class QLabel;
 class QLineEdit;
 class QStatusBar;
 class QVBoxLayout;
-class SeismicDisplay;
 
 /// A title in the status bar, the title and the numbers of the vertical axis, and the window's own title. Each
 /// control acts at once.

@@ -22,7 +22,6 @@ public:
 
     int traceCount() const { return _nTraces; }
     int sampleCount() const { return _nSamples; }
-    int wordCount() const { return _nWords; }
     /// Pointers to the copies, valid until the next copy.
     float** traces() { return _traces.data(); }
     int** headers() { return _headers.data(); }

@@ -1,5 +1,5 @@
-// Maps: each row of traces is interpolated to the pixels of a line. Sixteen rows are turned into columns first,
-// so that a pixel's place between two traces is looked up once for all of them.
+/// Maps: each row of traces is interpolated to the pixels of a line. Sixteen rows are turned into columns first,
+/// so that a pixel's place between two traces is looked up once for all of them.
 #include "display/raster/rasterband.h"
 #include "display/raster/rasternumber.h"
 #include "display/raster/rasterpaint.h"

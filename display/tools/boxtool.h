@@ -8,7 +8,6 @@
 #include <QPoint>
 #include <QRectF>
 
-class QMouseEvent;
 class QRubberBand;
 class QwtPlot;
 

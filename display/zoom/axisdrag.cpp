@@ -1,14 +1,11 @@
 #include "display/zoom/axisdrag.h"
 
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPalette>
 #include <QRubberBand>
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
-
-#include <cmath>
 
 AxisDrag::AxisDrag(QwtPlot* plot) : QObject(plot), _plot(plot)
 {

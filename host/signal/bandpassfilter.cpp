@@ -69,10 +69,9 @@ static void shortenOperator(const RealTransform& transform, const BandPassCorner
     for (int k = 0; k < count; ++k) (*factors)[k] = work.spectrum[2 * k];
 }
 
-BandPassFilter::BandPassFilter(int type, int phase, int inverse, float lag, float lc, float lp, float hp, float hc,
-                               int nSamples, float sampleRate)
-    : _type(type), _phase(phase), _inverse(inverse), _lag(lag), _nSamples(std::max(nSamples, 1)),
-      _sampleRate(sampleRate > 0.0f ? sampleRate : 1.0f)
+BandPassFilter::BandPassFilter(int, int, int, float, float lc, float lp, float hp, float hc, int nSamples,
+                               float sampleRate)
+    : _nSamples(std::max(nSamples, 1)), _sampleRate(sampleRate > 0.0f ? sampleRate : 1.0f)
 {
     buildFilter(lc, lp, hp, hc);
 }

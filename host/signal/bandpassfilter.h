@@ -30,12 +30,12 @@ struct BandPassCorners {
 class BandPassFilter
 {
 public:
-    /// @param type, phase, inverse, lag  kept; 0 is this filter, and there is no other
+    /// The first four parameters are type, phase, inverse and lag: there is one filter, and it heeds none of them.
+    ///
     /// @param lc, lp, hp, hc  corners in Hz, in any order; clamped to 0..Nyquist, NaN is 0
     /// @param nSamples    the usual length of a trace
     /// @param sampleRate  sample interval in ms; what is not above 0 counts as 1
-    BandPassFilter(int type, int phase, int inverse, float lag, float lc, float lp, float hp, float hc, int nSamples,
-                   float sampleRate);
+    BandPassFilter(int, int, int, float, float lc, float lp, float hp, float hc, int nSamples, float sampleRate);
     /// Takes effect at the next buildFilter.
     void setTimeDomain(bool on) { _timeDomain = on; }
     void buildFilter(float lc, float lp, float hp, float hc);
@@ -46,8 +46,6 @@ public:
 private:
     ZeroPhaseFilter makeFilter(int n) const;
 
-    int _type, _phase, _inverse;
-    float _lag;
     int _nSamples;
     float _sampleRate;
     bool _timeDomain = false;

@@ -2,7 +2,6 @@
 #ifndef ZEROPHASEFILTER_H
 #define ZEROPHASEFILTER_H
 
-#include <memory>
 #include <vector>
 
 /// A filter of one real factor a frequency, applied to zero-padded traces.

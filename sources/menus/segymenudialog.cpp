@@ -65,7 +65,7 @@ void SegyMenuDialog::makeButtons()
     _saveButton = addButton(tr("&Save"), "saveButton", tr("Write the text to a file"));
     _editButton = addButton(tr("&Edit"), "editButton", tr("Switch between looking at the text and editing it"));
     _editButton->setCheckable(true);
-    _dismissButton = addButton(tr("&Dismiss"), "dismissButton", tr("Close the menu"), true);
+    addButton(tr("&Dismiss"), "dismissButton", tr("Close the menu"), true);
     new ReturnKey(this, _openButton);
     connect(_openButton, &QPushButton::clicked, this, &SegyMenuDialog::accept);
     connect(_loadButton, &QPushButton::clicked, _segyebcdicmenu, &SegyEbcdicMenu::loadNewEbcdic);

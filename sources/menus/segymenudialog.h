@@ -63,7 +63,7 @@ private:
     SegyBinaryMenu* _segybinarymenu;
     SegyHeaderMenu* _segyheadermenu;
     QDialogButtonBox* _buttonBox;
-    QPushButton *_openButton, *_loadButton, *_saveButton, *_editButton, *_dismissButton;
+    QPushButton *_openButton, *_loadButton, *_saveButton, *_editButton;
     bool _isOpen = false;
     bool _isBuilt = false;
     bool _isLoadFailed = false;
