@@ -70,7 +70,7 @@ void HeaderAxis::readParmTest(const SeismicData& data, bool isDifference)
 }
 
 /// Room for n values in each column; without memory all of them, which the axes look at, stay where they are.
-int HeaderAxis::makeRoom(size_t n, std::string* error)
+bool HeaderAxis::makeRoom(size_t n, std::string* error)
 {
     const struct {
         KeyColumn* column;
@@ -83,18 +83,18 @@ int HeaderAxis::makeRoom(size_t n, std::string* error)
             grown[i].resize(n);
         } catch (const std::bad_alloc&) {
             *error = std::string("MERIDUNE: buildHeadersAxis, error while getting memory: ") + columns[i].place + ".";
-            return 0;
+            return false;
         }
     }
     for (size_t i = 0; i < std::size(columns); ++i)
         if (!grown[i].empty()) columns[i].column->values.swap(grown[i]);
-    return 1;
+    return true;
 }
 
-int HeaderAxis::build(const SeismicData& data, const HeaderKeys& keys, bool rightToLeft, bool isDifference,
-                      std::string* error)
+bool HeaderAxis::build(const SeismicData& data, const HeaderKeys& keys, bool rightToLeft, bool isDifference,
+                       std::string* error)
 {
-    if (!makeRoom(size_t(data.traceCount()) + 2, error)) return 0;
+    if (!makeRoom(size_t(data.traceCount()) + 2, error)) return false;
     const HeaderWords& words = data.getTraceHeader(0)->headerWords();
     nameColumn(&_priReal, words, keys.realHaveNames ? keys.priReal : keys.pri);
     nameColumn(&_pri, words, keys.pri);
@@ -106,5 +106,5 @@ int HeaderAxis::build(const SeismicData& data, const HeaderKeys& keys, bool righ
     readColumn(&_secReal, data, keys.secReal, rightToLeft);
     _nTraces = data.traceCount();
     readParmTest(data, isDifference);
-    return 1;
+    return true;
 }

@@ -32,8 +32,9 @@ public:
     /// @param keys         words to read
     /// @param rightToLeft  the last trace stands first
     /// @param isDifference the text of the parameter test is "Difference"
-    /// Returns 1; 0 with *error and all as it was when memory ran out.
-    int build(const SeismicData& data, const HeaderKeys& keys, bool rightToLeft, bool isDifference, std::string* error);
+    /// False, with *error and all as it was, when memory ran out.
+    bool build(const SeismicData& data, const HeaderKeys& keys, bool rightToLeft, bool isDifference,
+               std::string* error);
 
     const KeyColumn& pri() const { return _pri; }
     const KeyColumn& priReal() const { return _priReal; }
@@ -46,7 +47,7 @@ public:
     float panelVelocity() const { return _panelVelocity; }
 
 private:
-    int makeRoom(size_t n, std::string* error);
+    bool makeRoom(size_t n, std::string* error);
     void readParmTest(const SeismicData& data, bool isDifference);
 
     KeyColumn _pri, _priReal, _sec, _secReal;

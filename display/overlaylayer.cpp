@@ -6,12 +6,12 @@
 
 #include <qwt_plot.h>
 
-int OverlayLayer::load(const TraceBatch& batch, const HeaderKeys& keys, int treviaVersion, const SeismicPlot& main,
-                       const QRect& canvas, std::string* error)
+bool OverlayLayer::load(const TraceBatch& batch, const HeaderKeys& keys, int treviaVersion, const SeismicPlot& main,
+                        const QRect& canvas, std::string* error)
 {
     std::unique_ptr<TraceLayer> made;
     if (!_layer) made = std::make_unique<TraceLayer>(_plot, _owner, "overlayplot");
-    if (!(made ? made : _layer)->take(batch, keys, treviaVersion, error)) return 0;
+    if (!(made ? made : _layer)->take(batch, keys, treviaVersion, error)) return false;
     const bool isNew = made != nullptr;
     if (isNew) _layer = std::move(made);
     _layer->data()->setSampleRate(main.data()->sampleRate());
@@ -19,7 +19,7 @@ int OverlayLayer::load(const TraceBatch& batch, const HeaderKeys& keys, int trev
     _layer->measure();
     _layer->show(batch.firstSample, canvas);
     _isLast = true;
-    return 1;
+    return true;
 }
 
 void OverlayLayer::adopt(const SeismicPlot& main)

@@ -16,9 +16,9 @@ public:
     /// @param host   may be null
     OverlayLayer(QwtPlot* plot, PlotOwner* owner, DisplayHost* host) : _plot(plot), _owner(owner), _host(host) {}
 
-    /// Shows a batch over the data, in colours of its own. Returns 1; 0 with *error when memory ran out.
-    int load(const TraceBatch& batch, const HeaderKeys& keys, int treviaVersion, const SeismicPlot& main,
-             const QRect& canvas, std::string* error);
+    /// Shows a batch over the data, in colours of its own. False with *error when memory ran out.
+    bool load(const TraceBatch& batch, const HeaderKeys& keys, int treviaVersion, const SeismicPlot& main,
+              const QRect& canvas, std::string* error);
     /// Whose turn it is: the next batch is the overlay's, or, after one, that of the data.
     bool isNext() const { return !_isLast; }
     void setNext(bool on) { _isLast = !on; }

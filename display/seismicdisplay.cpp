@@ -212,20 +212,20 @@ TraceBatch SeismicDisplay::batchOf(float** traces, int** heads, int n) const
     return {traces, heads, n, _axes.window().first, _axes.nSamples(), _nth, _host ? _host->headerWords() : nullptr};
 }
 
-int SeismicDisplay::takeTraces(float** traces, int** heads, int n)
+bool SeismicDisplay::takeTraces(float** traces, int** heads, int n)
 {
-    if (n < 1) return 0;
+    if (n < 1) return false;
     if (hasData()) emit _view->ensembleLeaving();
     std::string error;
-    if (_layer.take(batchOf(traces, heads, n), _keys, _isTrevia - 1, &error)) return 1;
+    if (_layer.take(batchOf(traces, heads, n), _keys, _isTrevia - 1, &error)) return true;
     report().line(error + "\n");
-    return 0;
+    return false;
 }
 
 int SeismicDisplay::loadTraces(float** traces, int** heads, int n)
 {
     if (n > 0) _view->batchHooks().changeHeaders(heads, n, _nth);
-    return takeTraces(traces, heads, n);
+    return takeTraces(traces, heads, n) ? 1 : 0;
 }
 
 int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool replot)
@@ -240,12 +240,12 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
         _state.isLast = true;
         return 0;
     }
-    if (isOverlay) return takeOverlay(traces, heads, n, replot);
+    if (isOverlay) return takeOverlay(traces, heads, n, replot) ? 0 : 1;
     _overlay.setNext(true);
     if (!takeTraces(traces, heads, n)) return 1;
     _state.isLoaded = true;
     _state.isLast = false;
-    if (measureTraces() != 0) return 1;
+    if (!measureTraces()) return 1;
     layOutTraces(replot);
     storeImage(false);
     _pickers.ensembleShown();
@@ -253,8 +253,8 @@ int SeismicDisplay::loadSeismicData(float** traces, int** heads, int n, bool rep
     return 0;
 }
 
-/// Conditions and measures new traces, and reads their keys. Returns 0, or 1 when memory ran out.
-int SeismicDisplay::measureTraces()
+/// Conditions and measures new traces, and reads their keys. False when memory ran out.
+bool SeismicDisplay::measureTraces()
 {
     // A SEG-Y file has no slices, whatever domain a former one has left.
     if (_state.isFirst && _axes.isSlice() && _isTrevia) setSliceAxis();
@@ -262,14 +262,14 @@ int SeismicDisplay::measureTraces()
     _axes.takeShift();
     _axes.forgetShown();
     _zoom->setRange(_layer.data()->traceCount(), double(_axes.nSamples()) * _axes.sampleRate());
-    if (buildHeaderAxis() != 0) return 1;
+    if (buildHeaderAxis() != 0) return false;
     if (_state.isFirst) {
         if (_menu->ips != 0.0f) _layer.plot()->setSampleSpacing(samplesPerInch(_menu->ips, _axes.sampleRate()));
         _axes.restartTraceIncrement();
     }
     _layer.show(_axes.window().first, canvasRectangle());
     _layer.plot()->setShiftTime(_axes.shiftTime());
-    return 0;
+    return true;
 }
 
 /// Axes, title and picture of new traces; a zoom that the user chose stays.
@@ -376,18 +376,18 @@ void SeismicDisplay::setOverlayMode(bool on)
 int SeismicDisplay::loadOverlayData(float** traces, int** heads, int n, bool replot)
 {
     _view->batchHooks().changeHeaders(heads, n, _nth);
-    return takeOverlay(traces, heads, n, replot);
+    return takeOverlay(traces, heads, n, replot) ? 0 : 1;
 }
 
-int SeismicDisplay::takeOverlay(float** traces, int** heads, int n, bool replot)
+bool SeismicDisplay::takeOverlay(float** traces, int** heads, int n, bool replot)
 {
     std::string error;
     if (!_overlay.load(batchOf(traces, heads, n), _keys, _isTrevia - 1, *_layer.plot(), canvasRectangle(), &error)) {
         report().line(error + "\n");
-        return 1;
+        return false;
     }
     if (replot) rePlot();
-    return 0;
+    return true;
 }
 
 QString SeismicDisplay::overlayRecord() const

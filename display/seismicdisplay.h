@@ -89,8 +89,8 @@ public:
     int loadSeismicData(float** traces, int** heads, int n, bool replot);
     /// Only copies the batch. Returns 1, or 0 when memory ran out.
     int loadTraces(float** traces, int** heads, int n);
-    /// Shows a batch over the data on the screen, translucent, in colours of its own. Always 0, or 1 when memory
-    /// ran out.
+    /// Shows a batch over the data on the screen, translucent, in colours of its own. Returns 0, or 1 when
+    /// memory ran out.
     int loadOverlayData(float** traces, int** heads, int n, bool replot);
     /// With on, the next batch goes over the data on the screen, and from then on every second one.
     void setOverlayMode(bool on);
@@ -306,9 +306,9 @@ private:
     void setTimeWindow();
     void setSliceAxis();
     TraceBatch batchOf(float** traces, int** heads, int n) const;
-    int takeTraces(float** traces, int** heads, int n);
-    int takeOverlay(float** traces, int** heads, int n, bool replot);
-    int measureTraces();
+    bool takeTraces(float** traces, int** heads, int n);
+    bool takeOverlay(float** traces, int** heads, int n, bool replot);
+    bool measureTraces();
     void layOutTraces(bool replot);
     QSizeF panExtent() const;
     void limitPan();

@@ -11,10 +11,10 @@ TraceLayer::TraceLayer(QwtPlot* parent, PlotOwner* owner, const QString& title)
 
 TraceLayer::~TraceLayer() = default;
 
-int TraceLayer::take(const TraceBatch& batch, const HeaderKeys& keys, int treviaVersion, std::string* error)
+bool TraceLayer::take(const TraceBatch& batch, const HeaderKeys& keys, int treviaVersion, std::string* error)
 {
     if (!_copy.copy(batch.traces, batch.heads, batch.n, batch.firstSample, batch.nSamples, batch.nWords, error))
-        return 0;
+        return false;
     _data->clear();
     _data->setHeaderWords(batch.words);
     _data->setNumHeaderWords(batch.nWords);
@@ -22,7 +22,7 @@ int TraceLayer::take(const TraceBatch& batch, const HeaderKeys& keys, int trevia
     _data->setPriKey(keys.pri.value);
     _data->setSecKey(keys.sec.value);
     _data->setTreviaVersion(treviaVersion);
-    return 1;
+    return true;
 }
 
 bool TraceLayer::holds(const TraceBatch& batch) const

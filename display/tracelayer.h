@@ -36,9 +36,9 @@ public:
     TraceLayer(QwtPlot* parent, PlotOwner* owner, const QString& title);
     ~TraceLayer();
 
-    /// Copies the batch, which must have a trace, and loads it as the data. Returns 1; 0 with *error and all as it was
+    /// Copies the batch, which must have a trace, and loads it as the data. False, with *error and all as it was,
     /// when memory ran out.
-    int take(const TraceBatch& batch, const HeaderKeys& keys, int treviaVersion, std::string* error);
+    bool take(const TraceBatch& batch, const HeaderKeys& keys, int treviaVersion, std::string* error);
     /// Whether this batch was taken last.
     bool holds(const TraceBatch& batch) const;
     /// Conditions and measures the data.

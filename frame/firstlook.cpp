@@ -41,8 +41,7 @@ void FirstLook::look(const QString& path, const SegyLoadParm& told, const SegyRe
     QThread* thread = QThread::create([found, guess = _guess] {
         try {
             std::string error;
-            found->isRead =
-                guess(QFile::encodeName(found->path).toStdString(), found->told, &found->guess, &error) != 0;
+            found->isRead = guess(QFile::encodeName(found->path).toStdString(), found->told, &found->guess, &error);
         } catch (const std::bad_alloc&) {
             found->isRead = false;
         }

@@ -21,7 +21,7 @@ class FirstLook : public QObject
 
 public:
     using Guess =
-        std::function<int(const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error)>;
+        std::function<bool(const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error)>;
 
     /// Opens a file by settings; false if it was refused.
     using Open = std::function<bool(const SegyLoadParm& parm)>;

@@ -26,14 +26,14 @@ const char* GetHome()
     return folder.c_str();
 }
 
-int makeHome()
+bool makeHome()
 {
     for (const char* sub : {"/port/misc", "/port/db/segy", "/linux/lib", "/docs/meridune-docs"}) {
         std::error_code error;
         std::filesystem::create_directories(GetHome() + std::string(sub), error);
-        if (error) return 0;
+        if (error) return false;
     }
-    return 1;
+    return true;
 }
 
 /// A name of one folder: no slash, no dots alone.

@@ -9,8 +9,8 @@
 const char* GetHome();
 
 /// Makes GetHome() and its folders for colours, remap tables and settings where they are missing.
-/// Returns 1, or 0 when they can't be made.
-int makeHome();
+/// False when they can't be made.
+bool makeHome();
 
 /// Folder of a line, GetHome()/areas/AREA/LINE; without trailing slash, not made here. Valid until the next
 /// call. Empty when a name is empty or would leave the folder.

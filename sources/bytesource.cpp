@@ -24,13 +24,13 @@ FileSource::~FileSource()
     if (_descriptor >= 0) ::close(_descriptor);
 }
 
-int FileSource::open(const std::string& path, std::string* error)
+bool FileSource::open(const std::string& path, std::string* error)
 {
     // Not blocking, so that a pipe without a writer is refused instead of waited for.
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) {
         *error = std::strerror(errno);
-        return 0;
+        return false;
     }
     struct stat info = {};
     const int status = ::fstat(descriptor, &info);
@@ -39,12 +39,12 @@ int FileSource::open(const std::string& path, std::string* error)
         const bool isFolder = status == 0 && S_ISDIR(info.st_mode);
         *error = status != 0 ? std::strerror(errno) : isFolder ? std::strerror(EISDIR) : "Not a regular file";
         ::close(descriptor);
-        return 0;
+        return false;
     }
     if (_descriptor >= 0) ::close(_descriptor);
     _descriptor = descriptor;
     _size = S_ISBLK(info.st_mode) ? int64_t(::lseek(descriptor, 0, SEEK_END)) : int64_t(info.st_size);
-    return 1;
+    return true;
 }
 
 int64_t FileSource::read(int64_t offset, size_t n, void* out, std::string* error) const

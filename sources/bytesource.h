@@ -45,8 +45,8 @@ public:
     FileSource(const FileSource&) = delete;
     FileSource& operator=(const FileSource&) = delete;
 
-    /// Opens a regular file or disk. Returns 1; 0 with the system's text in *error.
-    int open(const std::string& path, std::string* error);
+    /// Opens a regular file or disk. False with the system's text in *error.
+    bool open(const std::string& path, std::string* error);
     int64_t size() const override { return _size; }
     int64_t read(int64_t offset, size_t n, void* out, std::string* error) const override;
     void willNeed(int64_t offset, int64_t n) const override;

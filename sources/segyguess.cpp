@@ -45,7 +45,7 @@ public:
         : _source(source), _guess(guess), _search(guess->search), _layout(guess->search.layout), _error(error)
     {
     }
-    int run(const SegyLoadParm& before);
+    bool run(const SegyLoadParm& before);
 
 private:
     void add(const std::string& what, const std::string& evidence, const std::string& choice)
@@ -53,15 +53,15 @@ private:
         _guess->facts.push_back({what, evidence, choice});
     }
     const SegyReelClaims& claims() const { return _search.claims[_layout.isBigEndian]; }
-    int addTextFile(bool* isText);
+    bool addTextFile(bool* isText);
     void sayWhatItIs();
     void addByteOrder();
     void addOrderBesideText(bool isAscii);
-    int addText();
+    bool addText();
     void addPlace();
     void addSize();
     void addHeaders();
-    int addFormat();
+    bool addFormat();
     void addFormatOfFloats(const SegySampleStatistics& statistics);
     void setOtherSamples(const std::string& evidence, int format);
     void addSamples();
@@ -91,20 +91,20 @@ void Guesser::cannotFollow(const std::string& why)
 }
 
 /// A text file can look like anything when it is read as numbers.
-int Guesser::addTextFile(bool* isText)
+bool Guesser::addTextFile(bool* isText)
 {
     std::string begin(size_t(std::min<int64_t>(_source.size(), mostTextBytes)), '\0');
     const int64_t got = _source.read(0, begin.size(), begin.data(), _error);
-    if (got < 0) return 0;
+    if (got < 0) return false;
     begin.resize(size_t(got));
     const std::string kind = textFileKind(begin);
     *isText = !kind.empty();
-    if (!*isText) return 1;
+    if (!*isText) return true;
     add("File",
         formatted("%lld bytes; nothing but printable characters in the first %lld", wide(_source.size()), wide(got)),
         kind + ", not SEG-Y: nothing is set");
     _guess->summary = "This is " + kind + ", not a SEG-Y file.";
-    return 1;
+    return true;
 }
 
 /// Says why a file is none, or what it is instead.
@@ -155,11 +155,11 @@ void Guesser::addByteOrder()
         orderName(_layout.isBigEndian) + ": SEGY file type " + (_layout.isBigEndian ? "Standard" : "MSDOS"));
 }
 
-int Guesser::addText()
+bool Guesser::addText()
 {
     std::vector<char> text(segyTextBytes);
     const int64_t got = _source.read(0, text.size(), text.data(), _error);
-    if (got < 0) return 0;
+    if (got < 0) return false;
     _text = guessSegyText(text.data());
     const bool isAscii = _text.kind == SegyTextKind::Ascii || _text.kind == SegyTextKind::BlankAscii;
     const bool isEbcdic = _text.kind == SegyTextKind::Ebcdic || _text.kind == SegyTextKind::BlankEbcdic;
@@ -175,7 +175,7 @@ int Guesser::addText()
                             isAscii ? "Standard" : "MSDOS");
     add("Text header", _text.evidence, choice);
     if (isOther && claims().isOrderTold) addOrderBesideText(isAscii);
-    return 1;
+    return true;
 }
 
 /// The file tells its byte order by a constant: so the type can follow the text.
@@ -306,14 +306,14 @@ void Guesser::setOtherSamples(const std::string& evidence, int format)
     add("Other samples", evidence, std::string(entry->name) + ": set in the group Layout");
 }
 
-int Guesser::addFormat()
+bool Guesser::addFormat()
 {
     const int code = _layout.formatCode;
     if (_layout.sampleBytes == 4) {
         SegySampleStatistics statistics;
-        if (!countSegySamples(_source, _layout, &statistics, _error)) return 0;
+        if (!countSegySamples(_source, _layout, &statistics, _error)) return false;
         addFormatOfFloats(statistics);
-        return 1;
+        return true;
     }
     const int told = segyStandardSampleBytes(code);
     std::string evidence = formatted("code %d; only %d byte%s a sample fit size and trace headers", code,
@@ -328,7 +328,7 @@ int Guesser::addFormat()
         if (isUnsigned)
             setOtherSamples(formatted("code %d: integers without sign", code),
                             code == 11 ? SegyUnsigned2 : SegyUnsigned1);
-        return 1;
+        return true;
     }
     const bool isThree = _layout.sampleBytes == 3;
     add("Sample format", evidence,
@@ -339,7 +339,7 @@ int Guesser::addFormat()
                                                 : code == 9  ? SegyInteger8
                                                 : code == 12 ? SegyUnsigned8
                                                              : SegyReal8);
-    return 1;
+    return true;
 }
 
 void Guesser::addSamples()
@@ -519,28 +519,28 @@ void Guesser::conclude(const SegyLoadParm& before)
     _guess->summary += ". Nothing is set.";
 }
 
-int Guesser::run(const SegyLoadParm& before)
+bool Guesser::run(const SegyLoadParm& before)
 {
     bool isText = false;
-    if (!addTextFile(&isText)) return 0;
-    if (isText) return 1;
-    if (!findSegyLayout(_source, &_guess->search, _error)) return 0;
+    if (!addTextFile(&isText)) return false;
+    if (isText) return true;
+    if (!findSegyLayout(_source, &_guess->search, _error)) return false;
     if (!_search.isFound) {
         sayWhatItIs();
-        return 1;
+        return true;
     }
-    if (!readSegyHeaders(_source, _layout, &_guess->sample, _error)) return 0;
+    if (!readSegyHeaders(_source, _layout, &_guess->sample, _error)) return false;
     // Of a file that is cut in its first trace the header may still be whole.
     if (_guess->sample.count() == 0) _guess->sample.headers = _search.probes;
     const int comma = before.files.indexOf(',');
     _isList = comma >= 0 && !before.files.mid(comma).remove(',').trimmed().isEmpty();
     add("File", formatted("%lld bytes", wide(_source.size())), _isList ? "SEG-Y; the first one of the list" : "SEG-Y");
     addByteOrder();
-    if (!addText()) return 0;
+    if (!addText()) return false;
     addPlace();
     addSize();
     addHeaders();
-    if (!addFormat()) return 0;
+    if (!addFormat()) return false;
     addSamples();
     addInterval();
     addSortAndEnsembles();
@@ -548,20 +548,20 @@ int Guesser::run(const SegyLoadParm& before)
     addScalar("Elevation scalar", 68, {40, 44, 48, 52, 56, 60, 64}, &SegyLoadParm::iescale);
     addDelay();
     conclude(before);
-    return 1;
+    return true;
 }
 
-int guessSegy(const ByteSource& source, const SegyLoadParm& before, SegyGuess* guess, std::string* error)
+bool guessSegy(const ByteSource& source, const SegyLoadParm& before, SegyGuess* guess, std::string* error)
 {
     SegyGuess found;
     found.parm = before;
-    if (!Guesser(source, &found, error).run(before)) return 0;
+    if (!Guesser(source, &found, error).run(before)) return false;
     *guess = found;
-    return 1;
+    return true;
 }
 
-int guessSegyFile(const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error)
+bool guessSegyFile(const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error)
 {
     FileSource source;
-    return source.open(path, error) ? guessSegy(source, before, guess, error) : 0;
+    return source.open(path, error) && guessSegy(source, before, guess, error);
 }

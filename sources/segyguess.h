@@ -34,9 +34,9 @@ struct SegyGuess {
 ///
 /// @param before  settings to start from; the list of files, remap and index are kept, the index is only
 ///                switched on where an ensemble stands in pieces
-/// Returns 1, also for what is no SEG-Y file; 0 with the system's text in *error when reading failed.
-int guessSegy(const ByteSource& source, const SegyLoadParm& before, SegyGuess* guess, std::string* error);
+/// Returns true, also for what is no SEG-Y file; false with the system's text in *error when reading failed.
+bool guessSegy(const ByteSource& source, const SegyLoadParm& before, SegyGuess* guess, std::string* error);
 /// The same for a file on disk. @param path in the system's encoding
-int guessSegyFile(const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error);
+bool guessSegyFile(const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error);
 
 #endif

@@ -386,12 +386,12 @@ void LayoutTrial::tryVariable()
 }
 
 /// A file of trace headers and 4-byte samples alone.
-static int looksLikeSu(const ByteSource& source, SegyLayoutSearch* search, std::string* error)
+static bool looksLikeSu(const ByteSource& source, SegyLayoutSearch* search, std::string* error)
 {
     for (bool isBigEndian : {true, false}) {
         SegyRawHeader first;
         const int64_t got = readSegyRawHeader(source, 0, &first, error);
-        if (got < 0) return 0;
+        if (got < 0) return false;
         const int count = first.uint16(114, isBigEndian);
         const int64_t record = segyTraceHeaderBytes + 4 * int64_t(count);
         if (count < 1 || source.size() % record != 0 || source.size() / record < 2) continue;
@@ -400,7 +400,7 @@ static int looksLikeSu(const ByteSource& source, SegyLayoutSearch* search, std::
         for (int64_t rank : ranks) {
             SegyRawHeader header;
             header.rank = rank;
-            if (readSegyRawHeader(source, rank * record, &header, error) < 0) return 0;
+            if (readSegyRawHeader(source, rank * record, &header, error) < 0) return false;
             sum += segyHeaderPlausibility(header, first, isBigEndian, count, first.int16(116, isBigEndian));
         }
         if (sum / double(ranks.size()) < 0.8) continue;
@@ -409,19 +409,19 @@ static int looksLikeSu(const ByteSource& source, SegyLayoutSearch* search, std::
         search->layout.firstTrace = 0;
         search->layout.nSamples = count;
         search->layout.nTraces = source.size() / record;
-        return 1;
+        return true;
     }
-    return 1;
+    return true;
 }
 
-int findSegyLayout(const ByteSource& source, SegyLayoutSearch* search, std::string* error)
+bool findSegyLayout(const ByteSource& source, SegyLayoutSearch* search, std::string* error)
 {
     *search = SegyLayoutSearch();
     std::vector<unsigned char> reel(segyReelBytes);
     const int64_t got = source.read(0, reel.size(), reel.data(), error);
-    if (got < 0) return 0;
+    if (got < 0) return false;
     search->isSeg2 = got >= 4 && ((reel[0] == 0x55 && reel[1] == 0x3a) || (reel[0] == 0x3a && reel[1] == 0x55));
-    if (search->isSeg2) return 1;
+    if (search->isSeg2) return true;
     if (got == segyReelBytes) {
         for (bool isBigEndian : {false, true}) search->claims[isBigEndian] = claimsOf(reel.data(), isBigEndian);
         if (search->claims[0].nExtendedText < 0) search->endStanzaBlocks = blocksToEndStanza(source, error);
@@ -429,8 +429,8 @@ int findSegyLayout(const ByteSource& source, SegyLayoutSearch* search, std::stri
         for (bool isBigEndian : {true, false}) trial.tryOrder(isBigEndian);
         trial.tryVariable();
         trial.tryDistances();
-        if (trial.hasFailed()) return 0;
-        if (search->isFound) return 1;
+        if (trial.hasFailed()) return false;
+        if (search->isFound) return true;
     }
     return looksLikeSu(source, search, error);
 }

@@ -78,7 +78,7 @@ double segyHeaderPlausibility(const SegyRawHeader& header, const SegyRawHeader& 
 int64_t readSegyRawHeader(const ByteSource& source, int64_t offset, SegyRawHeader* header, std::string* error);
 /// Searches the layout: all that the words of the file allow are tried in both byte orders, and the one whose
 /// records fit the size and hold plausible headers wins. Reads at most some thousand headers.
-/// Returns 1; 0 with *error when reading failed.
-int findSegyLayout(const ByteSource& source, SegyLayoutSearch* search, std::string* error);
+/// False with *error when reading failed.
+bool findSegyLayout(const ByteSource& source, SegyLayoutSearch* search, std::string* error);
 
 #endif

@@ -65,11 +65,11 @@ SegySampleKind segySampleKind(const SegySampleStatistics& statistics)
     return SegySampleKind::Undecided;
 }
 
-int countSegySamples(const ByteSource& source, const SegyLayout& layout, SegySampleStatistics* statistics,
-                     std::string* error)
+bool countSegySamples(const ByteSource& source, const SegyLayout& layout, SegySampleStatistics* statistics,
+                      std::string* error)
 {
     *statistics = SegySampleStatistics();
-    if (layout.sampleBytes != 4 || layout.nSamples < 1) return 1;
+    if (layout.sampleBytes != 4 || layout.nSamples < 1) return true;
     const int64_t last = std::max<int64_t>(0, layout.nTraces - 1);
     const int64_t nLooked = std::min(last + 1, mostTraces);
     std::vector<uint32_t> words;
@@ -78,7 +78,7 @@ int countSegySamples(const ByteSource& source, const SegyLayout& layout, SegySam
         int64_t count = layout.nSamples;
         if (layout.isVariable) {
             SegyRawHeader header;
-            if (readSegyRawHeader(source, offset, &header, error) < 0) return 0;
+            if (readSegyRawHeader(source, offset, &header, error) < 0) return false;
             count = header.uint16(114, layout.isBigEndian);
         } else {
             offset = layout.offset(nLooked > 1 ? last * i / (nLooked - 1) : 0);
@@ -89,11 +89,11 @@ int countSegySamples(const ByteSource& source, const SegyLayout& layout, SegySam
         const size_t before = words.size();
         words.resize(before + size_t(nWords));
         const int64_t got = source.read(start, size_t(nWords) * 4, words.data() + before, error);
-        if (got < 0) return 0;
+        if (got < 0) return false;
         words.resize(before + size_t(got / 4));
         offset += layout.headerBytes + count * 4;
     }
     if (layout.isBigEndian == littleEndian()) endianSwap(words.data(), 4, int64_t(words.size()));
     *statistics = countSegyWords(words.data(), words.size());
-    return 1;
+    return true;
 }

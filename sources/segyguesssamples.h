@@ -37,9 +37,9 @@ enum class SegySampleKind {
 };
 
 /// Counts over samples of some traces from the first to the last one, of variable length of the first ones;
-/// at most 64 traces of 2000 samples. Returns 1; 0 with *error when reading failed.
-int countSegySamples(const ByteSource& source, const SegyLayout& layout, SegySampleStatistics* statistics,
-                     std::string* error);
+/// at most 64 traces of 2000 samples. False with *error when reading failed.
+bool countSegySamples(const ByteSource& source, const SegyLayout& layout, SegySampleStatistics* statistics,
+                      std::string* error);
 /// The same over words in machine order.
 SegySampleStatistics countSegyWords(const uint32_t* words, size_t n);
 SegySampleKind segySampleKind(const SegySampleStatistics& statistics);

@@ -52,29 +52,29 @@ int putRemapRow(SegyRemapTable* table, const QString& word, const QString& forma
     return target;
 }
 
-int readRemapFile(const QString& path, SegyRemapTable* table, QString* error)
+bool readRemapFile(const QString& path, SegyRemapTable* table, QString* error)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         *error = file.errorString();
-        return 0;
+        return false;
     }
     const QByteArray text = file.read(largestRemapFile);
     if (file.error() != QFileDevice::NoError) {
         *error = file.errorString();
-        return 0;
+        return false;
     }
     *table = remapTableFromText(text);
-    return 1;
+    return true;
 }
 
-int writeRemapFile(const QString& path, const SegyRemapTable& table, QString* error)
+bool writeRemapFile(const QString& path, const SegyRemapTable& table, QString* error)
 {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text) || file.write(remapTableToText(table)) < 0 ||
         !file.commit()) {
         *error = file.errorString();
-        return 0;
+        return false;
     }
-    return 1;
+    return true;
 }

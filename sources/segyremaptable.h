@@ -33,10 +33,10 @@ QByteArray remapTableToText(const SegyRemapTable& table);
 /// there is no row left.
 int putRemapRow(SegyRemapTable* table, const QString& word, const QString& format, int startByte);
 
-/// Reads a remap file. Returns 1; 0 with the device's error text and *table as it was.
-int readRemapFile(const QString& path, SegyRemapTable* table, QString* error);
+/// Reads a remap file. False with the device's error text and *table as it was.
+bool readRemapFile(const QString& path, SegyRemapTable* table, QString* error);
 /// Writes a remap file beside its name and renames it, so that a failed write keeps the old one.
-/// Returns 1; 0 with the device's error text.
-int writeRemapFile(const QString& path, const SegyRemapTable& table, QString* error);
+/// False with the device's error text.
+bool writeRemapFile(const QString& path, const SegyRemapTable& table, QString* error);
 
 #endif

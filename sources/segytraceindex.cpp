@@ -47,7 +47,7 @@ int SegyTraceIndex::place(int i) const
     return int(_loader->getMapArray()[i].itrace);
 }
 
-int SegyTraceIndex::readTrace(int i, int* words, float* samples)
+bool SegyTraceIndex::readTrace(int i, int* words, float* samples)
 {
-    return _loader->readMappedTrace(i, words, samples, false) > 0 ? 1 : 0;
+    return _loader->readMappedTrace(i, words, samples, false) > 0;
 }

@@ -19,7 +19,7 @@ public:
     using TraceIndex::values;
     float value(TraceValue what, int i) const override;
     int place(int i) const override;
-    int readTrace(int i, int* words, float* samples) override;
+    bool readTrace(int i, int* words, float* samples) override;
 
 private:
     SegyLoader* _loader;

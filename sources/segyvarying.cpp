@@ -138,8 +138,8 @@ std::vector<int64_t> sampledRanks(int64_t nTraces)
     return ranks;
 }
 
-int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks, const std::vector<int64_t>& offsets,
-                    SegyHeaderSample* sample, std::string* error)
+bool readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks, const std::vector<int64_t>& offsets,
+                     SegyHeaderSample* sample, std::string* error)
 {
     const int64_t apart =
         offsets.size() > 1 ? std::max<int64_t>(segyTraceHeaderBytes, offsets[1] - offsets[0]) : segyTraceHeaderBytes;
@@ -149,17 +149,17 @@ int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks,
     for (size_t i = 0; i < std::min(ranks.size(), offsets.size()); ++i) {
         int nPresent = 0;
         const unsigned char* bytes = reader.header(offsets[i], &nPresent, error);
-        if (nPresent < 0) return 0;
+        if (nPresent < 0) return false;
         if (nPresent < segyTraceHeaderBytes) continue;
         SegyRawHeader header;
         header.rank = ranks[i];
         std::memcpy(header.bytes.data(), bytes, header.bytes.size());
         sample->headers.push_back(header);
     }
-    return 1;
+    return true;
 }
 
-int readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample, std::string* error)
+bool readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample, std::string* error)
 {
     sample->isBigEndian = layout.isBigEndian;
     sample->nTraces = layout.nTraces;
@@ -173,7 +173,7 @@ int readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHead
     for (int64_t rank = 0; rank < std::min(layout.nTraces, mostSampledHeaders); ++rank) {
         SegyRawHeader header;
         const int64_t got = readSegyRawHeader(source, offset, &header, error);
-        if (got < 0) return 0;
+        if (got < 0) return false;
         ranks.push_back(rank);
         offsets.push_back(offset);
         offset += layout.headerBytes + int64_t(header.uint16(114, layout.isBigEndian)) * layout.sampleBytes;

@@ -26,11 +26,11 @@ constexpr int64_t mostSampledHeaders = 4096;
 /// Which ranks are looked at.
 std::vector<int64_t> sampledRanks(int64_t nTraces);
 /// Reads headers that stand at the given ranks and offsets. What the file has not is left out.
-/// Returns 1; 0 with *error when reading failed.
-int readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks, const std::vector<int64_t>& offsets,
-                    SegyHeaderSample* sample, std::string* error);
+/// False with *error when reading failed.
+bool readSegyHeaders(const ByteSource& source, const std::vector<int64_t>& ranks, const std::vector<int64_t>& offsets,
+                     SegyHeaderSample* sample, std::string* error);
 /// The same where a layout says.
-int readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample, std::string* error);
+bool readSegyHeaders(const ByteSource& source, const SegyLayout& layout, SegyHeaderSample* sample, std::string* error);
 
 /// In the order of the ranking.
 enum class SegyBehaviour { RepeatsByEnsemble, CountsUp, Coordinates, Varies, Constant };

@@ -42,8 +42,8 @@ public:
     ///
     /// @param words    room for the source's numHeaderWords() words
     /// @param samples  room for as many samples as its run-time record tells
-    /// Returns 1; 0 with the targets undefined for a number outside, or when the data can't be read.
-    virtual int readTrace(int i, int* words, float* samples) = 0;
+    /// False, with the targets undefined, for a number outside or when the data can't be read.
+    virtual bool readTrace(int i, int* words, float* samples) = 0;
 
     std::vector<float> values(TraceValue what) const
     {

@@ -43,7 +43,7 @@ static bool toNumber(const std::string& text, Number least, Number largest, Numb
     return true;
 }
 
-int parseDemoArguments(const std::vector<std::string>& arguments, DemoWish* wish, std::string* error)
+bool parseDemoArguments(const std::vector<std::string>& arguments, DemoWish* wish, std::string* error)
 {
     DemoWish parsed;
     bool hasFolder = false;
@@ -59,22 +59,22 @@ int parseDemoArguments(const std::vector<std::string>& arguments, DemoWish* wish
                                                   : toNumber(value, 1, DemoLine::shotCount, &parsed.nShots);
             if (!ok) {
                 *error = argument + ": \"" + value + "\" is no number that it takes";
-                return 0;
+                return false;
             }
             ++i;
         } else if (argument.starts_with("-")) {
             *error = argument + ": no such option";
-            return 0;
+            return false;
         } else if (hasFolder || argument.empty()) {
             *error = "\"" + argument + "\": one folder, please";
-            return 0;
+            return false;
         } else {
             parsed.folder = argument;
             hasFolder = true;
         }
     }
     *wish = parsed;
-    return 1;
+    return true;
 }
 
 static std::string decimal(double value)
@@ -241,13 +241,13 @@ static DemoFile patchFile()
     return file;
 }
 
-int makeDemo(const DemoWish& wish, std::string* lines, std::string* error)
+bool makeDemo(const DemoWish& wish, std::string* lines, std::string* error)
 {
     std::error_code code;
     std::filesystem::create_directories(wish.folder, code);
     if (code) {
         *error = wish.folder + ": " + code.message();
-        return 0;
+        return false;
     }
     DemoFolder folder(wish.folder, lines, error);
     const DemoFile line = lineFile(wish), cdp = cdpFile(wish);
@@ -263,9 +263,9 @@ int makeDemo(const DemoWish& wish, std::string* lines, std::string* error)
                     folder.text("truth_statics.txt", staticText(wish.nShots)) &&
                     folder.text("truth_bad_traces.txt", badTraceText(line.traces)) &&
                     folder.text("truth_eta.txt", etaText());
-    if (!ok) return 0;
+    if (!ok) return false;
     const std::string sums = "\nCRC-32, bytes and name of each file:\n" + folder.checksums();
-    return folder.text("demo.txt", parameterText(wish) + sums) ? 1 : 0;
+    return folder.text("demo.txt", parameterText(wish) + sums);
 }
 
 int demoCommand(const std::vector<std::string>& arguments)
@@ -280,7 +280,7 @@ int demoCommand(const std::vector<std::string>& arguments)
         std::fputs(helpText, stdout);
         return 0;
     }
-    const int ok = makeDemo(wish, &lines, &error);
+    const bool ok = makeDemo(wish, &lines, &error);
     std::fputs(lines.c_str(), stdout);
     if (!ok) std::fprintf(stderr, "trevia demo: %s\n", error.c_str());
     return ok ? 0 : 1;

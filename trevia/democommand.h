@@ -14,12 +14,12 @@ struct DemoWish {
     bool help = false;
 };
 
-/// Reads the arguments behind `demo`. Returns 1, or 0 with *error saying what is wrong and *wish as it was.
-int parseDemoArguments(const std::vector<std::string>& arguments, DemoWish* wish, std::string* error);
+/// Reads the arguments behind `demo`. False with *error saying what is wrong, and *wish as it was.
+bool parseDemoArguments(const std::vector<std::string>& arguments, DemoWish* wish, std::string* error);
 
 /// Writes all files to the folder, which is made when it is missing. `line` gets a line for each file.
-/// Returns 1, or 0 with *error; files written until then stay.
-int makeDemo(const DemoWish& wish, std::string* lines, std::string* error);
+/// False with *error; files written until then stay.
+bool makeDemo(const DemoWish& wish, std::string* lines, std::string* error);
 
 /// Runs the sub-command. Returns the exit code: 0, 1 for a file that can't be written, 2 for bad arguments.
 int demoCommand(const std::vector<std::string>& arguments);

@@ -51,7 +51,7 @@ void OutputFile::write(const void* data, size_t n)
     _crc = crc32Of(_crc, data, n);
 }
 
-int OutputFile::commit(std::string* error)
+bool OutputFile::commit(std::string* error)
 {
     if (_file) {
         if (std::fflush(_file) != 0 || fsync(fileno(_file)) != 0) fail();
@@ -60,7 +60,7 @@ int OutputFile::commit(std::string* error)
         if (!_failure && std::rename(_temporary.c_str(), _name.c_str()) != 0) fail();
         if (_failure) std::remove(_temporary.c_str());
     }
-    if (!_failure) return 1;
+    if (!_failure) return true;
     *error = _name + ": " + std::strerror(_failure);
-    return 0;
+    return false;
 }

@@ -23,8 +23,8 @@ public:
     /// After a failure further writes do nothing.
     void write(const void* data, size_t n);
     void write(std::string_view text) { write(text.data(), text.size()); }
-    /// Returns 1, or 0 with *error naming file and reason if anything failed since the file was opened.
-    int commit(std::string* error);
+    /// False with *error naming file and reason if anything failed since the file was opened.
+    bool commit(std::string* error);
 
     int64_t size() const { return _size; }
     uint32_t crc() const { return _crc; }

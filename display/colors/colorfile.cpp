@@ -52,7 +52,7 @@ static std::string readLine(std::string_view line, bool isFirst, ColorFile* file
     return {};
 }
 
-int readColorFile(std::string_view text, const std::string& name, ColorFile* file, std::string* error)
+bool readColorFile(std::string_view text, const std::string& name, ColorFile* file, std::string* error)
 {
     ColorFile parsed;
     bool isFirst = true;
@@ -64,16 +64,16 @@ int readColorFile(std::string_view text, const std::string& name, ColorFile* fil
         const std::string wrong = readLine(line, isFirst, &parsed);
         if (!wrong.empty()) {
             *error = name + ", line " + std::to_string(lineNumber) + ": " + wrong;
-            return 0;
+            return false;
         }
         isFirst = false;
     }
     if (isFirst) {
         *error = name + ", line 1: number of colors and color mode are missing";
-        return 0;
+        return false;
     }
     *file = parsed;
-    return 1;
+    return true;
 }
 
 std::string colorFileText(const ColorFile& file)

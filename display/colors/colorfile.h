@@ -15,9 +15,9 @@ struct ColorFile {
     std::vector<ColorStop> stops;  ///< in the order of the file; positions are single precision
 };
 
-/// Reads the text of a colour file. Empty lines are skipped, blanks around a field too. Returns 1; 0 with
+/// Reads the text of a colour file. Empty lines are skipped, blanks around a field too. False with
 /// *error naming `name`, line (from 1) and field, and *file as it was.
-int readColorFile(std::string_view text, const std::string& name, ColorFile* file, std::string* error);
+bool readColorFile(std::string_view text, const std::string& name, ColorFile* file, std::string* error);
 
 /// The text that readColorFile takes; positions with six digits.
 std::string colorFileText(const ColorFile& file);

@@ -8,19 +8,19 @@
 /// Below so many samples a second thread takes longer to start than it saves.
 static constexpr size_t worthThreads = 1000000;
 
-/// Room for n elements in *grown, if the buffer has too few; 0 when memory ran out.
+/// Room for n elements in *grown, if the buffer has too few; false when memory ran out.
 template <class Buffer>
-static int reserve(const Buffer& buffer, size_t n, Buffer* grown)
+static bool reserve(const Buffer& buffer, size_t n, Buffer* grown)
 {
-    if (buffer.size() >= n) return 1;
+    if (buffer.size() >= n) return true;
     try {
         grown->resize(n);
     } catch (const std::bad_alloc&) {
-        return 0;
+        return false;
     } catch (const std::length_error&) {
-        return 0;
+        return false;
     }
-    return 1;
+    return true;
 }
 
 template <class Buffer>
@@ -48,10 +48,10 @@ bool EnsembleCopy::holds(float* const* traces, int* const* headers, int n, int f
     return true;
 }
 
-int EnsembleCopy::copy(float* const* traces, int* const* headers, int n, int first, int nSamples, int nWords,
-                       std::string* error)
+bool EnsembleCopy::copy(float* const* traces, int* const* headers, int n, int first, int nSamples, int nWords,
+                        std::string* error)
 {
-    if (n < 1) return 1;
+    if (n < 1) return true;
     // Nothing moves before all of it is there: the data on the screen still look at the former blocks.
     RawVector<float> samples;
     std::vector<int> words;
@@ -64,7 +64,7 @@ int EnsembleCopy::copy(float* const* traces, int* const* headers, int n, int fir
                                                                              : nullptr;
     if (lacking) {
         *error = std::string("MERIDUNE: loadSeismicData, error while getting memory, ") + lacking + ".";
-        return 0;
+        return false;
     }
     take(&_samples, &samples);
     take(&_words, &words);
@@ -79,5 +79,5 @@ int EnsembleCopy::copy(float* const* traces, int* const* headers, int n, int fir
         std::copy(traces[i] + first, traces[i] + first + nSamples, _traces[i]);
         std::copy(headers[i], headers[i] + nWords, _headers[i]);
     }
-    return 1;
+    return true;
 }

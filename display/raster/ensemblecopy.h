@@ -14,9 +14,10 @@ public:
     /// Copies n traces from their sample `first` for nSamples, and nWords header words each.
     ///
     /// traces and headers are lent for the call; each trace must hold first + nSamples samples. With
-    /// n below 1 nothing changes. Returns 1, or 0 with *error naming the place when memory ran out; the
+    /// n below 1 nothing changes. False with *error naming the place when memory ran out; the
     /// former copy is then still whole.
-    int copy(float* const* traces, int* const* headers, int n, int first, int nSamples, int nWords, std::string* error);
+    bool copy(float* const* traces, int* const* headers, int n, int first, int nSamples, int nWords,
+              std::string* error);
     /// Whether the same batch was copied last.
     bool holds(float* const* traces, int* const* headers, int n, int first, int nSamples, int nWords) const;
 

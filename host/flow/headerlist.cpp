@@ -24,23 +24,23 @@ const HeaderWord* HeaderList::at(int position) const
     return nullptr;
 }
 
-int HeaderList::add(std::string_view name, std::string_view description, int length, int format)
+bool HeaderList::add(std::string_view name, std::string_view description, int length, int format)
 {
     const std::string_view bare = withoutBlanks(name);
-    if (bare.empty() || bare.size() > nameLength || length < 1) return 0;
-    if (find(bare)) return 1;
+    if (bare.empty() || bare.size() > nameLength || length < 1) return false;
+    if (find(bare)) return true;
     std::string padded(bare);
     padded.resize(nameLength, ' ');
     _words.push_back({padded, std::string(description), _totalLength, length, format});
     _totalLength += length;
-    return 1;
+    return true;
 }
 
-int HeaderList::addStandard(std::string_view name)
+bool HeaderList::addStandard(std::string_view name)
 {
     for (const StandardWord& word : standardWords)
         if (withoutBlanks(word.name) == withoutBlanks(name)) return add(name, word.description, 1, word.format);
-    return 0;
+    return false;
 }
 
 void HeaderList::clear()

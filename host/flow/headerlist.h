@@ -23,11 +23,11 @@ public:
     const HeaderWord* find(std::string_view name) const;
     /// The word that begins at a position counted from 0; null if none does.
     const HeaderWord* at(int position) const;
-    /// Adds a word behind the others. Returns 1, or 0 when the name is empty or longer than eight
+    /// Adds a word behind the others. False when the name is empty or longer than eight
     /// characters or the length is below 1. A word that exists stays as it is.
-    int add(std::string_view name, std::string_view description, int length, int format);
-    /// Adds a standard word. Returns 0 when the name is none.
-    int addStandard(std::string_view name);
+    bool add(std::string_view name, std::string_view description, int length, int format);
+    /// Adds a standard word. False when the name is none.
+    bool addStandard(std::string_view name);
     /// Cells of all words together.
     int totalLength() const { return _totalLength; }
     void clear();

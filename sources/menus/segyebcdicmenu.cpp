@@ -47,29 +47,29 @@ void SegyEbcdicMenu::loadEbcdic()
     if (_segyloader && _segyloader->getReelHeader()) _textEdit->setPlainText(segyTextLines(_segyloader->getEbcdic()));
 }
 
-int SegyEbcdicMenu::loadText(const QString& path)
+bool SegyEbcdicMenu::loadText(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         QMessageBox::warning(this, tr("EBCDIC"), tr("Cannot read file %1:\n%2.").arg(path, file.errorString()));
-        return 0;
+        return false;
     }
     const QByteArray text = file.readAll();
     if (file.error() != QFileDevice::NoError) {
         QMessageBox::warning(this, tr("EBCDIC"), tr("Cannot read file %1:\n%2.").arg(path, file.errorString()));
-        return 0;
+        return false;
     }
     _textEdit->setPlainText(QString::fromUtf8(text));
     _textEdit->document()->setModified(true);
-    return 1;
+    return true;
 }
 
-int SegyEbcdicMenu::saveText(const QString& path)
+bool SegyEbcdicMenu::saveText(const QString& path)
 {
     QString error;
-    if (writeWhole(path, _textEdit->toPlainText().toUtf8(), &error)) return 1;
+    if (writeWhole(path, _textEdit->toPlainText().toUtf8(), &error)) return true;
     QMessageBox::warning(this, tr("EBCDIC"), error);
-    return 0;
+    return false;
 }
 
 void SegyEbcdicMenu::loadNewEbcdic()

@@ -21,10 +21,10 @@ public:
     /// The text is the user's, typed or loaded, and not the reel's.
     bool isEdited() const;
 
-    /// The editor takes a file's whole text. Returns 1; 0 after a box, and the text stays.
-    int loadText(const QString& path);
-    /// Writes the editor's text; a failed write keeps the old file. Returns 1; 0 after a box.
-    int saveText(const QString& path);
+    /// The editor takes a file's whole text. False after a box, and the text stays.
+    bool loadText(const QString& path);
+    /// Writes the editor's text; a failed write keeps the old file. False after a box.
+    bool saveText(const QString& path);
 
 public slots:
     void loadEbcdic();

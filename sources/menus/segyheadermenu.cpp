@@ -51,10 +51,10 @@ static bool isBigEndian(const segyData2& data)
 }
 
 /// Headers through a descriptor of their own, so that the next ensemble is read from where it was.
-static int readSample(SegyLoader* loader, SegyHeaderSample* sample, std::string* error)
+static bool readSample(SegyLoader* loader, SegyHeaderSample* sample, std::string* error)
 {
     FileSource source;
-    if (!source.open(QFile::encodeName(loader->currentFile()).toStdString(), error)) return 0;
+    if (!source.open(QFile::encodeName(loader->currentFile()).toStdString(), error)) return false;
     const segyMapItem* items = loader->getMapArray();
     const int nTraces = loader->getTotalTraces();
     std::vector<int64_t> offsetOfRank(size_t(nTraces), -1);
@@ -195,7 +195,7 @@ void SegyHeaderMenu::rankHeaders()
     SegyHeaderSample sample;
     std::string error;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const int isRead = readSample(_segyloader, &sample, &error);
+    const bool isRead = readSample(_segyloader, &sample, &error);
     const std::vector<SegyVaryingWord> ranking = isRead ? rankSegyWords(sample) : std::vector<SegyVaryingWord>();
     QApplication::restoreOverrideCursor();
     _varyingView->setRanking(
@@ -203,7 +203,7 @@ void SegyHeaderMenu::rankHeaders()
         isRead
             ? tr("%1 of %2 trace headers. Words that are 0 in all of them are left out.").arg(sample.count()).arg(_iend)
             : tr("Cannot read file %1:\n%2.").arg(_segyloader->currentFile(), QString::fromStdString(error)));
-    _isRanked = isRead != 0;
+    _isRanked = isRead;
 }
 
 void SegyHeaderMenu::showTakenRow(const QString& answer)

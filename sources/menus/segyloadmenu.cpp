@@ -435,7 +435,7 @@ void SegyLoadMenu::guessSettings()
     SegyGuess guess;
     std::string error;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const int isRead = guessSegyFile(QFile::encodeName(file).toStdString(), before, &guess, &error);
+    const bool isRead = guessSegyFile(QFile::encodeName(file).toStdString(), before, &guess, &error);
     QApplication::restoreOverrideCursor();
     if (!isRead) {
         QMessageBox::warning(this, tr("Guess Settings"),

@@ -152,29 +152,29 @@ void SegyRemapDialog::markFaults()
     _isFilling = false;
 }
 
-int SegyRemapDialog::loadTable(const QString& path)
+bool SegyRemapDialog::loadTable(const QString& path)
 {
     SegyRemapTable loaded;
     QString error;
     if (!readRemapFile(path, &loaded, &error)) {
         QMessageBox::warning(this, tr("Remap Table"), tr("Cannot read file %1:\n%2.").arg(path, error));
-        return 0;
+        return false;
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     setTable(loaded);
     QApplication::restoreOverrideCursor();
-    return 1;
+    return true;
 }
 
-int SegyRemapDialog::saveTable(const QString& path)
+bool SegyRemapDialog::saveTable(const QString& path)
 {
     QString error;
     if (writeRemapFile(path, table(), &error)) {
         WrittenFiles::all()->tell(path);
-        return 1;
+        return true;
     }
     QMessageBox::warning(this, tr("Remap Table"), tr("Cannot write file %1:\n%2.").arg(path, error));
-    return 0;
+    return false;
 }
 
 void SegyRemapDialog::loadFromFile()

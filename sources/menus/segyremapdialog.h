@@ -23,10 +23,10 @@ public:
     SegyRemapTable table() const;
     void setTable(const SegyRemapTable& table);
 
-    /// Fills the rows from a file. On failure a box, and the table stays. Returns 1, or 0.
-    int loadTable(const QString& path);
-    /// Writes the filled rows to a file. On failure a box. Returns 1, or 0.
-    int saveTable(const QString& path);
+    /// Fills the rows from a file. On failure a box, and the table stays. Returns whether it was read.
+    bool loadTable(const QString& path);
+    /// Writes the filled rows to a file. On failure a box. Returns whether they were written.
+    bool saveTable(const QString& path);
 
     /// Where remap files lie.
     static QString remapFolder();

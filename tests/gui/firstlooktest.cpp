@@ -314,7 +314,7 @@ void FirstLookTest::closingTheWindowWaitsForTheGuessAndShowsNothing()
         fixture.window->firstLook()->setGuess(
             [&](const std::string& path, const SegyLoadParm& before, SegyGuess* guess, std::string* error) {
                 hasBegun = true;
-                const int isRead = guessSegyFile(path, before, guess, error);
+                const bool isRead = guessSegyFile(path, before, guess, error);
                 hasEnded = true;
                 return isRead;
             });

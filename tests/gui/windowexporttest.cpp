@@ -162,14 +162,14 @@ void WindowExportTest::eachExportTellsWhatItWroteAndWhere_data()
     });
     QTest::newRow("text header") << "text.txt" << Write([](WindowFixture* fixture, const QString& path) {
         fixture->window->segyMenu();
-        QCOMPARE(fixture->window->findChild<SegyEbcdicMenu*>()->saveText(path), 1);
+        QVERIFY(fixture->window->findChild<SegyEbcdicMenu*>()->saveText(path));
     });
     QTest::newRow("remap table") << "table.remap" << Write([](WindowFixture*, const QString& path) {
         SegyRemapTable table;
         table.cells[0] = {"CDP", "4I", "IEEE", "21"};
         SegyRemapDialog dialog;
         dialog.setTable(table);
-        QCOMPARE(dialog.saveTable(path), 1);
+        QVERIFY(dialog.saveTable(path));
     });
 }
 

@@ -10,7 +10,7 @@ TEST(ColorFile, ReadsCountModeAndStops)
 {
     ColorFile file;
     std::string error;
-    ASSERT_EQ(readColorFile(good, "a.col", &file, &error), 1) << error;
+    ASSERT_TRUE(readColorFile(good, "a.col", &file, &error)) << error;
     EXPECT_EQ(file.numColors, 64);
     EXPECT_EQ(file.colorMode, 0);
     ASSERT_EQ(file.stops.size(), 3u);
@@ -23,7 +23,7 @@ TEST(ColorFile, ForgivesBlanksEmptyLinesAndForeignLineEnds)
 {
     ColorFile file;
     std::string error;
-    ASSERT_EQ(readColorFile("\r\n 256 , 1\r\n\r\n 0.5 ,\t7 \r\n1e0,8", "a.col", &file, &error), 1) << error;
+    ASSERT_TRUE(readColorFile("\r\n 256 , 1\r\n\r\n 0.5 ,\t7 \r\n1e0,8", "a.col", &file, &error)) << error;
     EXPECT_EQ(file.numColors, 256);
     ASSERT_EQ(file.stops.size(), 2u);
     EXPECT_EQ(file.stops[0].color, 7u);
@@ -55,7 +55,7 @@ TEST(ColorFile, RefusesABrokenFileNamingFileAndLineAndKeepsTheOld)
         ColorFile file;
         file.numColors = 17;
         std::string error;
-        EXPECT_EQ(readColorFile(c.text, "a.col", &file, &error), 0) << c.text;
+        EXPECT_FALSE(readColorFile(c.text, "a.col", &file, &error)) << c.text;
         EXPECT_EQ(error, c.error);
         EXPECT_EQ(file.numColors, 17);
         EXPECT_TRUE(file.stops.empty());
@@ -66,7 +66,7 @@ TEST(ColorFile, AFileOfOnlyAFirstLineLeavesAllStops)
 {
     ColorFile file;
     std::string error;
-    ASSERT_EQ(readColorFile("32,0\n", "a.col", &file, &error), 1);
+    ASSERT_TRUE(readColorFile("32,0\n", "a.col", &file, &error));
     const ColorMap map = colorMapOf(file, ColorMap::seismicColor());
     EXPECT_EQ(map.colorStops().size(), 5u);
     EXPECT_EQ(map.color2(), qRgb(255, 255, 0));
@@ -102,7 +102,7 @@ TEST(ColorFile, WrittenTextReadsBackTheSame)
     EXPECT_EQ(colorFileText(file), "100,0\n0,4278190080\n0.333,4278255360\n1,4294967040\n");
     ColorFile back;
     std::string error;
-    ASSERT_EQ(readColorFile(colorFileText(file), "a.col", &back, &error), 1);
+    ASSERT_TRUE(readColorFile(colorFileText(file), "a.col", &back, &error));
     EXPECT_EQ(colorFileText(back), colorFileText(file));
     EXPECT_EQ(back.stops[1].position, 0.333f);
 }
@@ -123,9 +123,9 @@ TEST(ColorFile, SurvivesAnyBytes)
         }
         ColorFile file;
         std::string error;
-        const int result = readColorFile(text, "a.col", &file, &error);
-        nRead += result;
-        ASSERT_EQ(error.empty(), result == 1) << text;
+        const bool isRead = readColorFile(text, "a.col", &file, &error);
+        nRead += isRead;
+        ASSERT_EQ(error.empty(), isRead) << text;
         colorMapOf(file, ColorMap::mapColor()).rgb(0, 1, 0.4);
     }
     EXPECT_GT(nRead, 1000);

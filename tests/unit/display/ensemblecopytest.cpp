@@ -10,7 +10,7 @@ TEST(EnsembleCopy, KeepsTheWindowOfEachTraceAndItsWords)
     int* headers[] = {ha, hb};
     EnsembleCopy copy;
     std::string error;
-    ASSERT_EQ(copy.copy(traces, headers, 2, 1, 3, 2, &error), 1);
+    ASSERT_TRUE(copy.copy(traces, headers, 2, 1, 3, 2, &error));
     a[1] = 99.0f;  // the copy is private
     EXPECT_EQ(copy.traces()[0][0], 2.0f);
     EXPECT_EQ(copy.traces()[1][2], 9.0f);
@@ -27,7 +27,7 @@ TEST(EnsembleCopy, AnEmptyBatchLeavesTheFormerOne)
     EnsembleCopy copy;
     std::string error;
     copy.copy(traces, headers, 1, 0, 2, 1, &error);
-    ASSERT_EQ(copy.copy(nullptr, nullptr, 0, 0, 2, 1, &error), 1);
+    ASSERT_TRUE(copy.copy(nullptr, nullptr, 0, 0, 2, 1, &error));
     EXPECT_EQ(copy.traceCount(), 1);
     EXPECT_EQ(copy.traces()[0][1], 2.0f);
 }
@@ -42,7 +42,7 @@ TEST(EnsembleCopy, WithoutMemoryTheFormerCopyIsStillWhole)
     std::string error;
     copy.copy(traces, headers, 1, 0, 2, 1, &error);
     // More samples than any address space holds: nothing is read from the traces before room is made.
-    EXPECT_EQ(copy.copy(traces, headers, 0x7fffffff, 0, 0x7fffffff, 1, &error), 0);
+    EXPECT_FALSE(copy.copy(traces, headers, 0x7fffffff, 0, 0x7fffffff, 1, &error));
     EXPECT_EQ(error, "MERIDUNE: loadSeismicData, error while getting memory, 2.");
     EXPECT_EQ(copy.traceCount(), 1);
     EXPECT_EQ(copy.traces()[0][1], 2.0f);

@@ -77,7 +77,7 @@ struct HeaderAxisTest : testing::Test {
     }
 
     /// Header words counted from 0: primary and its real key, secondary and its real key.
-    int build(const std::array<int, 4>& keys, bool rightToLeft = false, bool isDifference = false)
+    bool build(const std::array<int, 4>& keys, bool rightToLeft = false, bool isDifference = false)
     {
         const HeaderKeys words = {WordFrom0(keys[0]), WordFrom0(keys[1]), WordFrom0(keys[2]), WordFrom0(keys[3])};
         return axis.build(data, words, rightToLeft, isDifference, &error);
@@ -87,7 +87,7 @@ struct HeaderAxisTest : testing::Test {
 TEST_F(HeaderAxisTest, EachFormatHasItsLetterAndOnlyWholeWordsAreReadAsWhole)
 {
     load(2);
-    ASSERT_EQ(build({0, 1, 2, 3}), 1);
+    ASSERT_TRUE(build({0, 1, 2, 3}));
     EXPECT_EQ(axis.pri().type, 'I');
     EXPECT_EQ(axis.priReal().type, 'F');
     EXPECT_EQ(axis.sec().type, 'D');
@@ -103,7 +103,7 @@ TEST_F(HeaderAxisTest, EachFormatHasItsLetterAndOnlyWholeWordsAreReadAsWhole)
 TEST_F(HeaderAxisTest, AnUnknownWordIsNoneAndZero)
 {
     load(2);
-    ASSERT_EQ(build({0, -1, 50, 0}), 1);
+    ASSERT_TRUE(build({0, -1, 50, 0}));
     for (const KeyColumn* column : {&axis.priReal(), &axis.sec()}) {
         EXPECT_EQ(column->name, QString("None"));
         EXPECT_EQ(column->type, 'I');
@@ -115,7 +115,7 @@ TEST_F(HeaderAxisTest, AnUnknownWordIsNoneAndZero)
 TEST_F(HeaderAxisTest, RightToLeftTheLastTraceStandsFirst)
 {
     load(3);
-    ASSERT_EQ(build({0, 0, 0, 0}, true), 1);
+    ASSERT_TRUE(build({0, 0, 0, 0}, true));
     EXPECT_EQ(axis.pri().values[1], 102.0f);
     EXPECT_EQ(axis.pri().values[3], 100.0f);
 }
@@ -123,7 +123,7 @@ TEST_F(HeaderAxisTest, RightToLeftTheLastTraceStandsFirst)
 TEST_F(HeaderAxisTest, ParameterTestAndPanelVelocityComeFromTheFirstTrace)
 {
     load(2);
-    ASSERT_EQ(build({0, 0, 0, 0}), 1);
+    ASSERT_TRUE(build({0, 0, 0, 0}));
     EXPECT_EQ(axis.parmTest(), QString());
     EXPECT_EQ(axis.panelVelocity(), 0.0f);
 
@@ -134,10 +134,10 @@ TEST_F(HeaderAxisTest, ParameterTestAndPanelVelocityComeFromTheFirstTrace)
     load(2);
     std::memcpy(&words[0][4], "v=2k", 4);
     words[0][5] = wordOf(2100.5f);
-    ASSERT_EQ(build({0, 0, 0, 0}), 1);
+    ASSERT_TRUE(build({0, 0, 0, 0}));
     EXPECT_EQ(axis.parmTest(), QString("v=2k"));  // one cell of four letters
     EXPECT_EQ(axis.panelVelocity(), 2100.5f);
-    ASSERT_EQ(build({0, 0, 0, 0}, false, true), 1);
+    ASSERT_TRUE(build({0, 0, 0, 0}, false, true));
     EXPECT_EQ(axis.parmTest(), QString("Difference"));
 }
 
@@ -146,7 +146,7 @@ TEST_F(HeaderAxisTest, AWholePanelVelocityIsReadAsWhole)
     table.append("panl_vel", "", 5, Integer4Format, 1, 1);
     load(1);
     words[0][5] = 1800;
-    ASSERT_EQ(build({0, 0, 0, 0}), 1);
+    ASSERT_TRUE(build({0, 0, 0, 0}));
     EXPECT_EQ(axis.panelVelocity(), 1800.0f);
 }
 
@@ -154,15 +154,15 @@ TEST_F(HeaderAxisTest, WithoutMemoryEveryColumnStaysWhereItIs)
 {
     const char* const places[] = {"0", "0", "1", "2"};
     load(2);
-    ASSERT_EQ(build({0, 1, 0, 1}), 1);
+    ASSERT_TRUE(build({0, 1, 0, 1}));
     const float* const shown = axis.sec().values.data();
     load(6000);  // 24008 bytes a column
     for (int refused = 1; refused <= 4; ++refused) {
         SCOPED_TRACE(refused);
         refuseAt = refused;
-        const int result = build({1, 1, 1, 1});
+        const bool isBuilt = build({1, 1, 1, 1});
         refuseAt = 0;
-        EXPECT_EQ(result, 0);
+        EXPECT_FALSE(isBuilt);
         EXPECT_EQ(error,
                   std::string("MERIDUNE: buildHeadersAxis, error while getting memory: ") + places[refused - 1] + ".");
         EXPECT_EQ(axis.traceCount(), 2);
@@ -170,7 +170,7 @@ TEST_F(HeaderAxisTest, WithoutMemoryEveryColumnStaysWhereItIs)
         EXPECT_EQ(axis.sec().values[2], 101.0f);
         EXPECT_EQ(axis.sec().name, QString("WHOLE   "));
     }
-    ASSERT_EQ(build({1, 1, 1, 1}), 1);
+    ASSERT_TRUE(build({1, 1, 1, 1}));
     EXPECT_EQ(axis.sec().values[6000], 5999.5f);
 }
 
@@ -179,16 +179,16 @@ TEST_F(HeaderAxisTest, TheCopyInViewStaysWhereItIsToo)
     const char* const places[] = {"2", "3", "0", "1"};  // samples, words, and the pointers to each
     EnsembleCopy copy;
     load(2);
-    ASSERT_EQ(copy.copy(traces.data(), headers.data(), 2, 0, 1, 6, &error), 1);
+    ASSERT_TRUE(copy.copy(traces.data(), headers.data(), 2, 0, 1, 6, &error));
     float** const shownTraces = copy.traces();
     int* const shownWords = copy.headers()[1];
     load(6000);
     for (int refused = 1; refused <= 4; ++refused) {
         SCOPED_TRACE(refused);
         refuseAt = refused;
-        const int result = copy.copy(traces.data(), headers.data(), 6000, 0, 1, 6, &error);
+        const bool isCopied = copy.copy(traces.data(), headers.data(), 6000, 0, 1, 6, &error);
         refuseAt = 0;
-        EXPECT_EQ(result, 0);
+        EXPECT_FALSE(isCopied);
         EXPECT_EQ(error,
                   std::string("MERIDUNE: loadSeismicData, error while getting memory, ") + places[refused - 1] + ".");
         EXPECT_EQ(copy.traceCount(), 2);

@@ -20,7 +20,7 @@ static ColorMap shippedMap(const std::string& name)
     text << in.rdbuf();
     ColorFile file;
     std::string error;
-    EXPECT_EQ(readColorFile(text.str(), name, &file, &error), 1) << error;
+    EXPECT_TRUE(readColorFile(text.str(), name, &file, &error)) << error;
     return colorMapOf(file, ColorMap::seismicColor());
 }
 

@@ -83,7 +83,7 @@ TEST(Home, TheVariableNamesTheFolderAndItIsFilled)
     const QTemporaryDir folder;
     qputenv("TREVIA_HOME", (folder.path() + "/home/").toLocal8Bit());
     EXPECT_EQ(QString(GetHome()), folder.path() + "/home");
-    EXPECT_EQ(makeHome(), 1);
+    EXPECT_TRUE(makeHome());
     EXPECT_TRUE(QDir(folder.path() + "/home/port/db/segy").exists());
     qunsetenv("TREVIA_HOME");
     qputenv("XDG_DATA_HOME", folder.path().toLocal8Bit());

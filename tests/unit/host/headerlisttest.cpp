@@ -10,9 +10,9 @@
 TEST(HeaderList, WordsStandOneBehindTheOther)
 {
     HeaderList list;
-    EXPECT_EQ(list.add("ONE", "first", 1, Integer4Format), 1);
-    EXPECT_EQ(list.add("TWO", "second", 2, Double8Format), 1);
-    EXPECT_EQ(list.add("THREE", "third", 1, Float4Format), 1);
+    EXPECT_TRUE(list.add("ONE", "first", 1, Integer4Format));
+    EXPECT_TRUE(list.add("TWO", "second", 2, Double8Format));
+    EXPECT_TRUE(list.add("THREE", "third", 1, Float4Format));
     EXPECT_EQ(list.find("ONE")->position, 0);
     EXPECT_EQ(list.find("TWO")->position, 1);
     EXPECT_EQ(list.find("THREE")->position, 3);
@@ -38,12 +38,12 @@ TEST(HeaderList, NamesArePaddedAndComparedWithoutTrailingBlanks)
 TEST(HeaderList, RefusesBadNamesAndLengths)
 {
     HeaderList list;
-    EXPECT_EQ(list.add("", "", 1, Integer4Format), 0);
-    EXPECT_EQ(list.add("    ", "", 1, Integer4Format), 0);
-    EXPECT_EQ(list.add("NINECHARS", "", 1, Integer4Format), 0);
-    EXPECT_EQ(list.add("EIGHTCHA", "", 1, Integer4Format), 1);
-    EXPECT_EQ(list.add("A", "", 0, Integer4Format), 0);
-    EXPECT_EQ(list.add("A", "", -3, Integer4Format), 0);
+    EXPECT_FALSE(list.add("", "", 1, Integer4Format));
+    EXPECT_FALSE(list.add("    ", "", 1, Integer4Format));
+    EXPECT_FALSE(list.add("NINECHARS", "", 1, Integer4Format));
+    EXPECT_TRUE(list.add("EIGHTCHA", "", 1, Integer4Format));
+    EXPECT_FALSE(list.add("A", "", 0, Integer4Format));
+    EXPECT_FALSE(list.add("A", "", -3, Integer4Format));
     EXPECT_EQ(list.totalLength(), 1);
 }
 
@@ -51,7 +51,7 @@ TEST(HeaderList, AWordThatExistsStaysAsItIs)
 {
     HeaderList list;
     list.add("A", "old", 1, Integer4Format);
-    EXPECT_EQ(list.add("A       ", "new", 5, Float4Format), 1);
+    EXPECT_TRUE(list.add("A       ", "new", 5, Float4Format));
     EXPECT_EQ(list.find("A")->description, "old");
     EXPECT_EQ(list.find("A")->length, 1);
     EXPECT_EQ(list.totalLength(), 1);
@@ -60,10 +60,10 @@ TEST(HeaderList, AWordThatExistsStaysAsItIs)
 TEST(HeaderList, StandardWordsBringFormatAndDescription)
 {
     HeaderList list;
-    EXPECT_EQ(list.addStandard("OFFSET"), 1);
+    EXPECT_TRUE(list.addStandard("OFFSET"));
     EXPECT_EQ(list.find("OFFSET")->format, Float4Format);
     EXPECT_EQ(list.find("OFFSET")->description, "Signed source-receiver offset");
-    EXPECT_EQ(list.addStandard("NONESUCH"), 0);
+    EXPECT_FALSE(list.addStandard("NONESUCH"));
     list.clear();
     EXPECT_EQ(list.find("OFFSET"), nullptr);
     EXPECT_EQ(list.totalLength(), 0);

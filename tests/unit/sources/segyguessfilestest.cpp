@@ -136,7 +136,7 @@ SegyGuess guessOf(const std::string& name)
 {
     SegyGuess guess;
     std::string error;
-    EXPECT_EQ(guessSegyFile(testDataFile(name), SegyLoadParm(), &guess, &error), 1) << error;
+    EXPECT_TRUE(guessSegyFile(testDataFile(name), SegyLoadParm(), &guess, &error)) << error;
     return guess;
 }
 

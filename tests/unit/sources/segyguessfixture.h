@@ -16,7 +16,7 @@ inline SegyGuess guessOf(const std::vector<char>& bytes, const SegyLoadParm& bef
     const MemorySource source(bytes.data(), bytes.size());
     SegyGuess guess;
     std::string error;
-    EXPECT_EQ(guessSegy(source, before, &guess, &error), 1) << error;
+    EXPECT_TRUE(guessSegy(source, before, &guess, &error)) << error;
     return guess;
 }
 

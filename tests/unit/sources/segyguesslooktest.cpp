@@ -88,7 +88,7 @@ SegyFirstLook lookAt(const std::string& path, const SegyLoadParm& settings = Seg
     const bool isOpen = loader && loader->loadNextEnsemble(1);
     SegyGuess found;
     std::string error;
-    EXPECT_EQ(guessSegyFile(path, told, &found, &error), 1) << error;
+    EXPECT_TRUE(guessSegyFile(path, told, &found, &error)) << error;
     const SegyFirstLook look = firstLook("name", found, told, segyReading(isOpen ? loader.get() : nullptr, told));
     if (guess) *guess = found;
     return look;

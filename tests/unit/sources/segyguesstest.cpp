@@ -442,12 +442,12 @@ TEST(SegyGuess, AFailingDiskIsAnErrorAndLeavesTheGuessAlone)
         SegyGuess guess;
         guess.summary = "as it was";
         std::string error;
-        EXPECT_EQ(guessSegy(source, SegyLoadParm(), &guess, &error), 0) << failsAt;
+        EXPECT_FALSE(guessSegy(source, SegyLoadParm(), &guess, &error)) << failsAt;
         EXPECT_EQ(error, "Input/output error");
         EXPECT_EQ(guess.summary, "as it was");
     }
     SegyGuess guess;
     std::string error;
-    EXPECT_EQ(guessSegyFile("/no/such/file.sgy", SegyLoadParm(), &guess, &error), 0);
+    EXPECT_FALSE(guessSegyFile("/no/such/file.sgy", SegyLoadParm(), &guess, &error));
     EXPECT_EQ(error, "No such file or directory");
 }

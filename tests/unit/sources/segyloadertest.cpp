@@ -469,7 +469,7 @@ TEST_F(SegyLoaderTest, WithTheShippedPresetTheSourceSortAndItsEndAgree)
     }
     SegyRemapTable preset;
     QString error;
-    ASSERT_EQ(readRemapFile(QString(MERIDUNE_SOURCE_DIR) + "/resources/remap/source-at-byte-17", &preset, &error), 1);
+    ASSERT_TRUE(readRemapFile(QString(MERIDUNE_SOURCE_DIR) + "/resources/remap/source-at-byte-17", &preset, &error));
     LoaderParm parm{save(file)};
     parm.isort = 2;
     parm.iremap = 1;

@@ -57,8 +57,8 @@ TEST(SegyRemapTable, AFileComesBackAsItWasSaved)
     table.cells[0] = {"SOU_SLOC", "4I", "IEEE", "197"};
     table.cells[1] = {"CDP     ", "A10", "IEEE", "30"};
     QString error;
-    ASSERT_EQ(writeRemapFile(path, table, &error), 1) << error.toStdString();
-    ASSERT_EQ(readRemapFile(path, &back, &error), 1) << error.toStdString();
+    ASSERT_TRUE(writeRemapFile(path, table, &error)) << error.toStdString();
+    ASSERT_TRUE(readRemapFile(path, &back, &error)) << error.toStdString();
     EXPECT_TRUE(back == table);
     EXPECT_FALSE(back.isEmpty());
 }
@@ -69,10 +69,10 @@ TEST(SegyRemapTable, AFailureTellsWhyAndKeepsTheTable)
     table.cells[0][0] = "CDP";
     const SegyRemapTable before = table;
     QString error;
-    EXPECT_EQ(readRemapFile("/no/such/file", &table, &error), 0);
+    EXPECT_FALSE(readRemapFile("/no/such/file", &table, &error));
     EXPECT_EQ(error, "No such file or directory");
     EXPECT_TRUE(table == before);
-    EXPECT_EQ(writeRemapFile("/no/such/folder/file", table, &error), 0);
+    EXPECT_FALSE(writeRemapFile("/no/such/folder/file", table, &error));
     EXPECT_EQ(error, "No such file or directory");
 }
 
@@ -85,7 +85,7 @@ TEST(SegyRemapTable, OnlyTheStartOfAHugeFileIsRead)
     file.close();
     SegyRemapTable table;
     QString error;
-    ASSERT_EQ(readRemapFile(file.fileName(), &table, &error), 1);
+    ASSERT_TRUE(readRemapFile(file.fileName(), &table, &error));
     EXPECT_EQ(table.cells[0][0].size(), 1 << 16);
 }
 
@@ -151,7 +151,7 @@ TEST(SegyRemapTable, TheShippedTablesReadTheirBytes)
     for (const auto& row : shipped) {
         SegyRemapTable table;
         QString error;
-        ASSERT_EQ(readRemapFile(QString(MERIDUNE_SOURCE_DIR "/resources/remap/") + row.file, &table, &error), 1)
+        ASSERT_TRUE(readRemapFile(QString(MERIDUNE_SOURCE_DIR "/resources/remap/") + row.file, &table, &error))
             << row.file;
         std::array<int, 60> words = {};
         SegyHeader header(words.data(), 60);

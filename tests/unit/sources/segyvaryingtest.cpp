@@ -18,7 +18,7 @@ SegyHeaderSample sampleOf(const SegyBuilder& file, bool isBigEndian = true)
     const MemorySource source(file.bytes.data(), file.bytes.size());
     SegyHeaderSample sample;
     std::string error;
-    EXPECT_EQ(readSegyHeaders(source, layout, &sample, &error), 1) << error;
+    EXPECT_TRUE(readSegyHeaders(source, layout, &sample, &error)) << error;
     return sample;
 }
 

@@ -20,7 +20,7 @@ public:
     using TraceIndex::values;
     float value(TraceValue what, int i) const override { return has(what) ? float(100 + i) : 0.0f; }
     int place(int i) const override { return i; }
-    int readTrace(int, int*, float*) override { return 0; }
+    bool readTrace(int, int*, float*) override { return false; }
 };
 
 /// Two shots of 2 and 1 traces, of which the second stands first in the file.
@@ -87,11 +87,11 @@ TEST_F(TraceIndexTest, ATraceIsReadByItsNumber)
     ASSERT_TRUE(l.open().isGood);
     std::vector<int> words(size_t(l.loader->numHeaderWords()));
     Floats samples(2);
-    ASSERT_EQ(l.loader->traceIndex()->readTrace(1, words.data(), samples.data()), 1);
+    ASSERT_TRUE(l.loader->traceIndex()->readTrace(1, words.data(), samples.data()));
     EXPECT_THAT(samples, ElementsAre(10, 11));
     EXPECT_EQ(words[size_t(l.loader->headerWords().index("CDP     ").value)], 9);
-    EXPECT_EQ(l.loader->traceIndex()->readTrace(3, words.data(), samples.data()), 0);
-    EXPECT_EQ(l.loader->traceIndex()->readTrace(-1, words.data(), samples.data()), 0);
+    EXPECT_FALSE(l.loader->traceIndex()->readTrace(3, words.data(), samples.data()));
+    EXPECT_FALSE(l.loader->traceIndex()->readTrace(-1, words.data(), samples.data()));
 }
 
 TEST_F(TraceIndexTest, ReadingATraceLeavesTheEnsembleAndItsPlace)
@@ -101,7 +101,7 @@ TEST_F(TraceIndexTest, ReadingATraceLeavesTheEnsembleAndItsPlace)
     l.loader->loadNextEnsemble(1);
     std::vector<int> words(size_t(l.loader->numHeaderWords()));
     Floats samples(2);
-    ASSERT_EQ(l.loader->traceIndex()->readTrace(2, words.data(), samples.data()), 1);
+    ASSERT_TRUE(l.loader->traceIndex()->readTrace(2, words.data(), samples.data()));
     EXPECT_EQ(l.words("FFID    "), (std::vector<int>{10, 10}));
     EXPECT_EQ(l.words("CHAN    "), (std::vector<int>{1, 2}));
     EXPECT_THAT(l.firstSamples(), ElementsAre(20, 10));

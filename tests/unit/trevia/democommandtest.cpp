@@ -43,11 +43,11 @@ TEST_F(DemoCommand, ReadsItsArguments)
 {
     DemoWish wish;
     std::string error;
-    ASSERT_EQ(parseDemoArguments({}, &wish, &error), 1);
+    ASSERT_TRUE(parseDemoArguments({}, &wish, &error));
     EXPECT_EQ(wish.folder, "demo");
     EXPECT_EQ(wish.nShots, 60);
     EXPECT_TRUE(wish.withFaults);
-    ASSERT_EQ(parseDemoArguments({"--noise", "0.5", "there", "--shots", "7", "--no-faults"}, &wish, &error), 1);
+    ASSERT_TRUE(parseDemoArguments({"--noise", "0.5", "there", "--shots", "7", "--no-faults"}, &wish, &error));
     EXPECT_EQ(wish.folder, "there");
     EXPECT_EQ(wish.noiseDeviation, 0.5);
     EXPECT_EQ(wish.nShots, 7);
@@ -64,7 +64,7 @@ TEST_F(DemoCommand, RefusesWhatItCannotRead)
         DemoWish wish;
         wish.folder = "kept";
         std::string error;
-        EXPECT_EQ(parseDemoArguments(arguments, &wish, &error), 0);
+        EXPECT_FALSE(parseDemoArguments(arguments, &wish, &error));
         EXPECT_FALSE(error.empty());
         EXPECT_EQ(wish.folder, "kept");
         EXPECT_EQ(demoCommand(arguments), 2);
@@ -155,7 +155,7 @@ TEST_F(OutputFileTest, AppearsOnCommitOnly)
     out.write("new");
     EXPECT_EQ(contents(name), "old");
     std::string error;
-    EXPECT_EQ(out.commit(&error), 1);
+    EXPECT_TRUE(out.commit(&error));
     EXPECT_EQ(contents(name), "new");
     EXPECT_EQ(out.size(), 3);
     EXPECT_EQ(std::distance(fs::directory_iterator(_folder), fs::directory_iterator()), 1);
@@ -166,7 +166,7 @@ TEST_F(OutputFileTest, AFileThatCannotBeWrittenIsNamed)
     OutputFile out((_folder / "missing" / "f").string());
     out.write("x");
     std::string error;
-    EXPECT_EQ(out.commit(&error), 0);
+    EXPECT_FALSE(out.commit(&error));
     EXPECT_NE(error.find("missing"), std::string::npos);
 }
 
@@ -183,7 +183,7 @@ TEST_F(OutputFileTest, AFullDiskIsAnError)
     const std::string much(1 << 20, 'x');
     out.write(much);
     std::string error;
-    EXPECT_EQ(out.commit(&error), 0);
+    EXPECT_FALSE(out.commit(&error));
     EXPECT_FALSE(error.empty());
     EXPECT_FALSE(fs::exists(name));
 }

@@ -134,7 +134,7 @@ protected:
         OutputFile out(name);
         writeDemoFile(file, noise, &out);
         std::string error;
-        EXPECT_EQ(out.commit(&error), 1) << error;
+        EXPECT_TRUE(out.commit(&error)) << error;
         std::ifstream in(name, std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
     }

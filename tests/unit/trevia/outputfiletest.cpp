@@ -9,7 +9,7 @@ TEST(OutputFile, AFormerFileStaysWhereNothingCanBeWritten)
         OutputFile file(name.toStdString());
         for (int i = 0; i < 100; ++i) file.write(std::string(1000, 'x'));
         std::string reason;
-        const bool isWritten = file.commit(&reason) != 0;
+        const bool isWritten = file.commit(&reason);
         *error = QString::fromStdString(reason);
         return isWritten;
     });
@@ -24,7 +24,7 @@ TEST(OutputFile, AFileTakesThePlaceOfTheFormerOne)
         OutputFile out(name.toStdString());
         out.write(text);
         std::string error;
-        EXPECT_EQ(out.commit(&error), 1) << error;
+        EXPECT_TRUE(out.commit(&error)) << error;
         QFile file(name);
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         EXPECT_EQ(file.readAll().toStdString(), text);
