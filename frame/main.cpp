@@ -45,7 +45,7 @@ int main(int ac, char** av)
     }
     menu->moveup = 1;
     menu->dotrevia = int(run.mode);
-    std::strcpy(menu->cfile, run.cfile.c_str());
+    std::memcpy(menu->cfile, run.cfile.c_str(), run.cfile.size() + 1);
     setDefaults(velsemblance.get());
     setDefaults(fbpickmenu.get());
     setDisplayDefaults(menu.get());

@@ -34,7 +34,8 @@ static bool holds(const int* words, int index, int nCells, int nWords)
 template <typename T>
 static int readWords(const int* words, int index, int nWords, T* value)
 {
-    constexpr int nCells = sizeof(T) / sizeof(int);
+    constexpr int cellBytes = sizeof(int);
+    constexpr int nCells = int(sizeof(T)) / cellBytes;
     *value = T(0);
     if (!holds(words, index, nCells, nWords)) return 0;
     std::memcpy(value, words + index, sizeof(T));

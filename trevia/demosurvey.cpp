@@ -168,6 +168,7 @@ double demoEtaTime(const DemoEtaReflection& r, double offset)
 std::vector<double> demoIntervalEtas()
 {
     std::vector<DemoReflection> reflections;
+    reflections.reserve(DemoLine::etaReflectorCount);
     for (int i = 0; i < DemoLine::etaReflectorCount; ++i)
         reflections.push_back({demoEtaReflection(i).t0, demoEtaReflection(i).velocity, 0.0});
     const std::vector<double> velocities = dixVelocities(reflections);

@@ -56,6 +56,7 @@ std::string reflectionText(const std::vector<DemoTrace>& traces)
     addLine(&text, "cdp reflector t0_ms V_m/s vint_m/s");
     for (int cdp : cdps) {
         std::vector<DemoReflection> reflections;
+        reflections.reserve(DemoLine::reflectorCount);
         for (int i = 0; i < DemoLine::reflectorCount; ++i) reflections.push_back(demoReflection(i, demoCdpCentre(cdp)));
         const std::vector<double> intervals = dixVelocities(reflections);
         for (int i = 0; i < DemoLine::reflectorCount; ++i)

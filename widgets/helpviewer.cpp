@@ -27,7 +27,7 @@ HelpViewer::HelpViewer(QWidget* parent, const QString& folder, const QString& pa
     QMenu* file = menuBar()->addMenu("&File");
     QToolBar* bar = addToolBar("Help");
     bar->setObjectName("helpToolBar");
-    const auto add = [&](const char* name, const char* text, QKeySequence key, auto slot) {
+    const auto add = [&](const char* name, const char* text, const QKeySequence& key, auto slot) {
         QAction* action = file->addAction(text, this, slot);
         action->setObjectName(name);
         action->setShortcut(key);

@@ -1,10 +1,9 @@
 /// The tab "Image", the movie, and the window's boxes "Save Images" and "Show Images".
 #include "display/menus/imagedialog.h"
-#include "tests/gui/imagefixture.h"
-
 #include "analysis/parmmenudialog.h"
 #include "display/seismicplot.h"
 #include "frame/mainwindow.h"
+#include "tests/gui/imagefixture.h"
 #include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
 #include "widgets/numberedit.h"
