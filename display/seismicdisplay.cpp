@@ -46,7 +46,10 @@ SeismicDisplay::SeismicDisplay(QWidget* parent, const QString& title, QStatusBar
     showTool();
 }
 
-SeismicDisplay::~SeismicDisplay() = default;
+SeismicDisplay::~SeismicDisplay()
+{
+    _tools->disconnect(this);  // its own tools go now, and one of them may be active
+}
 
 void SeismicDisplay::makeTools()
 {

@@ -6,15 +6,16 @@
 #include "tracedata/parmmenu.h"
 #include "tracedata/seismicdata.h"
 
-bool DifferenceTool::show(bool on)
+void DifferenceTool::show(bool on)
 {
-    if (_menu->iscreens <= 1) return false;
+    if (_menu->iscreens <= 1) return;
     _menu->idifference = on;
     _screens->showDifference(on);
     load();
-    return true;
+    emit shownChanged();
 }
 
+/// Subtracts anew, where the difference is shown; it is empty where a screen is.
 void DifferenceTool::load()
 {
     if (!_screens->isDifferenceShown() || _menu->iscreens < 2) return;

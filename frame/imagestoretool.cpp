@@ -21,7 +21,7 @@ ImageStoreTool::ImageStoreTool(QWidget* window, ImageStorage* store, ParmTool* p
     connect(parms, &ParmTool::menuMade, this, &ImageStoreTool::followMenu);
 }
 
-void ImageStoreTool::start()
+void ImageStoreTool::beforeDisplaysCome()
 {
     if (_menu->dostore != 0) _store->setStored(true);
     if (_menu->docollect != 0) {

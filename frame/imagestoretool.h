@@ -26,8 +26,6 @@ public:
     ImageStoreTool(QWidget* window, ImageStorage* store, ParmTool* parms, const DisplayList* displays,
                    WindowActions* actions, parmmenu* menu);
 
-    /// Stores, or collects, from the start where the record says so.
-    void start();
     /// How many pictures a collection takes; true if more than one.
     bool isCollecting(int* n) const;
     void setCollecting(bool on);
@@ -35,6 +33,8 @@ public:
     /// Pictures in place of the data, or the data again. Without pictures a box says so.
     void showPictures(bool on);
 
+    /// Stores, or collects, from the start where the record says so.
+    void beforeDisplaysCome() override;
     void beforeRecord() override;
     void afterRecord(int screen) override;
     void beforeData() override;

@@ -1,6 +1,6 @@
 #include "frame/indexbar.h"
 
-#include "sources/segyloader.h"
+#include "sources/ensemblesource.h"
 #include "widgets/namedcontrol.h"
 
 #include <QHBoxLayout>
@@ -29,29 +29,33 @@ IndexBar::IndexBar(QWidget* parent) : QFrame(parent), _timer(new QTimer(this))
     connect(_buildButton, &QPushButton::clicked, this, &IndexBar::build);
     connect(_laterButton, &QPushButton::clicked, this, &QWidget::hide);
     connect(_stopButton, &QPushButton::clicked, this, [this] {
-        if (_loader) _loader->stopIndexBuild();
+        if (_source) _source->stopIndexBuild();
     });
     connect(_timer, &QTimer::timeout, this, &IndexBar::showShare);
     _timer->setInterval(shareIntervalMs);
     hide();
 }
 
-void IndexBar::setLoader(SegyLoader* loader)
+void IndexBar::setSource(EnsembleSource* source)
 {
-    _loader = loader;
+    if (_source) _source->disconnect(this);
+    _source = source;
+    rest();
+    if (!source) return;
+    connect(source, &EnsembleSource::indexBuildStarted, this, &IndexBar::showBuild);
+    connect(source, &EnsembleSource::indexBuildEnded, this, &IndexBar::rest);
+    if (source->isIndexBuilding()) showBuild();
+}
+
+void IndexBar::rest()
+{
     _timer->stop();
     hide();
-    if (!loader) return;
-    connect(loader, &SegyLoader::indexBuildStarted, this, &IndexBar::showBuild);
-    connect(loader, &SegyLoader::indexBuildEnded, this, [this] {
-        _timer->stop();
-        hide();
-    });
 }
 
 void IndexBar::offer()
 {
-    if (!_loader || _loader->isIndexBuilt() || _loader->isIndexBuilding()) return;
+    if (!_source || !_source->canBuildIndex()) return;
     _textLabel->setText(tr("The data end here. Previous, Seek and the list of records need an index."));
     _shareBar->hide();
     _stopButton->hide();
@@ -62,7 +66,7 @@ void IndexBar::offer()
 
 void IndexBar::build()
 {
-    if (_loader) _loader->startIndexBuild();
+    if (_source) _source->requestIndex();
 }
 
 void IndexBar::showBuild()
@@ -79,5 +83,5 @@ void IndexBar::showBuild()
 
 void IndexBar::showShare()
 {
-    if (_loader) _shareBar->setValue(_loader->indexBuildPercent());
+    if (_source) _shareBar->setValue(_source->indexBuildPercent());
 }

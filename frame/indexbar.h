@@ -5,13 +5,13 @@
 #include <QFrame>
 #include <QPointer>
 
+class EnsembleSource;
 class QLabel;
 class QProgressBar;
 class QPushButton;
 class QTimer;
-class SegyLoader;
 
-/// Hidden while there is nothing to offer or to tell. Builds nothing by itself but through its loader.
+/// Hidden while there is nothing to offer or to tell. Builds nothing by itself but through its source.
 class IndexBar : public QFrame
 {
     Q_OBJECT
@@ -19,8 +19,9 @@ class IndexBar : public QFrame
 public:
     explicit IndexBar(QWidget* parent = nullptr);
 
-    /// The loader whose index is meant; it may go at any time. Hides the bar.
-    void setLoader(SegyLoader* loader);
+    /// The source whose index is meant, or none; it may go at any time. Hides the bar, unless an index of it is being
+    /// built.
+    void setSource(EnsembleSource* source);
     /// Offers to build the index; nothing where there is one, or one is under way.
     void offer();
 
@@ -28,12 +29,13 @@ private:
     void build();
     void showShare();
     void showBuild();
+    void rest();
 
     QLabel* _textLabel;
     QProgressBar* _shareBar;
     QPushButton *_buildButton, *_laterButton, *_stopButton;
     QTimer* _timer;
-    QPointer<SegyLoader> _loader;
+    QPointer<EnsembleSource> _source;
 };
 
 #endif

@@ -130,6 +130,7 @@ void MainWindow::makeTools()
     _parmTool = _tools.add(std::move(parms));
     _titleTool = _tools.add(std::make_unique<TitleTool>(this, displays(), statusBar()));
     _drawTool = _tools.add(std::make_unique<DrawTool>(this, displays(), &_tools));
+    connect(_differenceTool, &DifferenceTool::shownChanged, this, &MainWindow::showScreens);
     connect(_imageStoreTool, &ImageStoreTool::viewingChanged, this, &MainWindow::checkRadioButtons);
     connect(_parmTool, &ParmTool::overlayWanted, _actions->box("overlayBox"), &QCheckBox::setChecked);
     connect(_titleTool, &TitleTool::areaLineTitleWanted, this, &MainWindow::setAreaLineTitle);
@@ -163,7 +164,7 @@ void MainWindow::makeAssumptionsPanel()
 
 void MainWindow::buildMainPlot()
 {
-    _imageStoreTool->start();
+    _tools.beforeDisplaysCome();
     _screens->build();
     checkRadioButtons();
     if (_menu->idifference != 0 && _menu->iscreens > 1) _actions->box("differBox")->setChecked(true);

@@ -21,6 +21,7 @@ class DialogProgress;
 class DifferenceTool;
 class DisplayHost;
 class DrawTool;
+class EnsembleSource;
 class FirstLook;
 class FirstLookBar;
 class ImageStorage;
@@ -91,6 +92,8 @@ public:
     ColorBarFrame* colorBarFrame() const;
     AssumptionsPanel* assumptionsPanel() const { return _assumptionsPanel; }
     SegyLoader* segyLoader() const { return _segyloader.get(); }
+    /// Where the records come from, whatever it is; null before the first.
+    EnsembleSource* source() const;
     /// The pictures of all screens.
     ImageStorage* imageStorage() const { return _imgstore.get(); }
     FirstLook* firstLook() const;

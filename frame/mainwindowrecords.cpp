@@ -18,7 +18,7 @@
 void MainWindow::makeRecords()
 {
     _records = std::make_unique<WindowRecords>(this, _screens.get(), _indexBar, _menu, [this](int screen) {
-        loadEnsemble(_segyloader->getTraces(), _segyloader->getHeaders(), _segyloader->numTraces(), screen);
+        loadEnsemble(source()->getTraces(), source()->getHeaders(), source()->numTraces(), screen);
         return _isEnsembleShown;
     });
     _navigator = std::make_unique<RecordNavigator>(_records.get(), _report.get());
@@ -32,17 +32,22 @@ void MainWindow::makeRecords()
 /// After an index has come, or a new sort.
 void MainWindow::listRecords()
 {
-    _records->list(*_segyloader, _segyParm.files);
+    _records->list(*source(), _segyParm.files);
 }
 
 /// Axes and titles follow the source's sort; how the traces are shown doesn't.
 void MainWindow::takeSort()
 {
-    copySort(_menu, *_segyloader);
-    if (_isStandAlone) fillGlobalRuntime();
     _tools.beforeData();
+    copySort(_menu, *source());
+    if (_isStandAlone) fillGlobalRuntime();
     for (SeismicDisplay* display : *displays()) display->setNewKeys();
     listRecords();
+}
+
+EnsembleSource* MainWindow::source() const
+{
+    return _segyloader.get();
 }
 
 int MainWindow::numberOfRecords() const
@@ -52,13 +57,13 @@ int MainWindow::numberOfRecords() const
 
 void MainWindow::nextRecord()
 {
-    if (!_segyloader) return;
+    if (!source()) return;
     goForward(&RecordNavigator::next);
 }
 
 void MainWindow::firstRecord()
 {
-    if (!_segyloader) return;
+    if (!source()) return;
     goForward(&RecordNavigator::first);
 }
 
@@ -72,14 +77,14 @@ void MainWindow::goForward(bool (RecordNavigator::*go)())
         const WaitCursor wait;
         (_navigator.get()->*go)();
     }
-    if (_navigator->canSeek() && _segyloader->numTraces() > 0 && display()->isRepeated())
+    if (_navigator->canSeek() && source()->numTraces() > 0 && display()->isRepeated())
         statusBar()->showMessage("Last record");
     _dataReady = true;
 }
 
 void MainWindow::previousRecord()
 {
-    if (!_segyloader) return;
+    if (!source()) return;
     _dataReady = false;
     _tools.beforeRecord();
     _run.pressPrevious();
@@ -99,8 +104,8 @@ void MainWindow::seekRecord()
     SegyRecDialog dialog(_segyloader.get(), this);
     if (dialog.exec() != QDialog::Accepted) return;
     const WaitCursor wait;
-    if (!_navigator->seek(dialog.getSortKey(), dialog.prikey())) return;
     _tools.beforeRecord();
+    if (!_navigator->seek(dialog.getSortKey(), dialog.prikey())) return;
     setLastEnsemble(false);
     enableBackKey(true);
 }

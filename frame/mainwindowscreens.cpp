@@ -39,7 +39,7 @@ void MainWindow::watchScreen(SeismicDisplay* screen)
 
 void MainWindow::plotDifference(int state)
 {
-    if (_differenceTool->show(state != 0)) showScreens();
+    _differenceTool->show(state != 0);
 }
 
 void MainWindow::setScreens(int n)
@@ -49,9 +49,9 @@ void MainWindow::setScreens(int n)
     if (n == 1) _actions->box("differBox")->setChecked(false);
     const int before = _screens->setCount(n);
     showScreens();
-    if (!_segyloader || displays()->first()->traceCount() == 0) return;
+    if (!source() || displays()->first()->traceCount() == 0) return;
     if (n > before) return _navigator->fillScreens(before);
     _navigator->dropScreens();
     _records->recordsShown();
-    _differenceTool->load();
+    _tools.screensDropped();
 }

@@ -137,9 +137,11 @@ bool MainWindow::takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadP
     const parmmenu menuBefore = *_menu;
     const SegyLoadParm parmBefore = _segyParm;
     const QString nameBefore = _title.file;
-    std::swap(_segyloader, *loader);
+    const SegyLoader* opened = loader->get();
     const auto takeNew = [&] {
-        setSourceDefaults(_menu, *_segyloader);
+        _tools.beforeData();  // all that is known of the old data is there still
+        std::swap(_segyloader, *loader);
+        setSourceDefaults(_menu, *source());
         _menu->iscreens = menuBefore.iscreens;  // the window has as many as before
         _menu->idifference = menuBefore.idifference;
         _isSegy = true;
@@ -149,7 +151,8 @@ bool MainWindow::takeLoader(std::unique_ptr<SegyLoader>* loader, const SegyLoadP
         showLoader(taken, QFileInfo(parm.files.section(',', 0, 0)).fileName());
     };
     const auto takeOld = [&] {
-        std::swap(_segyloader, *loader);
+        _tools.beforeData();
+        if (_segyloader.get() == opened) std::swap(_segyloader, *loader);
         *_menu = menuBefore;
         _isSegy = _segyloader != nullptr;
         if (_segyloader) _segyloader->reloadEnsemble();
@@ -169,13 +172,13 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
 {
     _segyParm = parm;
     _title.file = name;
-    _navigator->setSource(_segyloader.get());
+    _navigator->setSource(source());
     if (_segy) _segy->buildConnections(_segyloader.get());
     if (_segyloader) {
         _segyloader->dataLoaded();
-        copySource(_menu, *_segyloader);
+        copySource(_menu, *source());
     }
-    _indexBar->setLoader(_segyloader.get());
+    _indexBar->setSource(source());
     showAssumptions();
     if (_segy) _segy->setLoadParm(_segyParm);
     if (_isStandAlone) fillGlobalRuntime();
@@ -183,7 +186,6 @@ void MainWindow::showLoader(const SegyLoadParm& parm, const QString& name)
         saveHeader();
         _segyloader->saveHeaders();
     }
-    _tools.beforeData();
     const Polarity polarity = readPolarity(AppSettings(), parm.files);
     for (SeismicDisplay* display : *displays()) {
         display->setNewFile(_menu);
@@ -213,12 +215,12 @@ void MainWindow::fillGlobalRuntime() const
 
 void MainWindow::saveHeader()
 {
-    _headerTable.fill(_segyloader->headerWords(), _segyloader->numHeaderWords());
+    _headerTable.fill(source()->headerWords(), source()->numHeaderWords());
 }
 
 void MainWindow::setNavigation()
 {
-    _actions->action("forwardAct")->setEnabled(_segyloader != nullptr);
+    _actions->action("forwardAct")->setEnabled(source() != nullptr);
     enableBackKey(_navigator->canSeek());
 }
 

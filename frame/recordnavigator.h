@@ -4,6 +4,8 @@
 
 #include "sources/ensemblesource.h"
 
+#include <QPointer>
+
 #include <functional>
 
 class Report;
@@ -39,7 +41,7 @@ class RecordNavigator
 public:
     RecordNavigator(RecordScreens* screens, Report* report) : _screens(screens), _report(report) {}
 
-    /// Another source, which may be none; nothing of it is shown yet.
+    /// Another source, which may be none; nothing of it is shown yet. One that goes is none.
     void setSource(EnsembleSource* source);
     /// Whether any record can be reached.
     bool canSeek() const { return _source && _source->canSeek(); }
@@ -77,7 +79,7 @@ private:
 
     RecordScreens* _screens;
     Report* _report;
-    EnsembleSource* _source = nullptr;
+    QPointer<EnsembleSource> _source;
     int _firstEntry = -1;
     int _nRead = 0;  // records read so far, without a list
     int _nShown = 0;

@@ -6,6 +6,8 @@
 
 #include <QSplitter>
 
+#include <algorithm>
+
 ScreenRow::ScreenRow(QSplitter* splitter, parmmenu* menu, const ScreenParts& parts)
     : _splitter(splitter), _menu(menu), _parts(parts)
 {
@@ -15,7 +17,8 @@ ScreenRow::~ScreenRow()
 {
     const QList<SeismicDisplay*> owned = _displays.all() + _spare;
     _displays.clear();
-    qDeleteAll(owned);
+    // The last one first: the difference borrows from the first screen.
+    std::for_each(owned.crbegin(), owned.crend(), [](const SeismicDisplay* display) { delete display; });
 }
 
 void ScreenRow::build()

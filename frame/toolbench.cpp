@@ -2,6 +2,11 @@
 
 #include <algorithm>
 
+void ToolBench::beforeDisplaysCome() const
+{
+    forEach([](WindowTool* tool) { tool->beforeDisplaysCome(); });
+}
+
 void ToolBench::beforeRecord() const
 {
     forEach([](WindowTool* tool) { tool->beforeRecord(); });
@@ -10,6 +15,11 @@ void ToolBench::beforeRecord() const
 void ToolBench::afterRecord(int screen) const
 {
     forEach([=](WindowTool* tool) { tool->afterRecord(screen); });
+}
+
+void ToolBench::screensDropped() const
+{
+    forEach([](WindowTool* tool) { tool->screensDropped(); });
 }
 
 void ToolBench::processEnsemble() const

@@ -21,8 +21,10 @@ public:
         return added;
     }
 
+    void beforeDisplaysCome() const;
     void beforeRecord() const;
     void afterRecord(int screen) const;
+    void screensDropped() const;
     void processEnsemble() const;
     void endOfData() const;
     void beforeData() const;

@@ -3,7 +3,6 @@
 #include "frame/indexbar.h"
 #include "frame/recordlist.h"
 #include "frame/screenrow.h"
-#include "sources/segyloader.h"
 #include "tracedata/parmmenu.h"
 
 #include <QAction>
@@ -27,11 +26,11 @@ WindowRecords::WindowRecords(QMainWindow* window, ScreenRow* screens, IndexBar* 
     connect(_list, &RecordList::recordChosen, this, &WindowRecords::recordChosen);
 }
 
-void WindowRecords::list(const SegyLoader& loader, const QString& files)
+void WindowRecords::list(const EnsembleSource& source, const QString& files)
 {
-    std::vector<RecordRow> rows(loader.isIndexBuilt() ? size_t(loader.numEnsembles()) : 0);
-    for (size_t i = 0; i < rows.size(); ++i) rows[i] = {loader.ensembleValue(int(i)), loader.ensembleTraces(int(i))};
-    _list->setRecords(files, loader.priName().trimmed(), std::move(rows));
+    std::vector<RecordRow> rows(source.isIndexBuilt() ? size_t(source.numEnsembles()) : 0);
+    for (size_t i = 0; i < rows.size(); ++i) rows[i] = {source.ensembleValue(int(i)), source.ensembleTraces(int(i))};
+    _list->setRecords(files, source.priName().trimmed(), std::move(rows));
     _list->setCurrent(_navigator->firstEntry());
 }
 

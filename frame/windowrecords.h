@@ -14,7 +14,6 @@ class QLabel;
 class QMainWindow;
 class RecordList;
 class ScreenRow;
-class SegyLoader;
 struct parmmenu;
 
 /// What the navigator asks of the window: tells the records on the screens in the status bar and marks them in the list
@@ -36,8 +35,8 @@ public:
     QAction* toggle() const { return _toggle; }
     /// Whose records these are; lent.
     void setNavigator(const RecordNavigator* navigator) { _navigator = navigator; }
-    /// The records of a loader, after an index has come or a new sort. @param files  that it reads
-    void list(const SegyLoader& loader, const QString& files);
+    /// The records of a source, after an index has come or a new sort. @param files  that it reads
+    void list(const EnsembleSource& source, const QString& files);
 
     int screenCount() const override;
     int moveUp() const override;

@@ -12,10 +12,14 @@ public:
 
     virtual ~WindowTool() = default;
 
+    /// The window's record is filled, and the displays are about to be made: begin with what the record says.
+    virtual void beforeDisplaysCome() {}
     /// The records on the screens are about to leave: keep what would go with them.
     virtual void beforeRecord() {}
     /// An ensemble is on a screen, counted from 0; once for each screen.
     virtual void afterRecord(int /*screen*/) {}
+    /// There are fewer screens; those that are left keep their records.
+    virtual void screensDropped() {}
     /// An ensemble goes through a flow without being drawn: do with it what is to be done with each.
     virtual void processEnsemble() {}
     /// No record is left in this direction; in a flow that is processed the window goes next.

@@ -57,6 +57,16 @@ public:
     virtual bool canSeek() const = 0;
     /// Whether the records have a list.
     virtual bool isIndexBuilt() const = 0;
+    /// Whether a list can be made by requestIndex(): there is none, and none is under way.
+    virtual bool canBuildIndex() const { return false; }
+    /// Starts to make it, beside the user's work; nothing where it can't be made. indexBuilt() tells when it is there.
+    virtual void requestIndex() {}
+    /// From the start of that to indexBuildEnded().
+    virtual bool isIndexBuilding() const { return false; }
+    /// Share of it that is done, 0 to 100 percent.
+    virtual int indexBuildPercent() const { return 0; }
+    /// Lets it end before it is through; all stays as it was.
+    virtual void stopIndexBuild() {}
     virtual int numEnsembles() const = 0;
     /// Primary value and traces of a record of the list, counted from 0; 0 where there is none.
     virtual int ensembleValue(int entry) const = 0;
@@ -102,6 +112,10 @@ signals:
     void keysChanged();
     /// The records have a list: previous and seek work from now on.
     void indexBuilt();
+    /// A list is being made in the background.
+    void indexBuildStarted();
+    /// That has ended, well or not.
+    void indexBuildEnded();
     /// traceIndex() is another one, or counts in another order.
     void traceIndexChanged();
 

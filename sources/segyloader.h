@@ -41,13 +41,16 @@ public:
     /// Builds the map, sorts it and lists the primary keys. False after a box when the memory doesn't suffice.
     bool indexBuild(bool show);
     /// The same on a thread of its own, with a file and a map of its own; indexBuilt() tells when the loader
-    /// has taken it over, on the main thread. Returns the thread, which the loader owns; null when no file is
-    /// open. While one runs no second one starts.
+    /// has taken it over, on the main thread. Returns the thread, which the loader owns. While one runs no second one
+    /// starts; an index that is there already is built anew.
     SegyMapThread* startIndexBuild();
-    /// Share of a background build in percent.
-    int indexBuildPercent() const;
-    /// Lets a background build end before it is through; all stays as it was.
-    void stopIndexBuild();
+    bool canBuildIndex() const override { return !_isIndexBuilt && !_isIndexBuilding; }
+    void requestIndex() override
+    {
+        if (canBuildIndex()) startIndexBuild();
+    }
+    int indexBuildPercent() const override;
+    void stopIndexBuild() override;
 
     bool loadNextEnsemble(int moveup) override;
     bool loadLastEnsemble(int moveup) override;
@@ -120,7 +123,7 @@ public:
     bool isLoaded() const { return _isLoaded; }
     bool isIndexBuilt() const override { return _isIndexBuilt; }
     /// True from the start of a background build until its result has been taken over, or it was given up.
-    bool isIndexBuilding() const { return _isIndexBuilding; }
+    bool isIndexBuilding() const override { return _isIndexBuilding; }
     /// All that was taken for granted of the file so far; each kind is told to the report at its first place.
     std::vector<SegyAssumption> assumptions() const { return _assumptions.all(); }
     int numEnsembles() const override { return int(_priValues.size()); }
@@ -131,11 +134,8 @@ public:
 signals:
     /// The views of reel and trace headers should read anew.
     void reLoadData();
-    void indexBuildStarted();
     /// assumptions() has grown, or a count of it.
     void assumptionsChanged();
-    /// A background build has ended, well or not.
-    void indexBuildEnded();
 
 private slots:
     void endIndexBuild();

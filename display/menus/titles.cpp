@@ -65,8 +65,11 @@ void Titles::makeAxisTitle(QVBoxLayout* column)
     column->addWidget(group);
     connect(_titleVEdit, &QLineEdit::textEdited, this, &Titles::changeVerticalTitle);
     connect(_titleVBox, &QCheckBox::stateChanged, this, &Titles::showVAxisValues);
-    for (SeismicDisplay* display : *_displaylist)
-        connect(display, &SeismicDisplay::ensembleShown, this, &Titles::showAxisTitle);
+    const auto follow = [this](SeismicDisplay* display) {
+        connect(display, &SeismicDisplay::ensembleShown, this, &Titles::showAxisTitle, Qt::UniqueConnection);
+    };
+    for (SeismicDisplay* display : *_displaylist) follow(display);
+    connect(_displaylist, &DisplayList::added, this, follow);
 }
 
 void Titles::makeAreaLineTitle(QVBoxLayout* column)

@@ -2,6 +2,7 @@
 #ifndef CANVASTOOL_H
 #define CANVASTOOL_H
 
+#include <QObject>
 #include <QString>
 
 #include <memory>
@@ -35,8 +36,11 @@ public:
 
     /// Points at the tool as long as it lives.
     std::weak_ptr<CanvasTool> handle() const { return _self; }
+    /// Tells by `destroyed` that the tool has gone.
+    const QObject* life() const { return &_life; }
 
 private:
+    QObject _life;  // goes after the handle, so that who hears of it finds the handle empty
     std::shared_ptr<CanvasTool> _self{this, [](CanvasTool*) {}};
 };
 

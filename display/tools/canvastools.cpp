@@ -30,9 +30,25 @@ void CanvasTools::setTool(CanvasTool* tool)
     _before.reset();
     if (former.get() != tool) {
         _active = handleOf(tool);  // first: who leaves may ask who is active
+        watch(tool);
         if (former) former->leave();
         if (tool) tool->enter();
     }
+    emit toolChanged();
+}
+
+/// A tool that goes while it is active gives the canvas back, and whoever shows the active one hears of it.
+void CanvasTools::watch(CanvasTool* tool)
+{
+    disconnect(_goes);
+    if (tool) _goes = connect(tool->life(), &QObject::destroyed, this, [this, tool] { forget(tool); });
+}
+
+void CanvasTools::forget(const CanvasTool* tool)
+{
+    const auto active = _active.lock();  // an event that it is just handling keeps the handle
+    if (active && active.get() != tool) return;
+    _active.reset();
     emit toolChanged();
 }
 
@@ -53,17 +69,19 @@ void CanvasTools::giveBack(CanvasTool* tool)
     if (_active.lock().get() == tool) setTool(_before.lock().get());
 }
 
-/// Asks one after the other; the first that keeps the event, empty if none does.
-CanvasTools::Handle CanvasTools::ask(QEvent* event)
+/// Asks one after the other. Whether one keeps the event, and the first that does, who may go by that.
+bool CanvasTools::ask(QEvent* event, Handle* keeper)
 {
     std::vector<Handle> round = {_active};
     for (const Always& entry : _always) round.push_back(entry.tool);
     round.push_back(_base);
     for (const Handle& handle : round) {
         const auto tool = handle.lock();
-        if (tool && tool->canvasEvent(_canvas, event)) return handle;
+        if (!tool || !tool->canvasEvent(_canvas, event)) continue;
+        *keeper = handle;
+        return true;
     }
-    return Handle();
+    return false;
 }
 
 bool CanvasTools::eventFilter(QObject* object, QEvent* event)
@@ -82,7 +100,8 @@ bool CanvasTools::canvasEvent(QEvent* event)
         if (keeper) keeper->canvasEvent(_canvas, event);
         return true;
     }
-    const auto keeper = ask(event).lock();
-    if (isPress && keeper) _kept[button] = keeper;
-    return keeper != nullptr;
+    Handle keeper;
+    if (!ask(event, &keeper)) return false;
+    if (isPress) _kept[button] = keeper;
+    return true;
 }

@@ -55,10 +55,13 @@ private:
     };
 
     static Handle handleOf(CanvasTool* tool) { return tool ? tool->handle() : Handle(); }
-    Handle ask(QEvent* event);
+    void watch(CanvasTool* tool);
+    void forget(const CanvasTool* tool);
+    bool ask(QEvent* event, Handle* keeper);
 
     QWidget* _canvas;
     Handle _base, _active, _before;
+    QMetaObject::Connection _goes;  // hears that the active one does
     std::vector<Always> _always;
     QMap<int, Handle> _kept;  // who kept the press of a button that is down
 };

@@ -62,6 +62,11 @@ private slots:
     void aBorrowedCanvasComesBack();
     void aBorrowedCanvasThatAnotherHasTakenStaysThere();
     void aToolThatHasGoneLeavesTheCanvasToTheBase();
+    void whoShowsTheActiveToolHearsThatItHasGone();
+    void aToolMayGoInItsOwnEvent();
+    void aDisplayZoomsAgainWhenItsToolHasGone();
+    void aDisplayGoesWithOneOfItsOwnToolsActive();
+    void aToolOutlivesItsDisplay();
     void aPickersModeHandsTheMouseToItsHandler();
     void aBoxIsToldInTracesAndTimes_data();
     void aBoxIsToldInTracesAndTimes();
@@ -185,6 +190,49 @@ void CanvasToolTest::aToolThatHasGoneLeavesTheCanvasToTheBase()
     QCOMPARE(f.heard([&] { f.press(); }), QStringList({"always press", "base press"}));
 }
 
+void CanvasToolTest::whoShowsTheActiveToolHearsThatItHasGone()
+{
+    QVector<const CanvasTool*> shown;
+    ToolFixture f;
+    connect(&f.tools, &CanvasTools::toolChanged, this, [&] { shown.append(f.tools.tool()); });
+    auto gone = std::make_unique<Recorder>("gone", &f.log);
+    f.tools.setTool(gone.get());
+    QCOMPARE(shown, QVector<const CanvasTool*>({gone.get()}));
+    const CanvasTool* const was = gone.get();
+    gone.reset();
+    QCOMPARE(shown, QVector<const CanvasTool*>({was, &f.base}));
+    // One that isn't active any more is nobody's business.
+    auto former = std::make_unique<Recorder>("former", &f.log);
+    f.tools.setTool(former.get());
+    f.tools.setTool(&f.other);
+    shown.clear();
+    former.reset();
+    QVERIFY(shown.isEmpty());
+    QVERIFY(f.tools.tool() == &f.other);
+}
+
+/// Ends itself with the first press, as a tool that takes one point may.
+struct OnePress : CanvasTool {
+    bool canvasEvent(QWidget*, QEvent* event) override
+    {
+        if (event->type() != QEvent::MouseButtonPress) return false;
+        delete this;
+        return true;
+    }
+};
+
+void CanvasToolTest::aToolMayGoInItsOwnEvent()
+{
+    QVector<const CanvasTool*> shown;
+    ToolFixture f;
+    f.tools.setTool(new OnePress);
+    connect(&f.tools, &CanvasTools::toolChanged, this, [&] { shown.append(f.tools.tool()); });
+    QCOMPARE(f.heard([&] { f.press(); }), QStringList());  // the press was its
+    QCOMPARE(shown, QVector<const CanvasTool*>({&f.base}));
+    QCOMPARE(f.heard([&] { f.release(); }), QStringList());  // nobody is to see half a click
+    QCOMPARE(f.heard([&] { f.press(); }), QStringList({"always press", "base press"}));
+}
+
 void CanvasToolTest::aPickersModeHandsTheMouseToItsHandler()
 {
     DisplayFixture f;
@@ -304,6 +352,46 @@ void CanvasToolTest::aToolWithAMouseModeOfItsOwn()
     QTest::mouseClick(f[0]->canvas(), Qt::LeftButton, Qt::NoModifier, {100, 100});
     QCOMPARE(marks.marked.size(), 2);
     QVERIFY(f.control.currentMessage().startsWith("MB1 down and drag: zoom"));
+}
+
+void CanvasToolTest::aDisplayZoomsAgainWhenItsToolHasGone()
+{
+    DisplayFixture f;
+    TestEnsemble ensemble(20, 500);
+    f.load(ensemble);
+    auto marks = std::make_unique<MarkTool>(f[0]);
+    f[0]->setTool(marks.get());
+    QVERIFY(f.control.currentMessage().endsWith("   MB1: mark a trace"));
+    marks.reset();
+    QVERIFY(f.control.currentMessage().startsWith("MB1 down and drag: zoom"));
+    dragMouse(f[0]->canvas(), {100, 100}, {300, 300}, Qt::LeftButton);
+    QVERIFY(f[0]->isZoomed());
+}
+
+void CanvasToolTest::aDisplayGoesWithOneOfItsOwnToolsActive()
+{
+    DisplayFixture f;
+    TestEnsemble ensemble(20, 500);
+    f.load(ensemble);
+    f[0]->setGatPicker(true);
+    const QString line = f.control.currentMessage();
+    f.displays.clear();
+    f.owned.clear();
+    QCOMPARE(f.control.currentMessage(), line);  // nothing was shown by half a display
+}
+
+void CanvasToolTest::aToolOutlivesItsDisplay()
+{
+    DisplayFixture f(2);
+    QStringList log;
+    Recorder tool("tool", &log);
+    f[0]->setTool(&tool);
+    f[1]->setTool(&tool);
+    f.displays.removeAt(0);
+    f.owned.erase(f.owned.begin());
+    QVERIFY(f[0]->tool() == &tool);
+    QTest::mouseClick(f[0]->canvas(), Qt::LeftButton, Qt::NoModifier, {100, 100});
+    QCOMPARE(log, QStringList({"tool enters", "tool enters", "tool press", "tool release"}));
 }
 
 QTEST_MAIN(CanvasToolTest)

@@ -26,11 +26,12 @@ class TestHost : public DisplayHost
 public:
     bool isZooming() const override { return _isZooming; }
     void setZooming(bool on) override { _isZooming = on; }
-    const HeaderWords* headerWords() const override { return &segyWords(); }
+    const HeaderWords* headerWords() const override { return words; }
     void setOverlayMode(bool on) override { isOverlay = on; }
     ColorBarFrame* overlayColorBarFrame() override { return &overlayBar; }
     Report& report() override { return printed; }
 
+    const HeaderWords* words = &segyWords();
     bool isOverlay = false;
     ColorBarFrame overlayBar;
     PrintReport printed;

@@ -1,10 +1,13 @@
 /// Where among the records one is: "n of m", the list of records, and the bar that offers and shows an index.
 #include "frame/recordlist.h"
+#include "frame/indexbar.h"
 #include "sources/segyloader.h"
 #include "tests/gui/segymenufixture.h"
 #include "tests/gui/windowfixture.h"
 #include "tests/testdata.h"
+#include "tests/unit/frame/standinsource.h"
 
+#include <QPointer>
 #include <QProgressBar>
 #include <QSettings>
 #include <QStatusBar>
@@ -26,6 +29,8 @@ private slots:
     void withoutAnIndexTheEndOffersOne();
     void aBuildShowsItsShareAndIsListedWhenDone();
     void aBuildCanBeStopped();
+    void aBuildEndsWithItsFile();
+    void whateverTheSourceItsIndexIsOfferedAndShown();
 
 private:
     std::unique_ptr<QTemporaryDir> _home;
@@ -239,6 +244,84 @@ void RecordListTest::aBuildCanBeStopped()
     // Another one can follow.
     QVERIFY(loader->startIndexBuild());
     QTRY_VERIFY_WITH_TIMEOUT(loader->isIndexBuilt(), 60000);
+}
+
+void RecordListTest::aBuildEndsWithItsFile()
+{
+    ListFixture f(emptyTraces(_home->filePath("long.sgy"), 3000000), 0);
+    QPointer<SegyLoader> loader = f.window->segyLoader();
+    loader->startIndexBuild();
+    QVERIFY(f.isBarUp());
+    QVERIFY(f.open(viking(), 0, 1));
+    QVERIFY(!loader);
+    QVERIFY(!f.isBarUp());
+    QCOMPARE(f.told(), QString("Record 1 of 4"));
+    QApplication::processEvents();
+    f.window->nextRecord();
+    QCOMPARE(f.told(), QString("Record 2 of 4"));
+    QCOMPARE(f.table()->model()->rowCount(), 4);
+}
+
+/// A source whose index comes when the test says so.
+class SlowSource : public StandInSource
+{
+public:
+    SlowSource() { isListed = false; }
+    bool canBuildIndex() const override { return !isListed && !isBuilding; }
+    void requestIndex() override
+    {
+        isBuilding = true;
+        emit indexBuildStarted();
+    }
+    bool isIndexBuilding() const override { return isBuilding; }
+    int indexBuildPercent() const override { return 40; }
+    void stopIndexBuild() override { end(false); }
+    void end(bool isDone)
+    {
+        isBuilding = false;
+        isListed = isDone;
+        emit indexBuildEnded();
+    }
+    bool isBuilding = false;
+};
+
+void RecordListTest::whateverTheSourceItsIndexIsOfferedAndShown()
+{
+    QWidget window;
+    IndexBar bar(&window);
+    window.show();
+    const auto click = [&](const char* name) { bar.findChild<QPushButton*>(name)->click(); };
+    auto* share = bar.findChild<QProgressBar*>("shareBar");
+    SlowSource slow;
+    StandInSource listed;
+    bar.setSource(&listed);
+    bar.offer();
+    QVERIFY(!bar.isVisible());
+    bar.setSource(&slow);
+    bar.offer();
+    QVERIFY(bar.isVisible() && !share->isVisible());
+    click("buildButton");
+    QVERIFY(slow.isBuilding);
+    QTRY_COMPARE(share->value(), 40);
+    click("stopButton");
+    QVERIFY(!slow.isBuilding && !bar.isVisible());
+    // What goes on is shown, too, when the source comes back, and what another one does is not.
+    slow.requestIndex();
+    bar.setSource(&listed);
+    QVERIFY(!bar.isVisible());
+    bar.setSource(&slow);
+    QVERIFY(bar.isVisible() && share->isVisible());
+    bar.setSource(&listed);
+    slow.end(false);
+    slow.requestIndex();
+    QVERIFY(!bar.isVisible());
+    {
+        SlowSource gone;
+        bar.setSource(&gone);
+        gone.requestIndex();
+    }
+    click("stopButton");
+    bar.offer();
 }
 
 QTEST_MAIN(RecordListTest)

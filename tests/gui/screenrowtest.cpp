@@ -23,6 +23,7 @@ private slots:
     void theDifferenceFollowsTheLastScreenOnly();
     void theDifferenceIsEmptyWhereAScreenIs();
     void oneScreenHasNoDifference();
+    void theDifferenceGoesBeforeWhatItBorrowsFrom();
     void theOuterAxesAreThoseOfTheRow();
     void theMenuShowsAndAsks();
     void theOverlaysBarComesOnItsFirstUse();
@@ -133,11 +134,14 @@ void ScreenRowTest::theDifferenceIsTheFirstMinusTheSecond()
     DifferenceTool tool(&f.row, f.menu.get());
     f.load(0, 7.0f);
     f.load(1, 2.0f);
-    QVERIFY(tool.show(true));
+    QSignalSpy changed(&tool, &DifferenceTool::shownChanged);
+    tool.show(true);
+    QCOMPARE(changed.count(), 1);
     QCOMPARE(f.menu->idifference, 1);
     QCOMPARE(f.firstSample(2), 5.0f);
     QCOMPARE(f.row.difference()->traceCount(), 4);
-    QVERIFY(tool.show(false));
+    tool.show(false);
+    QCOMPARE(changed.count(), 2);
     QCOMPARE(f.menu->idifference, 0);
 }
 
@@ -171,10 +175,10 @@ void ScreenRowTest::theDifferenceIsEmptyWhereAScreenIs()
     QCOMPARE(f.row.difference()->traceCount(), 0);
     f.load(1, 2.0f);
     f.load(0, 7.0f);
-    tool.load();
+    tool.screensDropped();
     QCOMPARE(f.row.difference()->traceCount(), 4);
     f[0]->clearData();
-    tool.load();
+    tool.screensDropped();
     QCOMPARE(f.row.difference()->traceCount(), 0);
 }
 
@@ -182,10 +186,25 @@ void ScreenRowTest::oneScreenHasNoDifference()
 {
     RowFixture f(1);
     DifferenceTool tool(&f.row, f.menu.get());
-    QVERIFY(!tool.show(true));
+    QSignalSpy changed(&tool, &DifferenceTool::shownChanged);
+    tool.show(true);
+    QCOMPARE(changed.count(), 0);
     QVERIFY(!f.row.difference());
     QCOMPARE(f.menu->idifference, 0);
     tool.afterRecord(0);
+}
+
+/// It scales by the plot of the first screen.
+void ScreenRowTest::theDifferenceGoesBeforeWhatItBorrowsFrom()
+{
+    QStringList gone;
+    {
+        RowFixture f(2);
+        f.row.showDifference(true);
+        connect(f[0], &QObject::destroyed, this, [&] { gone += "first"; });
+        connect(f.row.difference(), &QObject::destroyed, this, [&] { gone += "difference"; });
+    }
+    QCOMPARE(gone, QStringList({"difference", "first"}));
 }
 
 void ScreenRowTest::theOuterAxesAreThoseOfTheRow()

@@ -33,6 +33,7 @@ private slots:
     void leavingTheDialogsChangesNothing();
     void theVerticalTitleGoesToAllDisplays();
     void theEditShowsTheTitleThatANewFileBrought();
+    void theEditFollowsADisplayThatCameLater();
     void theValuesOfTheAxesGoAndComeBack();
     void labelsThatComeBackHaveTheirRoom();
     void theWindowMakesItOnFirstUseAndOnce();
@@ -240,6 +241,17 @@ void TitlesTest::theEditShowsTheTitleThatANewFileBrought()
     fixture.load(fixture.ensemble);
     QCOMPARE(fixture[0]->axisTitle(QwtPlot::yLeft).text(), QString("Time (msec)"));
     QCOMPARE(edit->text(), QString("Time (msec)"));
+}
+
+void TitlesTest::theEditFollowsADisplayThatCameLater()
+{
+    TitlesFixture fixture;
+    SeismicDisplay* late = fixture.displays.takeAt(0);
+    Titles dialog(nullptr, &fixture.displays, &fixture.status);
+    fixture.displays.insert(0, late);
+    late->setAxisTitle("Depth (m)");
+    fixture.load(fixture.ensemble);
+    QCOMPARE(dialog.findChild<QLineEdit*>("titleVEdit")->text(), QString("Depth (m)"));
 }
 
 void TitlesTest::theValuesOfTheAxesGoAndComeBack()

@@ -1,5 +1,6 @@
 /// The tools of a main window hear what it does.
 #include "display/menus/drawdialog.h"
+#include "sources/menus/segyrecdialog.h"
 #include "sources/segyloader.h"
 #include "tests/gui/modalanswer.h"
 #include "tests/gui/segymenufixture.h"
@@ -9,6 +10,7 @@
 #include <QCheckBox>
 #include <QMessageBox>
 #include <QSettings>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -24,6 +26,10 @@ private slots:
     void aToolHearsTheEndOfTheData();
     void theEndOfAProcessedFlowSavesPicks();
     void aToolHearsOfAnotherFile();
+    void aToolHearsOfAnotherFileWhileAllOfTheOldOneIsThere();
+    void aToolHearsOfASeekBeforeItsRecordLeaves();
+    void aToolHearsOfFewerScreens();
+    void aToolHearsBeforeTheDisplaysAreMade();
     void closingAsksForUnsavedPicks();
     void closingAsksNobodyWithoutUnsavedPicks();
     void aToolIsHiddenWithTheWindow();
@@ -48,11 +54,21 @@ void WindowToolsTest::initTestCase()
 class StandIn : public WindowTool
 {
 public:
-    void beforeRecord() override { heard += "before"; }
+    void beforeDisplaysCome() override { heard += "come"; }
+    void beforeRecord() override
+    {
+        heard += "before";
+        if (look) seen += look();
+    }
     void afterRecord(int screen) override { heard += QString("after%1").arg(screen); }
+    void screensDropped() override { heard += "dropped"; }
     void processEnsemble() override { heard += "process"; }
     void endOfData() override { heard += "end"; }
-    void beforeData() override { heard += "data"; }
+    void beforeData() override
+    {
+        heard += "data";
+        if (look) seen += look();
+    }
     void parametersChanged() override { heard += "parameters"; }
     bool hasUnsaved() const override { return isDirty; }
     void save() override
@@ -65,6 +81,8 @@ public:
     void leave() override { heard += "leave"; }
 
     QStringList heard;
+    std::function<QString()> look;  ///< at the window, before its data leave
+    QStringList seen;
     bool isDirty = false;
 };
 
@@ -144,6 +162,67 @@ void WindowToolsTest::aToolHearsOfAnotherFile()
     ToolsFixture f;
     QVERIFY(f.open(shots(), 1));
     QCOMPARE(f.take(), QStringList({"data", "after0", "parameters"}));
+}
+
+/// What is saved of the old data needs their loader, their words, their keys and their traces.
+void WindowToolsTest::aToolHearsOfAnotherFileWhileAllOfTheOldOneIsThere()
+{
+    ToolsFixture f;
+    QVERIFY(f.open(shots(), 1, 1));
+    f.tool->look = [&] {
+        return QString("%1 of %2 by word %3, %4 traces")
+            .arg(f.shownKey())
+            .arg(f.window->segyLoader()->currentFile().section('/', -1))
+            .arg(f.menu->ipkey)
+            .arg(f.traces());
+    };
+    const QString before = f.tool->look();
+    QVERIFY(f.open(writeSegy(_home.filePath("other.sgy"), segyBytes(8)), 2, 1));
+    QVERIFY(f.tool->look() != before);
+    QCOMPARE(f.tool->seen, QStringList({before}));
+}
+
+void WindowToolsTest::aToolHearsOfASeekBeforeItsRecordLeaves()
+{
+    for (const int sort : {1, 2}) {
+        ToolsFixture f;
+        QVERIFY(f.open(shots(), 1, 1));
+        f.tool->look = [&] { return f.shownKey(); };
+        const QString before = f.shownKey();
+        f.take();
+        ModalAnswer answer([&](QDialog* dialog) {
+            dialog->findChild<QComboBox*>("seekPriBox")->setCurrentIndex(sort - 1);
+            auto* value = dialog->findChild<QSpinBox*>("seekSpin");
+            value->setValue(value->maximum());
+            dialog->accept();
+        });
+        f.window->seekRecord();
+        QCOMPARE(answer.count, 1);
+        QVERIFY(f.shownKey() != before);
+        QCOMPARE(f.take(), sort == 1 ? QStringList({"before", "after0"}) : QStringList({"before", "data", "after0"}));
+        for (const QString& seen : qAsConst(f.tool->seen)) QCOMPARE(seen, before);
+    }
+}
+
+void WindowToolsTest::aToolHearsOfFewerScreens()
+{
+    ToolsFixture f;
+    QVERIFY(f.open(shots(), 1, 1));
+    f.window->findChild<QAction*>("screens3Act")->trigger();
+    f.take();
+    f.window->findChild<QAction*>("screens2Act")->trigger();
+    QCOMPARE(f.take(), QStringList({"dropped"}));
+}
+
+void WindowToolsTest::aToolHearsBeforeTheDisplaysAreMade()
+{
+    parmmenu menu;
+    setDisplayDefaults(&menu);
+    MainWindow window(nullptr, &menu);
+    StandIn* tool = window.tools()->add(std::make_unique<StandIn>());
+    window.buildMainPlot();
+    QCOMPARE(tool->heard.first(), QString("come"));
+    QCOMPARE(tool->heard.count("come"), 1);
 }
 
 void WindowToolsTest::closingAsksForUnsavedPicks()

@@ -18,6 +18,7 @@ private slots:
     void aZoomOfBothAxesKeepsTheTracesOfTheNextEnsemble();
     void anotherFileForgetsThatOnlyTimesWereZoomed();
     void rebuildingOneDisplayTakesTheOthersBack();
+    void aDisplayThatHasGoneIsLeftOut();
 };
 
 static QwtInterval shown(SeismicDisplay* display, int axis)
@@ -149,6 +150,22 @@ void ZoomLinkTest::rebuildingOneDisplayTakesTheOthersBack()
     f[0]->rebuildDisplay(true);
     QVERIFY(!f[1]->isZoomed());
     QVERIFY(qAbs(shown(f[1], QwtPlot::xTop).width() - 21.0) < 1e-3);
+}
+
+void ZoomLinkTest::aDisplayThatHasGoneIsLeftOut()
+{
+    DisplayFixture f(3);
+    TestEnsemble ensemble(20, 500);
+    for (int i = 0; i < 3; ++i) f.load(ensemble, i);
+    f.displays.removeAt(1);
+    f.owned.erase(f.owned.begin() + 1);
+    settle();
+    f[0]->setZoomRect(QRectF(5.0, 400.0, 10.0, 800.0));
+    QVERIFY(f[1]->isZoomed());
+    QCOMPARE(f[1]->visibleRect().top(), 400.0);
+    QCOMPARE(f[1]->visibleRect().height(), 800.0);
+    QTest::mouseClick(f[0]->canvas(), Qt::RightButton, Qt::NoModifier, QPoint(50, 50));
+    QVERIFY(!f[1]->isZoomed());
 }
 
 QTEST_MAIN(ZoomLinkTest)

@@ -278,3 +278,17 @@ TEST_F(RecordNavigatorTest, AnotherSourceIsCountedAnew)
     navigator.show();
     EXPECT_EQ(navigator.text(), "Record 1");
 }
+
+TEST_F(RecordNavigatorTest, ASourceThatHasGoneIsNone)
+{
+    {
+        StandInSource other;
+        navigator.setSource(&other);
+        EXPECT_TRUE(navigator.canSeek());
+    }
+    EXPECT_FALSE(navigator.canSeek());
+    EXPECT_EQ(navigator.recordCount(), 0);
+    EXPECT_FALSE(navigator.next() || navigator.previous() || navigator.first());
+    EXPECT_FALSE(navigator.showEntry(0) || navigator.seek(SortCode(1), 10));
+    EXPECT_EQ(screens.shown, Values{0});
+}

@@ -65,12 +65,13 @@ public:
     }
     QString sortText() const override { return _sorts[_sort.value - 1]; }
     GlobalRuntime runTime() const override { return told; }
-    const HeaderWords& headerWords() const override { return segyWords(); }
-    int numHeaderWords() const override { return segyWords().count(); }
+    const HeaderWords& headerWords() const override { return *words; }
+    int numHeaderWords() const override { return words->count(); }
     std::optional<int> domain() const override { return itsDomain; }
 
     WordFrom1 pri = WordFrom1(4), sec = WordFrom1(1);
     GlobalRuntime told = {};
+    const HeaderWords* words = &segyWords();
     std::optional<int> itsDomain;
 
 private:

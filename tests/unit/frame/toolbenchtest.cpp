@@ -15,8 +15,10 @@ public:
     }
     ~Listener() override { say("gone"); }
 
+    void beforeDisplaysCome() override { say("come"); }
     void beforeRecord() override { say("before"); }
     void afterRecord(int screen) override { say("after" + std::to_string(screen)); }
+    void screensDropped() override { say("dropped"); }
     void processEnsemble() override { say("process"); }
     void endOfData() override { say("end"); }
     void beforeData() override { say("data"); }
@@ -61,6 +63,9 @@ TEST(ToolBench, CallsItsToolsInTheOrderInWhichTheyCame)
     f.bench.beforeRecord();
     f.bench.afterRecord(2);
     EXPECT_EQ(f.take(), "a:before b:before a:after2 b:after2 ");
+    f.bench.beforeDisplaysCome();
+    f.bench.screensDropped();
+    EXPECT_EQ(f.take(), "a:come b:come a:dropped b:dropped ");
     f.bench.processEnsemble();
     f.bench.endOfData();
     EXPECT_EQ(f.take(), "a:process b:process a:end b:end ");

@@ -126,6 +126,28 @@ TEST_F(SegyMapThreadTest, ABuildGoesOnUntilItsMapIsTakenOverAndThenSaysSoOnce)
     EXPECT_TRUE(wasBuilt);
 }
 
+TEST_F(SegyMapThreadTest, AnIndexCanBeAskedForWithoutKnowingTheLoader)
+{
+    Loaded l({save(shots({2, 3}))});
+    ASSERT_TRUE(l.open().isGood);
+    EnsembleSource& source = *l.loader;
+    int nStarted = 0, nEnded = 0;
+    QObject::connect(&source, &EnsembleSource::indexBuildStarted, [&] { ++nStarted; });
+    QObject::connect(&source, &EnsembleSource::indexBuildEnded, [&] { ++nEnded; });
+    EXPECT_TRUE(source.canBuildIndex());
+    source.requestIndex();
+    source.requestIndex();
+    EXPECT_TRUE(source.isIndexBuilding());
+    EXPECT_FALSE(source.canBuildIndex());
+    EXPECT_EQ(nStarted, 1);
+    waitForIndex(l.loader.get());
+    EXPECT_FALSE(source.isIndexBuilding() || source.canBuildIndex());
+    EXPECT_EQ(nEnded, 1);
+    EXPECT_EQ(source.numEnsembles(), 2);
+    source.requestIndex();
+    EXPECT_EQ(nStarted, 1) << "there is one";
+}
+
 TEST_F(SegyMapThreadTest, ASortChangedDuringTheBuildIsTheOneThatCounts)
 {
     Loaded l({save(shots({2, 3}))});
