@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <QStatusBar>
 
 static const char pictureFilter[] = "Images (*.jpg,*.jpeg,*.png,*.tif,*.bmp);;All files (*)";
@@ -104,7 +105,7 @@ void WindowExports::exportSection() const
 QString WindowExports::askPictureName(const char* title) const
 {
     for (;;) {
-        const QString name = askName(title, "/meridune.png", pictureFilter);
+        QString name = askName(title, "/meridune.png", pictureFilter);
         QString error;
         if (name.isEmpty() || canWritePicture(withPictureSuffix(name), &error)) return name;
         tell("Image Format Error", error);

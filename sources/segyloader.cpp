@@ -190,8 +190,9 @@ void SegyLoader::reportCutTrace()
     const int64_t traceBytes = _segydata->fileSize() - _segydata->firstTrace();
     const int64_t record = _segydata->traceLength();
     if (_parm.ivariable || traceBytes <= 0 || traceBytes % record == 0) return;
+    const int64_t cutTrace = traceBytes / record + 1;
     assume({.name = formatted("1 trace is cut by the end of the file, trace %lld (%d bytes of %d)",
-                              static_cast<long long>(traceBytes / record + 1), int(traceBytes % record), int(record)),
+                              static_cast<long long>(cutTrace), int(traceBytes % record), int(record)),
             .consequence = "the rest counts as 0",
             .control = "Num samples per trace:"});
 }
