@@ -61,7 +61,7 @@ public:
     void setDisplayType(DisplayType type);
     /// All parameters of the plot; a copy, put together from those of the conditioning and those of the painting.
     PlotParm parm() const { return {_conditioner.parm(), _look}; }
-    /// Takes all of them, as for other data: also a computeNormalizer, and the told range where it isn't automatic.
+    /// Takes all of them, as for other data: also a computeNormalizer, and the record's range where it isn't automatic.
     void setParm(const PlotParm& parm);
     /// Takes what differs from the present ones, each as if it alone were set: another scaling brings its own range.
     /// Conditions once.

@@ -7,12 +7,11 @@ import os
 import subprocess
 import sys
 import tempfile
-import time
 
 import numpy
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from window import Window, write_shots  # noqa: E402
+from window import Window, until, write_shots  # noqa: E402
 
 
 def red(picture):
@@ -33,11 +32,7 @@ def visible(title):
 
 
 def gone(title):
-    for _ in range(50):
-        if not visible(title):
-            return True
-        time.sleep(0.1)
-    return False
+    return until(lambda: not visible(title))
 
 
 def open_drawing(window, key='space'):
@@ -46,9 +41,9 @@ def open_drawing(window, key='space'):
     window.dialog('Draw on Canvas')
     dialog = window.xdotool('search', '--onlyvisible', '--name', 'Draw on Canvas').split()[-1]
     window.xdotool('windowmove', '--sync', dialog, 700, 480)
-    time.sleep(0.3)
+    before = window.settled()
     window.key(key)
-    time.sleep(0.3)
+    window.changed(before)
 
 
 def a_line_is_drawn_where_the_mouse_goes(program, path):
@@ -103,8 +98,9 @@ def a_text_is_typed_and_placed(program, path):
         at = (left + 300, top + 200)
         open_drawing(window, 'Tab')  # to the methods
         window.key('Right')          # Draw Text
+        before = window.settled()
         window.key('shift+Tab', 'space')
-        time.sleep(0.3)
+        window.changed(before)
         window.xdotool('mousemove', left + 100, top + 100, 'mousedown', 1, 'mousemove', at[0] - 5, at[1])
         window.xdotool('mousemove', at[0], at[1], 'mouseup', 1)
         window.type_text('MULTIPLE')
@@ -128,8 +124,9 @@ def other_windows_can_be_used_while_drawing(program, path):
         left, top, _, _ = window.canvas(window.settled())
         open_drawing(window)
         window.drag(left + 60, top + 60, left + 300, top + 200)
+        before = window.settled()
         window.click(25, 60)  # a menu has the keys while it is open
-        time.sleep(0.5)
+        window.changed(before)
         window.key('Escape')
         window.click(112, 60)
         window.key('Down', 'Return')  # the first of Tools

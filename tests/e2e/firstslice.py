@@ -7,7 +7,6 @@ import os
 import subprocess
 import sys
 import tempfile
-import time
 
 import numpy
 
@@ -48,9 +47,9 @@ def shows_what_the_samples_say(program, path, environment=None):
 def next_shows_the_next_shot(program, path):
     with Window(program, [path]) as window:
         arrows = window.find_colour(GREEN)
-        window.settled()
+        before = window.settled()
         window.click(*arrows[-1])
-        time.sleep(0.3)
+        window.changed(before)
         window.xdotool('mousemove', 600, 20)
         check_blocks(window, window.settled(), 150, 1)
 
@@ -161,8 +160,9 @@ def sort_by_cdp(window):
         window.key('Tab')
     window.key('Tab')
     window.type_text('Yes')
+    before = window.settled()
     window.key('alt+o')
-    time.sleep(0.5)
+    window.changed(before)
 
 
 def a_processors_first_quarter_of_an_hour(program, _):
@@ -183,8 +183,9 @@ def a_processors_first_quarter_of_an_hour(program, _):
             window.dialog('Seek SEGY Record')
             window.key('ctrl+a')
             window.type_text('3')
+            before = window.settled()
             window.key('Return')
-            time.sleep(0.5)
+            window.changed(before)
             check_gather(window, 3)
 
             box = window.canvas(window.settled())

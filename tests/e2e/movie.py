@@ -40,8 +40,9 @@ class Movie:
         window.key('Tab', 'space')    # the box of the store
         self.live = [self.inside()]
         for _ in range(n_shots - 1):
+            before = window.settled()
             window.click(*window.find_colour(GREEN)[-1])
-            time.sleep(0.3)
+            window.changed(before)
             self.live.append(self.inside())
 
     def inside(self):
@@ -90,8 +91,9 @@ def stored_pictures_come_back(program, _):
             assert same(movie.inside(), movie.live[i]), f'picture {i + 1} is not shot {i + 1}'
 
         # What lay over the canvas and goes away leaves the picture whole.
+        before = window.settled()
         window.xdotool('windowmove', '--sync', window.xdotool('search', '--name', 'Parameter Menu').split()[-1], 300, 300)
-        time.sleep(0.3)
+        window.changed(before)
         window.put_aside('Parameter Menu')
         assert same(movie.inside(), movie.live[1]), 'uncovered, the picture has holes'
 
@@ -140,7 +142,7 @@ def the_picture_moves_with_its_canvas(program, _):
         window.xdotool('mousemove', left, arrows[0][1], 'mousedown', 1)
         for x, y in ((60, 300), (200, 600), (100, bottom - 20), (90, bottom), (90, bottom + 3)):
             window.xdotool('mousemove', x, y)
-            time.sleep(0.2)
+            window.settled()
         window.xdotool('mouseup', 1)
         window.xdotool('mousemove', 600, 20)
         before, now = movie.box, window.canvas(window.settled())
@@ -161,7 +163,6 @@ def an_export_holds_the_picture(program, _):
         window.leave()
         target = os.path.join(folder, 'movie.png')
         window.save_as('ctrl+i', 'Export File Name', target)
-        time.sleep(0.3)
         place = dict(re.findall(r'Absolute upper-left ([XY]): +(-?\d+)',
                                 subprocess.run(['xwininfo', '-id', window.id], check=True, capture_output=True, text=True).stdout))
         exported = movie.cut(window.pixels('convert', target), int(place['X']), int(place['Y']))

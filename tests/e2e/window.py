@@ -32,6 +32,16 @@ def write_shots(path, shots):
                 out.write(bytes(header) + trace.astype('>f4').tobytes())
 
 
+def until(condition, seconds=10):
+    """Asks again and again, up to so long. Whether the condition came to hold."""
+    end = time.monotonic() + seconds
+    while not condition():
+        if time.monotonic() > end:
+            return False
+        time.sleep(0.05)
+    return True
+
+
 class Window:
     """The program with a file, in a window of 1200 by 800 at the corner of the screen. A lost file can't be read."""
 
@@ -123,6 +133,11 @@ class Window:
                 return now
             before = now
         raise AssertionError('the window never came to rest')
+
+    def changed(self, before):
+        """The picture at rest once more of it than a blinking cursor is another than before."""
+        assert until(lambda: (self.picture() != before).any(axis=2).sum() > 50), 'nothing has changed on the screen'
+        return self.settled()
 
     @staticmethod
     def canvas(picture):
